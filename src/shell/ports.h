@@ -81,11 +81,19 @@ class IIcons {
   virtual bool Load(std::string_view fileName) = 0;
 };
 
+/// Told once when the form begins to differ from what its view took last; the view looks when its turn comes.
+class IFormWatcher {
+ public:
+  virtual ~IFormWatcher() = default;
+  virtual void FormChanged() = 0;
+};
+
 /// What the control needs from outside. The host keeps the ports alive until the control's last entry has returned.
 struct Ports {
   IMessageBoxes& boxes;
   ITimers& timers;
   IIcons& icons;
+  IFormWatcher* watcher = nullptr;  ///< none: nobody looks
   char decimalSeparator = '.';  ///< of the operator's locale: '.' or ','
 };
 

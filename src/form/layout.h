@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "form/control_id.h"
+
+namespace htr60 {
+
+/// What a row holds, and so how a view shows it and what the operator can do there.
+enum class RowKind : std::uint8_t {
+  kEdit,     ///< text field with words, the operator types
+  kNum,      ///< text field with a number, right-aligned, the operator types
+  kValue,    ///< read-only text field with a number, right-aligned
+  kText,     ///< read-only text field with words
+  kStatus,   ///< read-only text field with a status or verdict
+  kList,     ///< choice list, the operator picks a row
+  kListRo,   ///< choice list that only shows
+  kListBox,  ///< list box, three rows high
+  kLabel,    ///< label that holds a value
+  kMsg,      ///< label with a message, across the group
+  kOpen,     ///< button that opens a page
+  kWrite,    ///< button that writes to the device
+  kFixed,    ///< fixed text of the layout: the caption alone
+};
+
+/// Width in characters of the dialog font: 8, 16, 28, 50, all there is; `kKind` takes the kind's own.
+enum class WidthClass : std::uint8_t { kKind, kS, kN, kM, kW, kPage };
+
+constexpr WidthClass WidthOf(RowKind kind) {
+  switch (kind) {
+    case RowKind::kNum:
+    case RowKind::kValue:
+    case RowKind::kLabel: return WidthClass::kN;
+    case RowKind::kStatus: return WidthClass::kW;
+    case RowKind::kMsg: return WidthClass::kPage;
+    default: return WidthClass::kM;
+  }
+}
+
+/// What stands behind a value: a control with its place there, a fixed text, or an echo of a control placed elsewhere.
+struct LayoutUnit {
+  ControlId control{};
+  std::string_view text{};
+  bool echo = false;
+
+  constexpr LayoutUnit() = default;
+  // NOLINTBEGIN(google-explicit-constructor): rows of a layout read as tables.
+  constexpr LayoutUnit(ControlId placed) : control(placed) {}
+  constexpr LayoutUnit(const char* fixed) : text(fixed) {}
+  // NOLINTEND(google-explicit-constructor)
+};
+
+constexpr LayoutUnit Echo(ControlId control) {
+  LayoutUnit unit(control);
+  unit.echo = true;
+  return unit;
+}
+
+/// One row: caption, control, unit. `second` stands behind the unit: the status of a value, the Y of a point.
+struct LayoutRow {
+  std::string_view caption{};  ///< shown while `captionControl` is none or its text is empty
+  ControlId captionControl{};  ///< label or button whose text is the caption
+  RowKind kind = RowKind::kText;
+  ControlId control{};
+  LayoutUnit unit{};
+  WidthClass width = WidthClass::kKind;
+  RowKind secondKind = RowKind::kStatus;
+  ControlId second{};
+  std::string_view secondCaption{};
+  WidthClass secondWidth = WidthClass::kKind;
+  std::string_view note{};  ///< shown on request, beside the page's purpose
+  bool sameLine = false;  ///< stands behind the row before it
+  bool live = false;      ///< an answer of a polling timer replaces it
+};
+
+/// A group of rows on a page, on a tab, or on an inner tab.
+struct LayoutGroup {
+  int tab = -1;       ///< tab of the page's strip, -1: beside or without strips
+  int innerTab = -1;  ///< tab of the inner strip on that tab
+  std::string_view caption{};
+  ControlId frame{};  ///< group box whose text is the caption while not empty; hidden with it
+  std::span<const LayoutRow> rows{};
+  int columns = 1;        ///< rows run down the columns
+  bool beside = false;    ///< beside the group before it, below on a narrow page
+  bool box = true;        ///< drawn as a box; without a caption never
+  bool separate = false;  ///< starts a new line of groups
+  PictureId panel{};        ///< the waiting panel across the page area: no place in the page's flow
+  bool byTop = false;     ///< stands in the order of its frame's top among the groups so marked
+};
+
+struct LayoutInnerStrip {
+  int tab = 0;
+  TabsId strip{};
+};
+
+/// Title of a page; where several pages share a frame, by the current page's name.
+struct LayoutTitle {
+  std::string_view page{};  ///< empty: any
+  std::string_view title{};
+};
+
+/// Which figure a page draws.
+enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot };
+
+/// What stands on one page frame, in reading order.
+struct PageLayout {
+  FrameId frame{};
+  std::span<const LayoutTitle> titles{};
+  std::string_view purpose{};
+  std::span<const int> reads{};  ///< codes whose answers fill the page
+  TabsId strip{};
+  std::span<const LayoutInnerStrip> innerStrips{};
+  std::span<const LayoutGroup> groups{};
+  FigureKind figure = FigureKind::kNone;
+  bool figureAlone = false;  ///< the figure is as large as the page
+  int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
+};
+
+}  // namespace htr60

@@ -1,0 +1,14 @@
+// Ends a use of controls.def.
+#undef HTR60_TEXT
+#undef HTR60_TEXT_ARRAY
+#undef HTR60_LABEL
+#undef HTR60_LABEL_ARRAY
+#undef HTR60_BUTTON
+#undef HTR60_CHOICE
+#undef HTR60_CHOICE_ARRAY
+#undef HTR60_LISTBOX
+#undef HTR60_TABS
+#undef HTR60_TABS_ARRAY
+#undef HTR60_FRAME
+#undef HTR60_FRAME_ARRAY
+#undef HTR60_PICTURE

@@ -1,0 +1,30 @@
+#include "pages/pages.h"
+
+#include "shell/user_cntrl.h"
+
+namespace htr60::pages::offline {
+namespace {
+
+// No tree of this version holds these nodes, and no frame belongs to these pages: the texts stand ready.
+void OnOfflineStateAnswer(UserCntrl&, const Answer&) {}
+
+constexpr AnswerRow kAnswers[] = {{9100, OnOfflineStateAnswer}};
+
+constexpr NodeRow OfflineNode(NameSet texts, std::string_view page) {
+  return {.texts = texts, .page = page, .writeEnabled = false, .readsOnce = true};
+}
+constexpr NodeRow kNodes[] = {
+    OfflineNode({"Blocks.", "OffLine Parameterize"}, "OffLine Blocks"),
+    OfflineNode({"Transducer."}, "OffLine Transducer"),
+    OfflineNode({"Analog Input."}, "OffLine Analog Input"),
+    OfflineNode({"Totalizer."}, "OffLine Totalizer"),
+};
+constexpr BackRow kBacks[] = {
+    {{"OffLine TRD Input", "OffLine TRD Output", "OffLine TRD Temp"}, {.page = "OffLine Transducer"}},
+};
+
+}  // namespace
+
+constexpr PageUnit kUnit{.answers = kAnswers, .backs = kBacks, .nodes = kNodes};
+
+}  // namespace htr60::pages::offline

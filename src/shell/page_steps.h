@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string_view>
+
+#include "shell/user_cntrl.h"
+
+namespace htr60 {
+
+/// What a click on one tab does behind the common beginning: names, write button, read, timer.
+struct TabStep {
+  std::string_view page{};     ///< empty: unchanged
+  std::string_view subPage{};  ///< empty: unchanged
+  ButtonState write = ButtonState::kUnchanged;
+  int read = 0;  ///< 0: none
+  bool polls = false;
+  TimerId timer = TimerId::TimerInit;  ///< with `polls`, started after the read
+  int interval = 0;
+};
+
+/// The general form of a tab handler: `RequestCode` "0", polling stopped, then the step. The read's code is the step's
+/// own, for handlers of inner strips that ran meanwhile leave theirs in `RequestCode`.
+void RunTab(UserCntrl& c, const TabStep& step);
+
+/// What a button that opens a page does: hide all, show the frame, names, Back and Write, read.
+struct OpenStep {
+  FrameId frame{};
+  std::string_view page{};
+  std::string_view subPage{};  ///< empty: unchanged
+  ButtonState write = ButtonState::kUnchanged;
+  int read = 0;  ///< 0: none
+};
+
+void OpenPage(UserCntrl& c, const OpenStep& step);
+
+}  // namespace htr60

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "shell/user_cntrl.h"
+
+namespace htr60 {
+
+/// The rows of all units, laid out for look-up: answers sorted by code, events by the control that raises them, the
+/// rest in the order of the units.
+struct UserCntrl::Tables {
+  explicit Tables(const PageRegistry& registry);
+
+  const AnswerRow* FindAnswer(int code) const;
+  template <class Row>
+  static const Row* Find(const std::vector<const Row*>& rows, std::string_view page, std::string_view subPage) {
+    for (const Row* row : rows) {
+      if (row->pages.Has(page) && row->subPages.Has(subPage)) return row;
+    }
+    return nullptr;
+  }
+
+  std::vector<AnswerRow> answers;
+  std::vector<const WriteRow*> writes;
+  std::vector<const BeforeWriteRow*> beforeWrites;
+  std::vector<const RereadRow*> rereads;
+  std::vector<const BackRow*> backs;
+  std::vector<const FillRow*> fills;
+  std::array<Call<void>, CountOf(ControlKind::kButton)> buttons;
+  std::array<Call<void, int>, CountOf(ControlKind::kTabs)> tabs;
+  std::array<Call<void>, CountOf(ControlKind::kChoice)> lists;
+  std::array<const PollRow*, kTimerCount> polls{};
+};
+
+}  // namespace htr60

@@ -1,0 +1,278 @@
+#include "shell/user_cntrl.h"
+
+#include <utility>
+
+#include "codecs/failure.h"
+#include "shell/guard.h"
+#include "shell/tables.h"
+
+namespace htr60 {
+namespace {
+
+constexpr std::string_view kClassName = "PrjMainWQ512DTM.MainWQ512DTM";
+constexpr int kTrafficPanel = 4;
+constexpr int kConnectionPanel = 1;
+constexpr std::string_view kReading = "Reading Xmtr Data...";
+constexpr std::string_view kWriting = "Writing Xmtr Data...";
+
+// The receiver that the DTM manager holds. It does not hold the control, so an answer after its end finds nothing.
+class Receiver final : public IUpdateUI {
+ public:
+  explicit Receiver(std::weak_ptr<UserCntrl> control) : control_(std::move(control)) {}
+  void UpdateUI(std::int32_t responseCode, std::string_view answer) noexcept override {
+    if (const auto control = control_.lock()) control->UpdateUI(responseCode, answer);
+  }
+
+ private:
+  std::weak_ptr<UserCntrl> control_;
+};
+
+}  // namespace
+
+UserCntrl::UserCntrl(const Ports& ports, const PageRegistry& registry)
+    : codecs(ports.decimalSeparator), ports_(ports), registry_(registry), tables_(std::make_unique<Tables>(registry)) {
+  for (const PageUnit* unit : registry_.units) {
+    states_.push_back(unit->state.make != nullptr ? unit->state.make() : nullptr);
+  }
+}
+
+UserCntrl::~UserCntrl() {
+  for (std::size_t i = 0; i < states_.size(); ++i) {
+    if (states_[i] != nullptr) registry_.units[i]->state.destroy(states_[i]);
+  }
+  for (std::size_t i = 0; i < kTimerCount; ++i) {
+    if (form.At(static_cast<TimerId>(i)).Running()) ports_.timers.Disarm(static_cast<int>(i));
+  }
+}
+
+std::shared_ptr<UserCntrl> UserCntrl::Create(const Ports& ports, const PageRegistry& registry) {
+  const std::shared_ptr<UserCntrl> control(new UserCntrl(ports, registry));
+  control->receiver_ = std::make_shared<Receiver>(control);
+  control->Guarded([&] {
+    registry.buildBaseTree(*control);
+    control->PrepareScreens();
+    control->StartTimer(TimerId::TimerInit, 2000);
+  });
+  return control;
+}
+
+void UserCntrl::PrepareScreens() {
+  form.txtPassword.SetText("");
+  FillLists(FillMoment::kStart);
+}
+
+bool UserCntrl::Init(std::string_view invokeId, std::string_view /*functionCall*/, std::shared_ptr<IDtm> dtm) noexcept {
+  bool attached = false;
+  Guarded([&] {
+    InvokeId = invokeId;
+    if (dtm == nullptr) throw RuntimeFailure("no DTM object");
+    DtmCore = dtm->Core();
+    DtmCoreForEvents = DtmCore;
+    if (DtmCore == nullptr) throw RuntimeFailure("no core interface");
+    ParameterAccess = dtm->ParameterAccess();
+    if (ParameterAccess == nullptr) throw RuntimeFailure("no parameter access");
+    bool flag = false;
+    DtmCoreForEvents->RegisterUI(kClassName, InvokeId, receiver_, 0, flag);
+    attached = true;
+  });
+  return attached;
+}
+
+bool UserCntrl::PrepareToRelease() noexcept {
+  Guarded([&] {
+    if (DtmCore != nullptr) {
+      bool flag = false;
+      DtmCore->UnregisterUI(InvokeId, -1, flag);
+    }
+    DtmCore.reset();
+    ParameterAccess.reset();
+  });
+  return true;
+}
+
+void UserCntrl::UpdateUI(std::int32_t responseCode, std::string_view document) noexcept {
+  Guarded([&] {
+    form.statusBar.SetText(kTrafficPanel, "");
+    Guarded([&] { UpdateConnectionState(document); });
+    Dispatch(responseCode, document);
+  });
+}
+
+void UserCntrl::UpdateConnectionState(std::string_view answer) {
+  constexpr std::string_view kStateAnswer = "<DTMInfo state='";
+  constexpr std::string_view kOnline = "<DTMInfo state='Online' />";
+  // Compared by length and prefix alone: "<DTMInfo state='Online'/>" is one character short and settles nothing.
+  if (answer.starts_with(kStateAnswer) && CharacterCountAtLeast(answer, kOnline.size())) {
+    ConnectionState = answer.starts_with(kOnline) ? kConnected : kDisconnected;
+  }
+  const bool connected = ConnectionState == kConnected;
+  form.statusBar.SetText(kConnectionPanel, connected ? kConnected : kDisconnected);
+  const std::string_view icon = connected ? "connected.ico" : "no connection.ico";
+  bool loaded = false;
+  Guarded([&] { loaded = ports_.icons.Load(icon); });
+  form.statusBar.SetPicture(kConnectionPanel, loaded ? icon : std::string_view());
+}
+
+void UserCntrl::Dispatch(std::int32_t responseCode, std::string_view document) {
+  const AnswerRow* row = tables_->FindAnswer(responseCode);
+  if (row == nullptr) return;
+  // A message box in a handler may let another answer in, so the reader in use is not among the idle ones.
+  std::unique_ptr<AnswerReader> reader;
+  if (readers_.empty()) {
+    reader = std::make_unique<AnswerReader>();
+  } else {
+    reader = std::move(readers_.back());
+    readers_.pop_back();
+  }
+  if (const Answer* answer = reader->Read(document)) {
+    Guarded([&] { row->run(*this, *answer); });
+    handledCodes_.push_back(responseCode);
+    Changed();
+  }
+  readers_.push_back(std::move(reader));
+}
+
+std::vector<int> UserCntrl::TakeHandledCodes() { return std::exchange(handledCodes_, {}); }
+
+void UserCntrl::Click(ButtonId button) noexcept {
+  Guarded([&] {
+    if (button == id::cmdBack) return OnBack();
+    if (button == id::cmdWriteParameter) return OnWriteParameter();
+    const Call<void>& run = tables_->buttons[static_cast<std::size_t>(
+        button.ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kButton)])];
+    if (run) run(*this);
+  });
+}
+
+void UserCntrl::Type(TextId field, std::string_view text) noexcept {
+  Guarded([&] { form.At(field).Type(text); });
+}
+
+void UserCntrl::Pick(ChoiceId list, std::size_t row) noexcept {
+  Guarded([&] { form.At(list).Pick(row); });
+}
+
+void UserCntrl::ClickTab(TabsId strip, int index) noexcept {
+  Guarded([&] { form.At(strip).SetIndex(index); });
+}
+
+void UserCntrl::Activate(std::string_view text, int position) noexcept {
+  Guarded([&] {
+    lastActivated_ = text;
+    if (position > 0) form.treeView.Select(position);
+    const std::string node(text);  // a rebuild of the tree during a message box must not take the text away
+    registry_.onTreeNodeClick(*this, node, position);
+  });
+}
+
+void UserCntrl::SetList(ChoiceId list, std::string_view text) noexcept {
+  Guarded([&] { form.At(list).SetText(text); });
+}
+
+void UserCntrl::TabChanged(const TabStrip& strip) {
+  const Call<void, int>& run = tables_->tabs[static_cast<std::size_t>(
+      strip.Id().ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kTabs)])];
+  if (run) Guarded([&] { run(*this, strip.Index()); });
+}
+
+void UserCntrl::ListChanged(const ChoiceList& list) {
+  const Call<void>& run = tables_->lists[static_cast<std::size_t>(
+      list.Id().ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kChoice)])];
+  if (run) Guarded([&] { run(*this); });
+}
+
+void UserCntrl::Changed() {
+  if (ports_.watcher != nullptr) ports_.watcher->FormChanged();
+}
+
+void UserCntrl::Read(int code, const Operands& operands) {
+  RequestCode = std::to_string(code);
+  StoreDocument(operands);
+  SendRead();
+}
+
+void UserCntrl::ReadFresh() {
+  StoreDocument({});
+  SendRead();
+}
+
+void UserCntrl::ReadStored(int code) {
+  RequestCode = std::to_string(code);
+  SendRead();
+}
+
+void UserCntrl::ReadBlock(int code) { Read(code, {BlockSelector.empty() ? "None" : BlockSelector}); }
+
+void UserCntrl::SendRead() {
+  if (ParameterAccess == nullptr) throw RuntimeFailure("not attached");
+  ParameterAccess->ReadRequest(RequestCode, RequestXml, RequestResult);
+  form.statusBar.SetText(kTrafficPanel, kReading);
+}
+
+void UserCntrl::StoreDocument(const Operands& operands) {
+  std::array<std::string_view, kAttributeCount> values;
+  for (std::size_t i = 0; i < kAttributeCount; ++i) values[i] = operands[i];
+  RequestXml = DocXML(values);
+}
+
+void UserCntrl::SmallWrite(int code, const Operands& operands, int rereadMs) {
+  StoreDocument(operands);
+  RequestCode = std::to_string(code);
+  form.statusBar.SetText(kTrafficPanel, kWriting);
+  ArmReread(rereadMs);
+  SendWrite(RequestCode);
+}
+
+void UserCntrl::SendWrite(std::string_view code) {
+  if (ParameterAccess == nullptr) throw RuntimeFailure("not attached");
+  ParameterAccess->WriteRequest(code, RequestXml, RequestResult);
+}
+
+void UserCntrl::ArmReread(int milliseconds) {
+  Timer& timer = form.At(TimerId::TimerReadAfterWrite);
+  timer.SetEnabled(true);
+  timer.SetInterval(milliseconds);
+}
+
+void UserCntrl::StartTimer(TimerId timer, int intervalMs) {
+  form.At(timer).SetInterval(intervalMs);
+  form.At(timer).SetEnabled(true);
+}
+
+void UserCntrl::FirstVisit(Flag UserCntrl::*flag, FillMoment moment) {
+  if (this->*flag == kClear) return;
+  this->*flag = kClear;
+  FillLists(moment);
+}
+
+void UserCntrl::FillLists(FillMoment moment) {
+  for (const FillRow* row : tables_->fills) {
+    if (row->moment == moment) form.At(row->list).Fill(row->rows);
+  }
+}
+
+BoxButton UserCntrl::ShowBox(std::string_view text, std::string_view caption, BoxIcon icon) {
+  static constexpr BoxButton kOkAlone[] = {BoxButton::kOk};
+  return ports_.boxes.Show({text, caption, icon, kOkAlone});
+}
+
+bool UserCntrl::AskYesNo(std::string_view text, std::string_view caption, BoxIcon icon) {
+  static constexpr BoxButton kYesNo[] = {BoxButton::kYes, BoxButton::kNo};
+  return ports_.boxes.Show({text, caption, icon, kYesNo}) == BoxButton::kYes;
+}
+
+void UserCntrl::SelectBlockOfPage() {
+  constexpr std::string_view kBlockPage = "Analog Input ";
+  if (CurrentPage.size() != kBlockPage.size() + 1 || !CurrentPage.starts_with(kBlockPage)) return;
+  const char block = CurrentPage.back();
+  if (block >= '1' && block <= '3') BlockSelector = block;
+}
+
+void* UserCntrl::StateSlot(const PageUnit& unit) {
+  for (std::size_t i = 0; i < states_.size(); ++i) {
+    if (registry_.units[i] == &unit) return states_[i];
+  }
+  throw RuntimeFailure("unit is not of this control");
+}
+
+}  // namespace htr60

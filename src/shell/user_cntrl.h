@@ -1,0 +1,185 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "codecs/codecs.h"
+#include "form/form.h"
+#include "shell/answer.h"
+#include "shell/operands.h"
+#include "shell/page_unit.h"
+#include "shell/ports.h"
+
+namespace htr60 {
+
+/// Flags of the control: -1 set, 0 clear.
+using Flag = std::int16_t;
+inline constexpr Flag kSet = -1;
+inline constexpr Flag kClear = 0;
+
+/// Values of `ConnectionState`; it is empty until the first state answer.
+inline constexpr std::string_view kConnected = "Connected";
+inline constexpr std::string_view kDisconnected = "Disconnected";
+
+/// The user interface of one HTR60: a form, the channel to the DTM manager, and what lies between.
+///
+/// Everything runs on the host's one thread. Entries are noexcept: a run-time failure ends the handler in which it
+/// happens, silently, and what was set before stays. A message box may let the host call further entries inside one.
+class UserCntrl final : private FormEvents, public std::enable_shared_from_this<UserCntrl> {
+ public:
+  /// The control in its start state, with `TimerInit` running. `registry` must outlive it.
+  static std::shared_ptr<UserCntrl> Create(const Ports& ports, const PageRegistry& registry);
+  ~UserCntrl();
+
+  // What the frame and the DTM manager call.
+
+  /// Takes the interfaces of `dtm` and registers for answers. False where a step fails; the steps before it stand.
+  bool Init(std::string_view invokeId, std::string_view functionCall, std::shared_ptr<IDtm> dtm) noexcept;
+  bool PrepareToRelease() noexcept;
+  /// One answer: `responseCode` is the read's code times 100, `document` its XML text (UTF-8).
+  void UpdateUI(std::int32_t responseCode, std::string_view document) noexcept;
+  /// The request document of 24 attribute values; "None" marks an unused one. Keeps no state and sends nothing.
+  static std::string DocXML(std::span<const std::string_view, kAttributeCount> values);
+  /// Fills `txtParameter(197)` or `(198)` with the amount of unit `Kvalue` in one inH2O at 68 °F, 1 for other units.
+  void GetFactor1Unit(std::string_view Kvalue);
+  void GetFactor2Unit(std::string_view Kvalue);
+
+  // What the operator does; the host has checked that the control is enabled and to be seen.
+
+  void Click(ButtonId button) noexcept;
+  void Type(TextId field, std::string_view text) noexcept;
+  void Pick(ChoiceId list, std::size_t row) noexcept;
+  void ClickTab(TabsId strip, int index) noexcept;
+  /// Activates a node by its text; `position` is the node's, or 0 where the tree has no such node.
+  void Activate(std::string_view text, int position) noexcept;
+  /// A program's set of a list from outside, for scripts: a closed list that refuses the text stays as it was.
+  void SetList(ChoiceId list, std::string_view text) noexcept;
+
+  /// A timer armed at the port is due.
+  void TimerDue(int timer) noexcept;
+
+  // What page units use.
+
+  void HideAllFrames();
+  void StopPollingTimers();
+  /// Sets `RequestCode`, stores a document of `operands` and reads; panel 4 tells of it once the call has returned.
+  void Read(int code, const Operands& operands = {});
+  /// Reads with the stored document as it stands.
+  void ReadStored(int code);
+  /// Reads with `BlockSelector` in Attribute1.
+  void ReadBlock(int code);
+  /// Sends `RequestCode`, whatever it is, with a fresh document.
+  void ReadFresh();
+  /// A page's own write button: stores the document, announces, arms the re-read, sends.
+  void SmallWrite(int code, const Operands& operands, int rereadMs = 2000);
+  void StartTimer(TimerId timer, int intervalMs);
+  /// The first visit of a page: clears `flag` and fills the lists of `moment`; nothing on later visits.
+  void FirstVisit(Flag UserCntrl::*flag, FillMoment moment);
+  void FillLists(FillMoment moment);
+  BoxButton ShowBox(std::string_view text, std::string_view caption, BoxIcon icon = BoxIcon::kInformation);
+  /// Yes or No; closing counts as No.
+  bool AskYesNo(std::string_view text, std::string_view caption, BoxIcon icon = BoxIcon::kNone);
+  /// "1", "2", "3" into `BlockSelector` where the current page is an Analog Input page; otherwise it stays.
+  void SelectBlockOfPage();
+  /// The state of the unit whose `PageUnit::state` was made of `State`.
+  template <class State>
+  State& StateOf(const PageUnit& unit) {
+    return *static_cast<State*>(StateSlot(unit));
+  }
+
+  // What a view asks once a turn.
+
+  /// Response codes whose handlers have run since the last call.
+  std::vector<int> TakeHandledCodes();
+  const PageRegistry& Pages() const { return registry_; }
+  /// Node texts of the registry's rows are not looked at by a view; this is the node activated last.
+  const std::string& LastActivated() const { return lastActivated_; }
+
+  Form form{*this};
+  Codecs codecs;
+
+  // NOLINTBEGIN(readability-identifier-naming): the members keep the names under which frames and scripts know them.
+  std::shared_ptr<IDtmCore> DtmCore;
+  std::shared_ptr<IDtmCore> DtmCoreForEvents;  ///< not dropped by `PrepareToRelease`: lives as long as the control
+  std::string InvokeId;
+  std::shared_ptr<IDtmParameterAccess> ParameterAccess;
+  std::string RequestCode;
+  std::string RequestXml;
+  std::string RequestResult;
+  std::string BlockSelector;
+  std::string ConnectionState;
+  Flag FirstVisitSensor = kSet;
+  Flag FirstVisitLcd = kSet;
+  Flag FirstVisitMonit2 = kSet;
+  Flag FirstVisitMonit3 = kSet;
+  Flag FirstVisitMonit4 = kSet;
+  Flag FirstVisitAi = kSet;
+  Flag FirstVisitSpare = kSet;
+  Flag FirstVisitTrd = kSet;
+  Flag FirstVisitDensity = kSet;
+  Flag FirstVisitLevel = kSet;
+  Flag FirstVisitFactory = kSet;
+  Flag FirstVisitCalib = kSet;
+  Flag FirstVisitDensityCalib = kSet;
+  Flag FirstVisitCalRef = kSet;
+  Flag CheckOutScaleAfterWrite = kClear;
+  std::string CurrentPage;
+  std::string SubPage;
+  Flag OfflineAsked = kClear;
+  Flag SpareFlag = kClear;
+  std::string CalibNodeText;
+  std::string PreviousPVType;
+  std::string AiPvType;
+  Flag FwFlag104 = kClear;
+  Flag FwFlag105 = kClear;
+  Flag FwFlag106 = kClear;
+  Flag FwFlag107 = kClear;
+  Flag FwFlag108 = kClear;
+  Flag FwFlag109 = kClear;
+  Flag FwFlagUserIdent = kClear;
+  // NOLINTEND(readability-identifier-naming)
+
+ private:
+  struct Tables;
+
+  UserCntrl(const Ports& ports, const PageRegistry& registry);
+
+  void TabChanged(const TabStrip& strip) override;
+  void ListChanged(const ChoiceList& list) override;
+  void TimerChanged(const Timer& timer, bool armed) override;
+  void Changed() override;
+
+  template <class Handler>
+  void Guarded(Handler&& handler) noexcept;
+
+  void PrepareScreens();
+  void UpdateConnectionState(std::string_view answer);
+  void Dispatch(std::int32_t responseCode, std::string_view document);
+  void StoreDocument(const Operands& operands);
+  void SendRead();
+  void SendWrite(std::string_view code);
+  void ArmReread(int milliseconds);
+
+  void OnTimerInit();
+  void OnTimerReadAfterWrite();
+  void OnPoll(const PollRow& row);
+  void OnBack();
+  void OnWriteParameter();
+  bool HasHandler(TimerId timer) const;
+  void* StateSlot(const PageUnit& unit);
+
+  Ports ports_;
+  const PageRegistry& registry_;
+  std::unique_ptr<const Tables> tables_;
+  std::vector<std::unique_ptr<AnswerReader>> readers_;  // idle ones: one answer in hand needs one
+  std::vector<void*> states_;
+  std::shared_ptr<IUpdateUI> receiver_;
+  std::vector<int> handledCodes_;
+  std::string lastActivated_;
+};
+
+}  // namespace htr60
