@@ -27,8 +27,11 @@ check_formatting() {
     echo "    LEFT OUT: there is no clang-format 14"
     return 0
   fi
-  find apps bench fuzz packaging simulator src tests \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null |
-    xargs -0 clang-format --dry-run --Werror
+  local folder folders=()
+  for folder in apps bench fuzz packaging simulator src tests; do
+    if [ -d "$folder" ]; then folders+=("$folder"); fi
+  done
+  find "${folders[@]}" \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 clang-format --dry-run --Werror
 }
 
 # run_tests PRESET: all tests; holds ctest's closing lines back in $closing and counts the tests in $tests.
@@ -51,6 +54,7 @@ mkdir -p build
 ensure_packages "$build_packages $desktop_packages $test_packages"
 ensure_formatter
 installed=$(now)
+step "Checking the formatting" check_formatting
 
 for preset in release sanitize; do
   # run.sh configures the release build without tests.
@@ -60,11 +64,10 @@ for preset in release sanitize; do
   step "Building build/$preset" cmake --build --preset "$preset" -j "$jobs"
 done
 built=$(now)
-step "Checking the formatting" check_formatting
 
 run_tests release
 release="$tests in $seconds s"
 run_tests sanitize
-echo "Install $((installed - started)) s, build $((built - installed)) s, release tests $release," \
+echo "Install $((installed - started)) s, check and build $((built - installed)) s, release tests $release," \
   "sanitizer tests $tests in $seconds s, together $(($(now) - started)) s."
 echo "$closing"

@@ -4,6 +4,9 @@ build_packages="g++ cmake ninja-build ccache libexpat1-dev nlohmann-json3-dev"
 desktop_packages="qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev fonts-dejavu-core"
 test_packages="libgtest-dev libbenchmark-dev"
 
+# Lets ccache keep objects that use a precompiled header, too.
+export CCACHE_SLOPPINESS=pch_defines,time_macros
+
 # now: whole seconds, for measuring how long something takes.
 now() {
   date +%s
