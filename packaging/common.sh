@@ -1,3 +1,4 @@
+# shellcheck shell=sh disable=SC2034
 # Shell functions that run.sh, test.sh and packaging/package.sh share; sourced from the top folder.
 
 build_packages="g++ cmake ninja-build ccache libexpat1-dev nlohmann-json3-dev"
@@ -76,7 +77,7 @@ ensure_packages() {
 
 # configured FOLDER WORD...: whether FOLDER is configured, with every WORD in its cache, no older than the presets.
 configured() {
-  [ -f "$1/build.ninja" ] && [ ! CMakePresets.json -nt "$1/build.ninja" ] || return 1
+  [ -n "$(find "$1/build.ninja" -newer CMakePresets.json 2>/dev/null)" ] || return 1
   configured_folder=$1
   shift
   for word in "$@"; do

@@ -9,9 +9,11 @@ mkdir -p "$folder"
 folder=$(cd "$folder" && pwd)
 
 ensure_packages "$build_packages $desktop_packages dpkg-dev file"
-export CXXFLAGS="$(dpkg-buildflags --get CPPFLAGS) $(dpkg-buildflags --get CXXFLAGS)"
-export LDFLAGS="$(dpkg-buildflags --get LDFLAGS)"
-step "Configuring the package's build" cmake -S . -B "$folder/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+export DEB_BUILD_MAINT_OPTIONS=hardening=+all
+CXXFLAGS="$(dpkg-buildflags --get CPPFLAGS) $(dpkg-buildflags --get CXXFLAGS)"
+LDFLAGS="$(dpkg-buildflags --get LDFLAGS)"
+export CXXFLAGS LDFLAGS
+step "Configuring the package's build" cmake --fresh -S . -B "$folder/build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DHTR60_TESTS=OFF -DCMAKE_INSTALL_PREFIX=/usr
 step "Building the programs" cmake --build "$folder/build"
 umask 022
