@@ -84,10 +84,10 @@ class SubPages {
 
 enum class ButtonState : std::uint8_t { kUnchanged, kEnabled, kDisabled };
 
-/// An answer by its response code: the read's code times 100.
+/// An answer by its response code: the read's code times 100. A code without a handler does nothing.
 struct AnswerRow {
   int code;
-  Call<void, const Answer&> run;
+  Call<void, const Answer&> run = {};
 };
 
 /// A write of `cmdWriteParameter`: the operands of a document, or none where its check failed.

@@ -115,7 +115,7 @@ void UserCntrl::UpdateConnectionState(std::string_view answer) {
 
 void UserCntrl::Dispatch(std::int32_t responseCode, std::string_view document) {
   const AnswerRow* row = tables_->FindAnswer(responseCode);
-  if (row == nullptr) return;
+  if (row == nullptr || !row->run) return;
   // A message box in a handler may let another answer in, so the reader in use is not among the idle ones.
   std::unique_ptr<AnswerReader> reader;
   if (readers_.empty()) {
