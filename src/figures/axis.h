@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "figures/figure.h"
+
+namespace htr60::figures {
+
+/// An axis over `from` to `to` with round ticks; equal ends are widened.
+FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSeparator);
+
+/// The number of a field's text in the operator's locale; none where it is no number.
+std::optional<double> NumberOf(std::string_view text, char decimalSeparator);
+
+}  // namespace htr60::figures

@@ -1,0 +1,26 @@
+#include "figures/figure.h"
+
+#include "figures/linearization.h"
+#include "figures/square_root.h"
+
+namespace htr60 {
+
+Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
+  switch (kind) {
+    case FigureKind::kLinearization: return figures::LinearizationFigure(source);
+    case FigureKind::kSquareRoot: return figures::SquareRootFigure(source);
+    case FigureKind::kNone: break;
+  }
+  return {};
+}
+
+bool FigureDependsOn(FigureKind kind, ControlId control) {
+  switch (kind) {
+    case FigureKind::kLinearization: return figures::LinearizationDependsOn(control);
+    case FigureKind::kSquareRoot: return figures::SquareRootDependsOn(control);
+    case FigureKind::kNone: break;
+  }
+  return false;
+}
+
+}  // namespace htr60

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "figures/figure.h"
+
+namespace htr60::figures {
+
+/// The curve through the points of the linearization table, with the steps that are out of order marked.
+Figure LinearizationFigure(const FigureSource& source);
+bool LinearizationDependsOn(ControlId control);
+
+}  // namespace htr60::figures
