@@ -1,0 +1,83 @@
+#include "codecs/codecs.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+#include "codecs/hex_digits.h"
+
+namespace htr60 {
+namespace {
+
+constexpr int kMaxDecimals = 15;
+
+constexpr std::array<double, kMaxDecimals + 1> kPowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                            1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+/// Rounds `magnitude` times 10 to the power of `decimals`, as the C library prints it. False where the product's own
+/// rounding could decide.
+bool RoundScaled(double magnitude, int decimals, std::uint64_t& rounded) {
+  constexpr double kLargest = 1e12;
+  const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
+  if (!(scaled < kLargest)) return false;
+  const auto whole = static_cast<std::uint64_t>(scaled);
+  const double rest = scaled - static_cast<double>(whole);
+  if (std::abs(rest - 0.5) <= scaled * std::numeric_limits<double>::epsilon()) return false;
+  rounded = whole + (rest > 0.5 ? 1 : 0);
+  return true;
+}
+
+/// Writes the digits of `value` so that the last stands before `end`, at least `atLeast` of them; returns the first.
+char* WriteDigits(std::uint64_t value, int atLeast, char* end) {
+  for (; value != 0 || atLeast > 0; --atLeast) {
+    *--end = static_cast<char>('0' + value % 10);
+    value /= 10;
+  }
+  return end;
+}
+
+}  // namespace
+
+FormattedNumber Codecs::FormatDecimals(double value, int decimals) const {
+  if (!std::isfinite(value)) throw RuntimeFailure("not a finite number");
+  decimals = std::clamp(decimals, 0, kMaxDecimals);
+  const auto decimalDigits = static_cast<std::size_t>(decimals);
+  FormattedNumber text;
+  std::array<char, 352> buffer;
+  std::string_view digits;  // all of them, without the separator
+  std::uint64_t scaled = 0;
+  if (RoundScaled(std::abs(value), decimals, scaled)) {
+    char* const end = buffer.data() + 32;
+    const char* const first = WriteDigits(scaled, decimals + 1, end);
+    digits = {first, static_cast<std::size_t>(end - first)};
+  } else {
+    char* const end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), std::chars_format::fixed, decimals)
+            .ptr;
+    char* const digitsEnd = std::remove(buffer.data(), end, '.');
+    digits = {buffer.data(), static_cast<std::size_t>(digitsEnd - buffer.data())};
+  }
+  const bool zero = digits.find_first_not_of('0') == std::string_view::npos;
+  if (value < 0 && !zero) text.Append('-');
+  text.Append(digits.substr(0, digits.size() - decimalDigits));
+  if (decimals > 0) text.Append(separator_).Append(digits.substr(digits.size() - decimalDigits));
+  return text;
+}
+
+FixedText<8> Codecs::IntToHex(std::int32_t value, int minDigits) {
+  auto bits = static_cast<std::uint32_t>(value);
+  std::array<char, 8> buffer;
+  std::size_t first = buffer.size();
+  const auto most = buffer.size() - static_cast<std::size_t>(std::clamp(minDigits, 1, 8));
+  while (bits != 0 || first > most) {
+    buffer[--first] = kHexDigits[bits & 15U];
+    bits >>= 4U;
+  }
+  return FixedText<8>({buffer.data() + first, buffer.size() - first});
+}
+
+}  // namespace htr60
