@@ -5,25 +5,18 @@
 #include <span>
 #include <string_view>
 
+#include "pages/calibration_units.h"
 #include "shell/user_cntrl.h"
 
 /// What the pages on the two shared scale frames have in common: rows of units, opening, answer, operands.
 namespace htr60::pages::trd_scales {
 
-inline constexpr std::string_view kMH2O = "mH2O";
-
-/// The pressure units in which a scale is reported or calibrated.
-inline constexpr std::array<std::string_view, 18> kPressureUnits = {
-    "Pa",           "MPa",         "kPa",           "bar",          "mbar",        "torr",
-    "atm",          "psi",         "g/cm²",         "kg/cm²",       "inH2O (4°C)", "inH2O (68°F)",
-    "mmH2O (4°C)", "mmH2O (68°F)", kMH2O,           "ftH2O (68°F)", "inHg (0°C)",  "mmHg (0°C)"};
-
-/// The rows of an input scale: one fewer, without "mH2O".
+/// The rows of an input scale: the pressure units without "mH2O". An output scale has all 18.
 inline constexpr std::array<std::string_view, 17> kInputPressureUnits = [] {
   std::array<std::string_view, 17> rows{};
   std::size_t count = 0;
-  for (const std::string_view unit : kPressureUnits) {
-    if (unit != kMH2O) rows[count++] = unit;
+  for (const std::string_view unit : kCalibrationUnits) {
+    if (unit != "mH2O") rows[count++] = unit;
   }
   return rows;
 }();
@@ -75,8 +68,8 @@ void OpenOutputScale(UserCntrl& c, const OutputScale& scale, const OutputGroups*
 /// The steps that answers 700, 6200 and 6800 share, from the four texts set to 1 to the ratio in `txtParameter(200)`.
 void TakeOutputScale(UserCntrl& c, const Answer& a);
 
-/// A sensor limit of answers 6200 and 6800: raw into `raw`, times the ratio into `shown`.
-void TakeConvertedLimit(UserCntrl& c, double limit, TextField& raw, TextField& shown);
+/// Both sensor limits as answers 6200 and 6800 show them: multiplied by the ratio.
+void TakeConvertedLimits(UserCntrl& c, const Answer& a);
 
 /// The last step of answers 700 and 6800: consumes `CheckOutScaleAfterWrite`.
 void CheckOutputScale(UserCntrl& c);

@@ -1,0 +1,200 @@
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <string>
+
+#include "codecs/mEnumeration.h"
+#include "codecs/mFunctions.h"
+#include "pages/pages.h"
+#include "pages/trd_scales.h"
+#include "shell/page_steps.h"
+#include "shell/user_cntrl.h"
+
+namespace htr60::pages::trd_table {
+namespace {
+
+constexpr std::string_view kPage = "TRD Table";
+constexpr std::string_view kPicturePage = "Picture Table";
+constexpr int kRead = 9;
+
+struct Point {
+  std::string_view tag;
+  std::string_view xCaption;
+  TextId x;
+  std::string_view yCaption;
+  TextId y;
+};
+constexpr Point kPoints[] = {
+    {"TRDX1Y1", "X01:", id::txtParameter(21), "Y01:", id::txtParameter(36)},
+    {"TRDX2Y2", "X02:", id::txtParameter(22), "Y02:", id::txtParameter(52)},
+    {"TRDX3Y3", "X03:", id::txtParameter(27), "Y03:", id::txtParameter(53)},
+    {"TRDX4Y4", "X04:", id::txtParameter(28), "Y04:", id::txtParameter(54)},
+    {"TRDX5Y5", "X05:", id::txtParameter(29), "Y05:", id::txtParameter(55)},
+    {"TRDX6Y6", "X06:", id::txtParameter(30), "Y06:", id::txtParameter(56)},
+    {"TRDX7Y7", "X07:", id::txtParameter(31), "Y07:", id::txtParameter(66)},
+    {"TRDX8Y8", "X08:", id::txtParameter(32), "Y08:", id::txtParameter(67)},
+    {"TRDX9Y9", "X09:", id::txtParameter(33), "Y09:", id::txtParameter(68)},
+    {"TRDX10Y10", "X10:", id::txtParameter(34), "Y10:", id::txtParameter(69)},
+    {"TRDX11Y11", "X11:", id::txtParameter(35), "Y11:", id::txtParameter(70)},
+    {"TRDX12Y12", "X12:", id::txtParameter(71), "Y12:", id::txtParameter(82)},
+    {"TRDX13Y13", "X13:", id::txtParameter(72), "Y13:", id::txtParameter(83)},
+    {"TRDX14Y14", "X14:", id::txtParameter(73), "Y14:", id::txtParameter(84)},
+    {"TRDX15Y15", "X15:", id::txtParameter(74), "Y15:", id::txtParameter(85)},
+    {"TRDX16Y16", "X16:", id::txtParameter(75), "Y16:", id::txtParameter(86)},
+    {"TRDX17Y17", "X17:", id::txtParameter(76), "Y17:", id::txtParameter(87)},
+    {"TRDX18Y18", "X18:", id::txtParameter(77), "Y18:", id::txtParameter(88)},
+    {"TRDX19Y19", "X19:", id::txtParameter(78), "Y19:", id::txtParameter(89)},
+    {"TRDX20Y20", "X20:", id::txtParameter(79), "Y20:", id::txtParameter(90)},
+    {"TRDX21Y21", "X21:", id::txtParameter(80), "Y21:", id::txtParameter(91)},
+};
+constexpr std::size_t kMostPoints = std::size(kPoints);
+constexpr std::size_t kLeastPoints = 2;  // these two are always part of the curve
+
+// ---- layout
+
+constexpr LayoutRow kTableRows[] = {
+    {.caption = "Number of Points",
+     .kind = RowKind::kList,
+     .control = id::cmbNrPoints,
+     .width = WidthClass::kS,
+     .note = "Points above this number keep their text and are not part of the curve."},
+    {.caption = "Table Status",
+     .kind = RowKind::kStatus,
+     .control = id::txtParameter(45),
+     .width = WidthClass::kM,
+     .note = "The device's verdict on the curve that it holds.",
+     .sameLine = true},
+    {.caption = "Curve Graphic",
+     .captionControl = id::cmdPictureTable,
+     .kind = RowKind::kOpen,
+     .control = id::cmdPictureTable,
+     .sameLine = true},
+};
+constexpr std::array<LayoutRow, kMostPoints> kPointRows = [] {
+  std::array<LayoutRow, kMostPoints> rows{};
+  for (std::size_t i = 0; i < kMostPoints; ++i) {
+    const Point& point = kPoints[i];
+    rows[i] = {.caption = point.xCaption,
+               .kind = RowKind::kNum,
+               .control = point.x,
+               .secondKind = RowKind::kNum,
+               .second = point.y,
+               .secondCaption = point.yCaption};
+  }
+  return rows;
+}();
+constexpr LayoutRow kWaitingRows[] = {{.kind = RowKind::kMsg, .control = id::lbArray(46)}};
+constexpr LayoutGroup kTableGroups[] = {
+    {.rows = kWaitingRows, .box = false, .panel = id::PictMessageTable},
+    {.caption = "Table", .rows = kTableRows},
+    {.rows = kPointRows, .columns = 3, .box = false},
+};
+
+constexpr LayoutTitle kTableTitle[] = {{"", "Table Points"}};
+constexpr LayoutTitle kPictureTitle[] = {{"", "Linearization Curve"}};
+constexpr int kReads[] = {kRead};
+constexpr PageLayout kLayouts[] = {
+    {.frame = id::frmTRDTable,
+     .titles = kTableTitle,
+     .purpose = "The linearization curve, point by point, with the device's verdict.",
+     .reads = kReads,
+     .groups = kTableGroups,
+     .figure = FigureKind::kLinearization},
+    {.frame = id::frmPictureTable,
+     .titles = kPictureTitle,
+     .purpose = "The curve through the points of the table.",
+     .figure = FigureKind::kLinearization,
+     .figureAlone = true},
+};
+
+// ---- answer
+
+void OnTrdTableAnswer(UserCntrl& c, const Answer& a) {
+  c.form.PictMessageTable.SetVisible(false);
+  c.form.cmbLinearizationType.SetIfAny(DecodeLinType(a.Number("TRDLinType")));
+  c.form.cmbNrPoints.SetText(std::to_string(a.Number("TRDNumpoints")));
+  for (const Point& point : kPoints) {
+    c.codecs.HexToFloatPair(a.Text(point.tag), c.form.At(point.x), c.form.At(point.y));
+  }
+  c.form.txtParameter(45).SetText(DecodeTableStatus(a.Number("TRDTableStatus")));
+}
+
+// ---- write
+
+double SelectedPoints(UserCntrl& c) { return c.codecs.ParseLocaleNumber(c.form.cmbNrPoints.Text()); }
+
+// A point above the selected number goes out as a filler, the last one as an empty text.
+std::array<FixedText<16>, kMostPoints> CurvePairs(UserCntrl& c) {
+  std::array<FixedText<16>, kMostPoints> pairs;
+  for (std::size_t i = 0; i < kMostPoints; ++i) {
+    if (i < kLeastPoints || SelectedPoints(c) >= static_cast<double>(i + 1)) {
+      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kPoints[i].x).Text()));
+      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kPoints[i].y).Text()));
+    } else if (i + 1 < kMostPoints) {
+      pairs[i].Append(16, '1');
+    }
+  }
+  return pairs;
+}
+
+// "No" does not keep the curve back: the answer is an operand.
+Operands WriteTrdTable(UserCntrl& c) {
+  const std::array<FixedText<16>, kMostPoints> pairs = CurvePairs(c);
+  const bool enable = c.AskYesNo("Do you want to enable table?", "Warning");
+  Operands operands{EncodeNrPoints(c.form.cmbNrPoints.Text())};
+  for (std::size_t i = 0; i + 1 < kMostPoints; i += 2) operands.Add(Join({pairs[i], pairs[i + 1]}));
+  operands.Add(pairs[kMostPoints - 1]);
+  operands.Add(enable ? "Yes" : "No");
+  return operands;
+}
+
+// ---- buttons and list
+
+void ShowWaiting(UserCntrl& c) { c.form.PictMessageTable.SetVisible(true); }
+
+void OpenTrdTable(UserCntrl& c) {
+  OpenPage(c, {.frame = id::frmTRDTable, .page = kPage, .write = ButtonState::kEnabled});
+  ShowWaiting(c);
+  c.Read(kRead);
+}
+
+void OpenPictureTable(UserCntrl& c) { OpenPage(c, {.frame = id::frmPictureTable, .page = kPicturePage}); }
+
+void OnNumberOfPoints(UserCntrl& c) {
+  const double selected = SelectedPoints(c);
+  for (std::size_t i = kLeastPoints; i < kMostPoints; ++i) {
+    const bool enabled = selected >= static_cast<double>(i + 1);
+    c.form.At(kPoints[i].x).SetEnabled(enabled);
+    c.form.At(kPoints[i].y).SetEnabled(enabled);
+  }
+}
+
+// ---- tables
+
+constexpr AnswerRow kAnswers[] = {{900, OnTrdTableAnswer}};
+constexpr WriteRow kWrites[] = {{kPage, kAnySubPage, 6, WriteTrdTable}};
+constexpr RereadRow kRereads[] = {{kPage, kAnySubPage, kRead, ShowWaiting}};
+constexpr BackRow kBacks[] = {
+    {kPage, trd_scales::kToTrdSettings},
+    {kPicturePage, {.page = kPage, .frame = id::frmTRDTable, .backEnabled = true}},
+};
+constexpr ButtonRow kButtons[] = {{id::cmdTablePoints, OpenTrdTable}, {id::cmdPictureTable, OpenPictureTable}};
+constexpr ListRow kLists[] = {{id::cmbNrPoints, OnNumberOfPoints}};
+constexpr std::string_view kNumbers[] = {"2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10", "11",
+                                         "12", "13", "14", "15", "16", "17", "18", "19", "20", "21"};
+constexpr FillRow kFills[] = {{id::cmbNrPoints, FillMoment::kStart, kNumbers}};
+
+}  // namespace
+
+constexpr PageUnit kUnit{
+    .layouts = kLayouts,
+    .answers = kAnswers,
+    .writes = kWrites,
+    .rereads = kRereads,
+    .backs = kBacks,
+    .buttons = kButtons,
+    .lists = kLists,
+    .fills = kFills,
+};
+
+}  // namespace htr60::pages::trd_table
