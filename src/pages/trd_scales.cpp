@@ -287,19 +287,10 @@ void TakeOutputScale(UserCntrl& c, const Answer& a) {
   c.form.txtParameter(200).SetText(c.codecs.NumberToText(outputFactor / sensorFactor));
 }
 
-void TakeConvertedLimits(UserCntrl& c, const Answer& a) {
-  struct Limit {
-    std::string_view tag;
-    TextField& working;
-    TextField& shown;
-  };
-  const Limit limits[] = {{"TRDUpperSnsLimit", c.form.txtParameter(201), c.form.txtParameter(194)},
-                          {"TRDLowerSnsLimit", c.form.txtParameter(202), c.form.txtParameter(193)}};
-  for (const Limit& limit : limits) {
-    limit.working.SetText(c.codecs.FormatValue(HexToFloat(a.Text(limit.tag))));
-    const double ratio = c.codecs.ParseLocaleNumber(c.form.txtParameter(200).Text());
-    limit.shown.SetText(c.codecs.NumberToText(ratio * c.codecs.ParseLocaleNumber(limit.working.Text())));
-  }
+void TakeConvertedLimit(UserCntrl& c, double limit, TextField& raw, TextField& shown) {
+  raw.SetText(c.codecs.FormatValue(limit));
+  const double ratio = c.codecs.ParseLocaleNumber(c.form.txtParameter(200).Text());
+  shown.SetText(c.codecs.NumberToText(ratio * c.codecs.ParseLocaleNumber(raw.Text())));
 }
 
 // The timer has no work and is never stopped: only its state is to be seen.

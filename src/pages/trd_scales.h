@@ -68,8 +68,8 @@ void OpenOutputScale(UserCntrl& c, const OutputScale& scale, const OutputGroups*
 /// The steps that answers 700, 6200 and 6800 share, from the four texts set to 1 to the ratio in `txtParameter(200)`.
 void TakeOutputScale(UserCntrl& c, const Answer& a);
 
-/// Both sensor limits as answers 6200 and 6800 show them: multiplied by the ratio.
-void TakeConvertedLimits(UserCntrl& c, const Answer& a);
+/// A sensor limit of answers 6200 and 6800: as it is into `raw`, times the ratio into `shown`.
+void TakeConvertedLimit(UserCntrl& c, double limit, TextField& raw, TextField& shown);
 
 /// The last step of answers 700 and 6800: consumes `CheckOutScaleAfterWrite`.
 void CheckOutputScale(UserCntrl& c);
