@@ -166,7 +166,7 @@ void AskForUnit(UserCntrl& c) {
   }
 }
 
-// The one handler that tells of its failure: mostly a unit that the list does not hold.
+// The one answer that tells of its failure: mostly a unit that the list does not hold.
 void OnTrdOutputScaleAnswer(UserCntrl& c, const Answer& a) {
   bool failed = false;
   try {
@@ -209,7 +209,7 @@ void SendOutputScale(UserCntrl& c, int code) { c.SmallWrite(code, WriteOutputSca
 
 // ---- tables
 
-constexpr AnswerRow kAnswers[] = {{600, OnTrdInputScaleAnswer}, {700, OnTrdOutputScaleAnswer}};
+constexpr AnswerRow kAnswers[] = {{600, OnTrdInputScaleAnswer}, {700, OnTrdOutputScaleAnswer, AskForUnit}};
 constexpr WriteRow kWrites[] = {
     {{kInputPage, kLevelInputPage, kFactoryInputPage}, kAnySubPage, 3, InputScaleOperands},
     {{kOutputPage, kLevelOutputPage}, kAnySubPage, kOutputWrite, WriteOutputScale},

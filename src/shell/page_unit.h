@@ -88,6 +88,7 @@ enum class ButtonState : std::uint8_t { kUnchanged, kEnabled, kDisabled };
 struct AnswerRow {
   int code;
   Call<void, const Answer&> run = {};
+  Call<void> unreadable = {};  ///< runs instead where the document is not well-formed
 };
 
 /// A write of `cmdWriteParameter`: the operands of a document, or none where its check failed.

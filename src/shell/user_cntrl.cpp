@@ -128,6 +128,8 @@ void UserCntrl::Dispatch(std::int32_t responseCode, std::string_view document) {
     Guarded([&] { row->run(*this, *answer); });
     handledCodes_.push_back(responseCode);
     Changed();
+  } else if (row->unreadable) {
+    Guarded([&] { row->unreadable(*this); });
   }
   readers_.push_back(std::move(reader));
 }
