@@ -1,12 +1,25 @@
 #include "pages/pages.h"
 
+#include "codecs/mEnumeration.h"
 #include "pages/backup_rows.h"
 #include "shell/user_cntrl.h"
 
 namespace htr60::pages::factory {
 namespace {
 
-constexpr AnswerRow kAnswers[] = {{4000}, {4400}};
+// The density page's backup list is filled here too: both pages read this answer.
+void OnFactoryAnswer(UserCntrl& c, const Answer& a) {
+  const std::string_view backup = DecodeBackupRestore(a.Number("BackupRestore"));
+  c.form.cmbDensBackupRestore.SetIfAny(backup);
+  c.form.cmbBackupRes(1).SetIfAny(backup);
+  c.form.CmbGSD.SetIfAny(DecodeIdentNumber(a.Number("GSDIdentNumber")));
+  c.form.cmbFactoryReset.SetIfAny(DecodeFactoryReset(a.Number("FactoryReset")));
+  if (c.FwFlagUserIdent != kClear) c.form.txtParameter(177).SetText(a.Text("USERIdentNumber"));
+  if (c.FwFlag108 == kClear) return c.form.cmbAgile.SetText("Enabled");
+  c.form.cmbAgile.SetIfAny(DecodeAgile(a.Number("Agile")));
+}
+
+constexpr AnswerRow kAnswers[] = {{4000, OnFactoryAnswer}, {4400}};
 constexpr RereadRow kRereads[] = {{"Factory", kAnySubPage, 40}};
 constexpr BackRow kBacks[] = {
     {{"Factory Sensor", "Auto Zero Trim", "Char", "Factory Trd Input Scale"},
