@@ -6,7 +6,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 #include "codecs/hex_digits.h"
 
@@ -18,15 +17,15 @@ constexpr int kMaxDecimals = 15;
 constexpr std::array<double, kMaxDecimals + 1> kPowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                             1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-/// Rounds `magnitude` times 10 to the power of `decimals`, as the C library prints it. False where the product's own
-/// rounding could decide.
+/// Rounds `magnitude` times 10 to the power of `decimals`, as the C library prints it. False for a large number, and
+/// where the product is a half: its own rounding cannot pass a half, but may have led to it.
 bool RoundScaled(double magnitude, int decimals, std::uint64_t& rounded) {
   constexpr double kLargest = 1e12;
   const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
   if (!(scaled < kLargest)) return false;
   const auto whole = static_cast<std::uint64_t>(scaled);
   const double rest = scaled - static_cast<double>(whole);
-  if (std::abs(rest - 0.5) <= scaled * std::numeric_limits<double>::epsilon()) return false;
+  if (rest == 0.5) return false;
   rounded = whole + (rest > 0.5 ? 1 : 0);
   return true;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -35,13 +37,24 @@ struct Decimal15 {
 
 inline constexpr std::uint64_t kTenTo15 = 1'000'000'000'000'000;
 
-constexpr int DigitCount(std::uint64_t value) {
-  int count = 1;
-  while (value >= 10) {
-    value /= 10;
-    ++count;
+inline constexpr std::array<std::uint64_t, 16> kTens = [] {
+  std::array<std::uint64_t, 16> tens{};
+  std::uint64_t power = 1;
+  for (std::uint64_t& ten : tens) {
+    ten = power;
+    power *= 10;
   }
-  return count;
+  return tens;
+}();
+
+/// Ten to the power of 0 to 15.
+constexpr std::uint64_t TenTo(int power) { return kTens[static_cast<std::size_t>(power)]; }
+
+/// Decimal digits of a value from 1 to below 10 to the 15th.
+constexpr int DigitCount(std::uint64_t value) {
+  // 1233 / 4096 is a little less than the logarithm of 2.
+  const int atLeast = static_cast<int>(std::bit_width(value)) * 1233 / 4096;
+  return atLeast + (value >= TenTo(atLeast) ? 1 : 0);
 }
 
 constexpr void StripZeros(Decimal15& value) {

@@ -1,6 +1,5 @@
 #include "codecs/fraction_bits.h"
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -14,18 +13,6 @@ constexpr int kBits = 23;
 // Beyond these powers of ten a double no longer carries 15 digits, or overflows on the way.
 constexpr int kLeastExponent = -280;
 constexpr int kMostExponent = 250;
-
-constexpr std::array<std::uint64_t, 16> kTens = [] {
-  std::array<std::uint64_t, 16> tens{};
-  std::uint64_t power = 1;
-  for (std::uint64_t& ten : tens) {
-    ten = power;
-    power *= 10;
-  }
-  return tens;
-}();
-
-constexpr std::uint64_t TenTo(int power) { return kTens[static_cast<std::size_t>(power)]; }
 
 bool InRange(const Decimal15& value) { return value.exponent >= kLeastExponent && value.exponent <= kMostExponent; }
 
@@ -51,7 +38,7 @@ bool TakeFirst(Decimal15& value, bool readsAsFraction, char& first) {
   if (point > 15 || value.exponent < -15) {  // "d.ddE-dd"
     value.digits %= top;
     if (!readsAsFraction) value.exponent = point - 1;
-    return count > 1;  // else the sign of the exponent stands third
+    return true;  // of one digit nothing is left: the sign of the exponent stands third, which is no number
   }
   if (point <= 1) {  // "d", "d.dd" or "0.dd"
     if (point <= 0) {

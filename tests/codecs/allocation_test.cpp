@@ -17,13 +17,14 @@ namespace {
 std::atomic<int> allocations{0};
 }
 
-void* operator new(std::size_t size) {
+// Not inlined: the compiler would take the pair of malloc and delete for a mismatch.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   ++allocations;
   if (void* const place = std::malloc(size)) return place;
   throw std::bad_alloc();
 }
-void operator delete(void* place) noexcept { std::free(place); }
-void operator delete(void* place, std::size_t) noexcept { std::free(place); }
+[[gnu::noinline]] void operator delete(void* place) noexcept { std::free(place); }
+[[gnu::noinline]] void operator delete(void* place, std::size_t) noexcept { std::free(place); }
 
 namespace htr60 {
 namespace {

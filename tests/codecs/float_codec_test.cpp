@@ -157,7 +157,7 @@ TEST_P(EitherSeparator, EncodesAsThePlainProcedure) {
   Texts texts(GetParam() == '.' ? 1U : 2U);
   for (int sequence = 0; sequence < 40; ++sequence) {
     Pair pair(GetParam());
-    for (int i = 0; i < 1600; ++i) {
+    for (int i = 0; i < 1300; ++i) {
       ASSERT_NO_FATAL_FAILURE(pair.Encode(texts.Usual(GetParam())));
       ASSERT_NO_FATAL_FAILURE(pair.Encode(texts.Unusual(GetParam())));
       ASSERT_NO_FATAL_FAILURE(pair.Encode(texts.Any()));

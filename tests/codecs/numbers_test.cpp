@@ -78,8 +78,8 @@ TEST(Numbers, ReadsLongTextsToTheNearestDouble) {
     std::string text;
     for (std::size_t n = 1 + random() % (i % 100 == 0 ? 1200 : 30); n-- > 0;)
       text += static_cast<char>('0' + random() % 10);
-    text.insert(random() % std::min<std::size_t>(text.size(), 250), ".");
-    if (random() % 2 == 0) text += "E" + std::to_string(static_cast<int>(random() % 80) - 40);
+    text.insert(random() % std::min<std::size_t>(text.size(), 250), 1, '.');
+    if (random() % 2 == 0) text.append(1, 'E').append(std::to_string(static_cast<int>(random() % 80) - 40));
     ASSERT_EQ(ParseLocaleNumber(text, '.'), std::strtod(text.c_str(), nullptr)) << text;
     ASSERT_EQ(ParseLeadingNumber(text), std::strtod(text.c_str(), nullptr)) << text;
   }

@@ -3,6 +3,8 @@
 // The codecs as plain text procedures, step by step and without regard to speed: what the library has to equal.
 // One char is one character here.
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -214,7 +216,7 @@ class FloatCodec {
       decimalSeparator = text.substr(i, 1);
       try {
         const std::int32_t whole = RoundToInt32(ParseLeadingNumber(text.substr(0, i)));
-        fractionText = "0" + text.substr(i);
+        fractionText = std::string("0").append(text, i);
         return IntegerToBits(whole);
       } catch (const Failure&) {
         break;
@@ -249,7 +251,7 @@ class FloatCodec {
       const std::size_t one = text.find('1', 2);
       if (one != std::string::npos) {
         SetExponent(129 - (static_cast<int>(one) + 1));
-        working = "0" + text.substr(one + 1);
+        working = std::string("0").append(text, one + 1);
       } else if (text.size() > 2) {
         working = text.substr(text.size() - 1);
       }
