@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <bitset>
+
+#include "desktop/choice_field.h"
+#include "desktop/core.h"
+#include "desktop/field_states.h"
+#include "desktop/field_widgets.h"
+#include "desktop/shapes.h"
+
+namespace htr60::desktop {
+
+using ControlSet = std::bitset<kControlCount>;
+
+/// What the pages of one control share.
+struct PageContext {
+  UserCntrl& control;
+  FieldStates& states;
+};
+
+/// One control at its place in a row: its shape and its widget, whatever the kind.
+class FieldCell final : public QObject {
+  Q_OBJECT
+
+ public:
+  FieldCell(PageContext context, const LayoutRow& row, bool second, int numberWidth, QWidget* parent);
+
+  ControlId Control() const { return control_; }
+  RowKind Kind() const { return kind_; }
+  const LayoutRow& Row() const { return row_; }
+  QWidget* Widget() const { return widget_; }
+  ShapeSlot* Slot() const { return shape_; }  ///< none before buttons
+  bool IsButton() const { return kind_ == RowKind::kOpen || kind_ == RowKind::kWrite; }
+  bool CanBeTypedIn() const;
+  bool Shows() const;  ///< the form shows the control itself
+
+  /// Takes text, rows and flags from the form.
+  void Refresh();
+  /// Takes shape and marker.
+  void RefreshState();
+  void SetCaption(const QString& name, const QString& caption);
+  void SetMnemonic(QChar letter);
+
+  QString Words() const { return words_; }
+  QString Hint() const { return hint_; }
+  bool IsAlert() const { return alert_; }
+  /// What does not fit on the page: the whole text, the words; empty where all of it can be seen.
+  QString ToolTip() const;
+  void SetWordsFit(std::function<bool()> fit) { wordsFit_ = std::move(fit); }
+
+ Q_SIGNALS:
+  void Pressed(htr60::ButtonId button);
+  void Entered();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void MakeEntry(FieldWidth width, QWidget* parent);
+  void MakeChoice(FieldWidth width, QWidget* parent);
+  void MakeButton(QWidget* parent);
+  QString Text() const;
+  bool IsPassword() const { return control_ == id::txtPassword; }
+
+  PageContext context_;
+  const LayoutRow& row_;
+  RowKind kind_;
+  ControlId control_;
+  QWidget* widget_ = nullptr;
+  ShapeSlot* shape_ = nullptr;
+  QString caption_;
+  QString words_;
+  QString hint_;
+  bool alert_ = false;
+  QChar mnemonic_;
+  std::function<bool()> wordsFit_;
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,130 @@
+#pragma once
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabBar>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "desktop/core.h"
+
+namespace htr60::desktop {
+
+/// Widths of fields, taken from the font: the same class is equally wide whatever widget it holds.
+struct FieldWidth {
+  int characters = 16;
+  bool page = false;   ///< takes all there is
+  bool arrow = false;  ///< has room for a list's arrow
+
+  static FieldWidth Of(RowKind kind, WidthClass width, int numberWidth);
+  int Hint(const QWidget& widget) const;
+  int Least(const QWidget& widget) const;
+};
+
+/// The one height of fields and lists.
+int FieldHeight(const QWidget& widget);
+
+/// A field the operator types into, or a read-only one, which is selected and copied.
+class TextEntry final : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  TextEntry(FieldWidth width, bool readOnly, QWidget* parent);
+  /// The form's text; the operator's cursor stays where it can.
+  void Show(const QString& text);
+  bool CutOff() const;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  void Entered();
+
+ protected:
+  bool event(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ToStart();
+
+  FieldWidth width_;
+  QString restored_;  // what Esc brings back
+};
+
+/// A caption, a unit: text as it stands.
+class PlainLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  PlainLabel(const QString& text, QWidget* parent);
+};
+
+/// Words behind a field: all of them where they fit, else the short form. They never take room from the field.
+class WordsLabel final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit WordsLabel(QWidget* parent);
+  void SetWords(const QString& words, const QString& brief, bool alert);
+  const QString& Words() const { return words_; }
+  bool Fits() const;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString words_;
+  QString brief_;
+  bool alert_ = false;
+};
+
+/// Opens a page by Enter, Space or mouse; writes by Space or mouse alone.
+class PageButton final : public QPushButton {
+  Q_OBJECT
+
+ public:
+  PageButton(bool writes, QWidget* parent) : QPushButton(parent), writes_(writes) { setAutoDefault(false); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool writes_;
+};
+
+/// A strip that the wheel does not turn.
+class PageTabs final : public QTabBar {
+  Q_OBJECT
+
+ public:
+  explicit PageTabs(QWidget* parent);
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A list box to be read, three rows high; a shape stands before each alarm.
+class ReadList final : public QListWidget {
+  Q_OBJECT
+
+ public:
+  ReadList(FieldWidth width, QWidget* parent);
+  void Show(ControlId control, const std::vector<std::string>& rows);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  FieldWidth width_;
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QScrollArea>
+#include <QWidget>
+#include <vector>
+
+#include "desktop/group_flow.h"
+#include "desktop/group_view.h"
+
+namespace htr60::desktop {
+
+/// One page as its layout declares it: strips, and below them the groups of the tab in front, scrolled where needed.
+class PageView final : public QWidget {
+  Q_OBJECT
+
+ public:
+  PageView(PageContext context, const PageLayout& page, QWidget* parent);
+
+  const PageLayout& Page() const { return page_; }
+  /// Takes what is in `changed` from the form.
+  void Refresh(const ControlSet& changed);
+  void RefreshStates(const std::vector<ControlId>& controls);
+
+  /// The tab in front of the innermost strip moves on, or back.
+  void ChangeTab(int step);
+  bool FocusFirstField();
+  void FocusStart();
+  bool FocusControl(ControlId control);
+  QString NoteOfFocus() const;
+  FieldCell* CellOf(ControlId control) const;
+  const std::vector<GroupView*>& Groups() const { return groups_; }
+  /// What Tab goes through, in order.
+  std::vector<QWidget*> TabStops() const;
+
+ Q_SIGNALS:
+  void Pressed(htr60::ButtonId button);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  struct Strip {
+    TabsId id;
+    int tab;  // of the outer strip on which it stands, -1: the outer
+    PageTabs* bar;
+  };
+
+  void AddStrip(TabsId id, int tab, QLayout& column);
+  void OnTab(const Strip& strip, int index);
+  void SyncStrips();
+  void Arrange();
+  void ArrangeByTop();
+  void AlignCaptions();
+  void ChooseLetters();
+  PageTabs* Innermost() const;
+  void FocusNextField(FieldCell* from);
+  std::vector<FieldCell*> VisibleCells() const;
+
+  PageContext context_;
+  const PageLayout& page_;
+  std::vector<Strip> strips_;
+  QScrollArea* scroll_ = nullptr;
+  QWidget* content_ = nullptr;
+  GroupFlow* flow_ = nullptr;
+  std::vector<GroupView*> groups_;
+  std::vector<int> order_;
+  bool syncing_ = false;
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,193 @@
+#include "desktop/shapes.h"
+
+#include <QPainterPath>
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace htr60::desktop {
+namespace {
+
+// Rows whose every other text is a fault.
+constexpr ControlId kVerdicts[] = {
+    id::txtParameter(298), id::txtParameter(143), id::txtParameter(145),  // Sensor Diag
+    id::txtParameter(43),  id::txtParameter(361), id::txtParameter(362), id::txtParameter(363),
+    id::txtParameter(364), id::txtParameter(258), id::txtParameter(271),  // Calibration Result
+    id::ListAIAlarm,       id::ListAICurrentStateAlarm, id::LstAlarmAIView,
+};
+constexpr ControlId kSimulates[] = {id::cmbPVSimulateEnable, id::cmbPressSimulateEnable, id::cmbLevelSimulate,
+                                    id::cmbSimulateEnable, id::lbDeviceView(10)};
+
+constexpr std::string_view kWarnings[] = {"Table Not Initialised", "Disconnected", "Not Initialized"};
+constexpr std::string_view kFine[] = {"New Table is Valid", "None", "No Alarm"};
+constexpr std::string_view kNoBoard = "Sensor electronic board failure or disconnected";
+
+template <class Range, class Value>
+bool Has(const Range& range, const Value& value) {
+  return std::find(std::begin(range), std::end(range), value) != std::end(range);
+}
+
+bool HoldsStatus(RowKind kind) {
+  switch (kind) {
+    case RowKind::kText:
+    case RowKind::kStatus:
+    case RowKind::kListRo:
+    case RowKind::kListBox:
+    case RowKind::kLabel:
+    case RowKind::kMsg: return true;
+    default: return false;
+  }
+}
+
+// Points of the unit square, mapped to the room.
+struct Pen {
+  QPainter& painter;
+  QRectF room;
+  QPointF At(double x, double y) const {
+    return {room.left() + x * room.width(), room.top() + y * room.height()};
+  }
+  void Line(double x1, double y1, double x2, double y2) const { painter.drawLine(At(x1, y1), At(x2, y2)); }
+  void Path(std::initializer_list<std::array<double, 2>> points, bool close) const {
+    QPainterPath path;
+    for (const auto& [x, y] : points) {
+      if (path.elementCount() == 0) {
+        path.moveTo(At(x, y));
+      } else {
+        path.lineTo(At(x, y));
+      }
+    }
+    if (close) path.closeSubpath();
+    painter.drawPath(path);
+  }
+};
+
+void Hourglass(const Pen& pen) {
+  pen.Path({{0.2, 0.08}, {0.8, 0.08}, {0.2, 0.92}, {0.8, 0.92}}, true);
+}
+
+void NotEqual(const Pen& pen, QPen stroke, bool dashed) {
+  if (dashed) {
+    stroke.setDashPattern({1.6, 1.4});
+    stroke.setCapStyle(Qt::FlatCap);
+  }
+  pen.painter.setPen(stroke);
+  pen.Line(0.05, 0.36, 0.95, 0.36);
+  pen.Line(0.05, 0.66, 0.95, 0.66);
+  pen.Line(0.74, 0.06, 0.26, 0.96);
+}
+
+void Exclaim(const Pen& pen) {
+  pen.Line(0.5, 0.38, 0.5, 0.64);
+  pen.Line(0.5, 0.8, 0.5, 0.81);
+}
+
+bool IsAlert(Shape shape) {
+  return shape == Shape::kNotEqual || shape == Shape::kDashedNotEqual || shape == Shape::kWarning ||
+         shape == Shape::kFault;
+}
+
+}  // namespace
+
+Shape ShapeOf(FieldState state) {
+  switch (state) {
+    case FieldState::kNotRead: return Shape::kCircle;
+    case FieldState::kNotWritten: return Shape::kPencil;
+    case FieldState::kSent: return Shape::kHourglass;
+    case FieldState::kConfirmed: return Shape::kCheck;
+    case FieldState::kDiffers: return Shape::kNotEqual;
+    case FieldState::kReplaced: return Shape::kDashedNotEqual;
+    case FieldState::kChanged: return Shape::kFilledTriangle;
+    case FieldState::kNotReadBack: return Shape::kCrossedHourglass;
+    case FieldState::kAsRead:
+    case FieldState::kDeviceShows: break;
+  }
+  return Shape::kNone;
+}
+
+Shape ShapeOfStatus(ControlId control, RowKind kind, std::string_view text) {
+  if (text.empty()) return Shape::kNone;
+  if (Has(kSimulates, control)) return text == "Active" || text == "Enable" ? Shape::kWarning : Shape::kNone;
+  if (!HoldsStatus(kind)) return Shape::kNone;
+  if (text.starts_with("Good") || Has(kFine, text)) return Shape::kNone;
+  if (text.starts_with("Uncertain") || Has(kWarnings, text)) return Shape::kWarning;
+  if (text.starts_with("Bad") || text.starts_with("Not Monotonous") || text == kNoBoard) return Shape::kFault;
+  return Has(kVerdicts, control) ? Shape::kFault : Shape::kNone;
+}
+
+QColor AccentColor(const QPalette& palette) {
+  const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+  const QColor ground = palette.color(QPalette::Active, QPalette::Window);
+  // A highlight as light or as dark as the ground cannot be seen on it.
+  const bool visible = qAbs(highlight.lightness() - ground.lightness()) > 60;
+  return visible ? highlight : palette.color(QPalette::Active, QPalette::WindowText);
+}
+
+QColor AlertColor(const QPalette& palette) {
+  return palette.color(QPalette::Active, QPalette::Window).lightness() < 128 ? QColor(0xFF, 0x8A, 0x80)
+                                                                            : QColor(0xB0, 0x1B, 0x1B);
+}
+
+void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette) {
+  if (shape == Shape::kNone) return;
+  const QColor color = IsAlert(shape) ? AlertColor(palette) : AccentColor(palette);
+  const double side = std::min(room.width(), room.height());
+  const QRectF square(room.center().x() - side / 2, room.center().y() - side / 2, side, side);
+  const Pen pen{painter, square};
+  const QPen stroke(color, std::max(1.0, side / 8), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(stroke);
+  painter.setBrush(Qt::NoBrush);
+  switch (shape) {
+    case Shape::kNone: break;
+    case Shape::kCircle: painter.drawEllipse(square.adjusted(side * 0.15, side * 0.15, -side * 0.15, -side * 0.15)); break;
+    case Shape::kPencil:
+      painter.setPen(QPen(color, side / 4, Qt::SolidLine, Qt::FlatCap));
+      pen.Line(0.28, 0.72, 0.9, 0.1);
+      painter.setPen(stroke);
+      pen.Line(0.1, 0.9, 0.2, 0.8);
+      break;
+    case Shape::kHourglass: Hourglass(pen); break;
+    case Shape::kCheck: pen.Path({{0.08, 0.55}, {0.38, 0.86}, {0.92, 0.16}}, false); break;
+    case Shape::kNotEqual: NotEqual(pen, stroke, false); break;
+    case Shape::kDashedNotEqual: NotEqual(pen, stroke, true); break;
+    case Shape::kFilledTriangle:
+      painter.setBrush(color);
+      pen.Path({{0.5, 0.28}, {0.78, 0.76}, {0.22, 0.76}}, true);
+      break;
+    case Shape::kCrossedHourglass:
+      Hourglass(pen);
+      pen.Line(0.0, 0.78, 1.0, 0.22);
+      break;
+    case Shape::kWarning:
+      pen.Path({{0.5, 0.06}, {0.97, 0.94}, {0.03, 0.94}}, true);
+      Exclaim(pen);
+      break;
+    case Shape::kFault:
+      pen.Path({{0.06, 0.06}, {0.94, 0.06}, {0.94, 0.94}, {0.06, 0.94}}, true);
+      pen.Line(0.3, 0.3, 0.7, 0.7);
+      pen.Line(0.7, 0.3, 0.3, 0.7);
+      break;
+  }
+  painter.restore();
+}
+
+ShapeSlot::ShapeSlot(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
+
+void ShapeSlot::SetShape(Shape shape) {
+  if (shape_ == shape) return;
+  shape_ = shape;
+  update();
+}
+
+QSize ShapeSlot::sizeHint() const {
+  const int side = fontMetrics().ascent();
+  return {side, side};
+}
+
+void ShapeSlot::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  PaintShape(painter, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), shape_, palette());
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QPainter>
+#include <QWidget>
+#include <cstdint>
+#include <string_view>
+
+#include "desktop/core.h"
+#include "desktop/field_states.h"
+
+namespace htr60::desktop {
+
+/// Small pictures before fields. Each differs from all others in its outline: grey print loses nothing.
+enum class Shape : std::uint8_t {
+  kNone,
+  kCircle,            ///< hollow: not read
+  kPencil,            ///< slanted bar: not written
+  kHourglass,         ///< sent
+  kCheck,             ///< confirmed
+  kNotEqual,          ///< the device differs
+  kDashedNotEqual,    ///< replaced by the device
+  kFilledTriangle,    ///< changed
+  kCrossedHourglass,  ///< sent, not read back
+  kWarning,           ///< triangle: uncertain
+  kFault,             ///< square with a cross: bad
+};
+
+Shape ShapeOf(FieldState state);
+
+/// The shape before a status, a verdict, an alarm, a message. The text itself is never touched.
+Shape ShapeOfStatus(ControlId control, RowKind kind, std::string_view text);
+
+/// The operator's states, and what the operator must look at; both follow the palette.
+QColor AccentColor(const QPalette& palette);
+QColor AlertColor(const QPalette& palette);
+
+void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette);
+
+/// Room for one shape, as high as a line of text.
+class ShapeSlot final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ShapeSlot(QWidget* parent);
+  void SetShape(Shape shape);
+  Shape Current() const { return shape_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Shape shape_ = Shape::kNone;
+};
+
+}  // namespace htr60::desktop
