@@ -1,11 +1,11 @@
 #include <array>
 #include <cstddef>
-#include <iterator>
 #include <string>
 
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
 #include "pages/pages.h"
+#include "pages/table_points.h"
 #include "pages/trd_scales.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
@@ -17,37 +17,21 @@ constexpr std::string_view kPage = "TRD Table";
 constexpr std::string_view kPicturePage = "Picture Table";
 constexpr int kRead = 9;
 
-struct Point {
+constexpr std::size_t kMostPoints = kTablePoints.size();
+struct PointNames {
   std::string_view tag;
-  std::string_view xCaption;
-  TextId x;
-  std::string_view yCaption;
-  TextId y;
+  std::string_view x;
+  std::string_view y;
 };
-constexpr Point kPoints[] = {
-    {"TRDX1Y1", "X01:", id::txtParameter(21), "Y01:", id::txtParameter(36)},
-    {"TRDX2Y2", "X02:", id::txtParameter(22), "Y02:", id::txtParameter(52)},
-    {"TRDX3Y3", "X03:", id::txtParameter(27), "Y03:", id::txtParameter(53)},
-    {"TRDX4Y4", "X04:", id::txtParameter(28), "Y04:", id::txtParameter(54)},
-    {"TRDX5Y5", "X05:", id::txtParameter(29), "Y05:", id::txtParameter(55)},
-    {"TRDX6Y6", "X06:", id::txtParameter(30), "Y06:", id::txtParameter(56)},
-    {"TRDX7Y7", "X07:", id::txtParameter(31), "Y07:", id::txtParameter(66)},
-    {"TRDX8Y8", "X08:", id::txtParameter(32), "Y08:", id::txtParameter(67)},
-    {"TRDX9Y9", "X09:", id::txtParameter(33), "Y09:", id::txtParameter(68)},
-    {"TRDX10Y10", "X10:", id::txtParameter(34), "Y10:", id::txtParameter(69)},
-    {"TRDX11Y11", "X11:", id::txtParameter(35), "Y11:", id::txtParameter(70)},
-    {"TRDX12Y12", "X12:", id::txtParameter(71), "Y12:", id::txtParameter(82)},
-    {"TRDX13Y13", "X13:", id::txtParameter(72), "Y13:", id::txtParameter(83)},
-    {"TRDX14Y14", "X14:", id::txtParameter(73), "Y14:", id::txtParameter(84)},
-    {"TRDX15Y15", "X15:", id::txtParameter(74), "Y15:", id::txtParameter(85)},
-    {"TRDX16Y16", "X16:", id::txtParameter(75), "Y16:", id::txtParameter(86)},
-    {"TRDX17Y17", "X17:", id::txtParameter(76), "Y17:", id::txtParameter(87)},
-    {"TRDX18Y18", "X18:", id::txtParameter(77), "Y18:", id::txtParameter(88)},
-    {"TRDX19Y19", "X19:", id::txtParameter(78), "Y19:", id::txtParameter(89)},
-    {"TRDX20Y20", "X20:", id::txtParameter(79), "Y20:", id::txtParameter(90)},
-    {"TRDX21Y21", "X21:", id::txtParameter(80), "Y21:", id::txtParameter(91)},
-};
-constexpr std::size_t kMostPoints = std::size(kPoints);
+constexpr std::array<PointNames, kMostPoints> kPointNames = {{
+    {"TRDX1Y1", "X01:", "Y01:"},   {"TRDX2Y2", "X02:", "Y02:"},   {"TRDX3Y3", "X03:", "Y03:"},
+    {"TRDX4Y4", "X04:", "Y04:"},   {"TRDX5Y5", "X05:", "Y05:"},   {"TRDX6Y6", "X06:", "Y06:"},
+    {"TRDX7Y7", "X07:", "Y07:"},   {"TRDX8Y8", "X08:", "Y08:"},   {"TRDX9Y9", "X09:", "Y09:"},
+    {"TRDX10Y10", "X10:", "Y10:"}, {"TRDX11Y11", "X11:", "Y11:"}, {"TRDX12Y12", "X12:", "Y12:"},
+    {"TRDX13Y13", "X13:", "Y13:"}, {"TRDX14Y14", "X14:", "Y14:"}, {"TRDX15Y15", "X15:", "Y15:"},
+    {"TRDX16Y16", "X16:", "Y16:"}, {"TRDX17Y17", "X17:", "Y17:"}, {"TRDX18Y18", "X18:", "Y18:"},
+    {"TRDX19Y19", "X19:", "Y19:"}, {"TRDX20Y20", "X20:", "Y20:"}, {"TRDX21Y21", "X21:", "Y21:"},
+}};
 constexpr std::size_t kLeastPoints = 2;  // these two are always part of the curve
 
 // ---- layout
@@ -73,13 +57,12 @@ constexpr LayoutRow kTableRows[] = {
 constexpr std::array<LayoutRow, kMostPoints> kPointRows = [] {
   std::array<LayoutRow, kMostPoints> rows{};
   for (std::size_t i = 0; i < kMostPoints; ++i) {
-    const Point& point = kPoints[i];
-    rows[i] = {.caption = point.xCaption,
+    rows[i] = {.caption = kPointNames[i].x,
                .kind = RowKind::kNum,
-               .control = point.x,
+               .control = kTablePoints[i].x,
                .secondKind = RowKind::kNum,
-               .second = point.y,
-               .secondCaption = point.yCaption};
+               .second = kTablePoints[i].y,
+               .secondCaption = kPointNames[i].y};
   }
   return rows;
 }();
@@ -113,8 +96,8 @@ void OnTrdTableAnswer(UserCntrl& c, const Answer& a) {
   c.form.PictMessageTable.SetVisible(false);
   c.form.cmbLinearizationType.SetIfAny(DecodeLinType(a.Number("TRDLinType")));
   c.form.cmbNrPoints.SetText(std::to_string(a.Number("TRDNumpoints")));
-  for (const Point& point : kPoints) {
-    c.codecs.HexToFloatPair(a.Text(point.tag), c.form.At(point.x), c.form.At(point.y));
+  for (std::size_t i = 0; i < kMostPoints; ++i) {
+    c.codecs.HexToFloatPair(a.Text(kPointNames[i].tag), c.form.At(kTablePoints[i].x), c.form.At(kTablePoints[i].y));
   }
   c.form.txtParameter(45).SetText(DecodeTableStatus(a.Number("TRDTableStatus")));
 }
@@ -128,8 +111,8 @@ std::array<FixedText<16>, kMostPoints> CurvePairs(UserCntrl& c) {
   std::array<FixedText<16>, kMostPoints> pairs;
   for (std::size_t i = 0; i < kMostPoints; ++i) {
     if (i < kLeastPoints || SelectedPoints(c) >= static_cast<double>(i + 1)) {
-      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kPoints[i].x).Text()));
-      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kPoints[i].y).Text()));
+      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kTablePoints[i].x).Text()));
+      pairs[i].Append(c.codecs.FloatToHex(c.form.At(kTablePoints[i].y).Text()));
     } else if (i + 1 < kMostPoints) {
       pairs[i].Append(16, '1');
     }
@@ -164,8 +147,8 @@ void OnNumberOfPoints(UserCntrl& c) {
   const double selected = SelectedPoints(c);
   for (std::size_t i = kLeastPoints; i < kMostPoints; ++i) {
     const bool enabled = selected >= static_cast<double>(i + 1);
-    c.form.At(kPoints[i].x).SetEnabled(enabled);
-    c.form.At(kPoints[i].y).SetEnabled(enabled);
+    c.form.At(kTablePoints[i].x).SetEnabled(enabled);
+    c.form.At(kTablePoints[i].y).SetEnabled(enabled);
   }
 }
 
