@@ -1,5 +1,5 @@
-// The control's own paths beside the bare work they stand on: an answer beside the parse of its text, a request document,
-// the creation of a control.
+// The control's own paths beside the bare work they stand on: an answer beside the parse of its text, a request
+// document, the creation of a control.
 #include <benchmark/benchmark.h>
 #include <expat.h>
 
@@ -46,7 +46,8 @@ struct Bench {
   NoBoxes boxes;
   NoTimers timers;
   NoIcons icons;
-  std::shared_ptr<UserCntrl> control = UserCntrl::Create({.boxes = boxes, .timers = timers, .icons = icons}, PagesOfHtr60());
+  std::shared_ptr<UserCntrl> control =
+      UserCntrl::Create({.boxes = boxes, .timers = timers, .icons = icons}, PagesOfHtr60());
 };
 
 std::string Parameter(const std::string& tag, const std::string& value) {
@@ -59,9 +60,10 @@ std::string IdentificationAnswer() {
          Parameter("PHYManufacturer", "60BE") +
          Parameter("TRDOrderingCode", "48545236302D44322D53312D4D31000000000000000000000000000000000000") +
          Parameter("PHYFirmware", "312E3039202020202020202020202020") +
-         Parameter("PHYDevSerialNumber", "30363030303030310000000000000000") + Parameter("PHYGSDIdentNumSelector", "01") +
-         Parameter("PHYWriteProtection", "0999") + Parameter("ModemVersion", "0003") + Parameter("SnsHiVersion", "12") +
-         Parameter("SnsLoVersion", "12") + "</Answer>";
+         Parameter("PHYDevSerialNumber", "30363030303030310000000000000000") +
+         Parameter("PHYGSDIdentNumSelector", "01") + Parameter("PHYWriteProtection", "0999") +
+         Parameter("ModemVersion", "0003") + Parameter("SnsHiVersion", "12") + Parameter("SnsLoVersion", "12") +
+         "</Answer>";
 }
 
 std::string TableAnswer() {

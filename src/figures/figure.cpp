@@ -7,18 +7,24 @@ namespace htr60 {
 
 Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
   switch (kind) {
-    case FigureKind::kLinearization: return figures::LinearizationFigure(source);
-    case FigureKind::kSquareRoot: return figures::SquareRootFigure(source);
-    case FigureKind::kNone: break;
+    case FigureKind::kLinearization:
+      return figures::LinearizationFigure(source);
+    case FigureKind::kSquareRoot:
+      return figures::SquareRootFigure(source);
+    case FigureKind::kNone:
+      break;
   }
   return {};
 }
 
 bool FigureDependsOn(FigureKind kind, ControlId control) {
   switch (kind) {
-    case FigureKind::kLinearization: return figures::LinearizationDependsOn(control);
-    case FigureKind::kSquareRoot: return figures::SquareRootDependsOn(control);
-    case FigureKind::kNone: break;
+    case FigureKind::kLinearization:
+      return figures::LinearizationDependsOn(control);
+    case FigureKind::kSquareRoot:
+      return figures::SquareRootDependsOn(control);
+    case FigureKind::kNone:
+      break;
   }
   return false;
 }

@@ -66,12 +66,12 @@ struct Figure {
   std::vector<FigureLine> lines;
   std::vector<FigureMarker> markers;
   std::vector<FigureText> texts;
-  std::string verdictCaption;         ///< caption of the device's verdict, shown above with its shape
-  std::string verdict;                ///< the verdict's text as it stands
-  std::vector<std::string> above;     ///< further lines above
-  std::vector<std::string> remarks;   ///< lines below, the figure's own begin with "Check:"
-  std::string missing;                ///< not empty: nothing can be drawn, and this says why
-  std::string sentence;               ///< what the figure shows, for assistive technology
+  std::string verdictCaption;        ///< caption of the device's verdict, shown above with its shape
+  std::string verdict;               ///< the verdict's text as it stands
+  std::vector<std::string> above;    ///< further lines above
+  std::vector<std::string> remarks;  ///< lines below, the figure's own begin with "Check:"
+  std::string missing;               ///< not empty: nothing can be drawn, and this says why
+  std::string sentence;              ///< what the figure shows, for assistive technology
 };
 
 /// What a figure is computed from: the form's texts, and what only the view knows of them.

@@ -43,8 +43,8 @@ enum Ordinal : std::uint16_t {
 };
 
 // First ordinal of each kind's block: the first entry of the kind in controls.def.
-inline constexpr std::uint16_t kFirst[] = {txtParameter, lbArray,           CmdWriteMeasType, cmbAITarget,
-                                           ListAIAlarm,  SSTabCalibWithRef, frmzGroup,        PictMessageTable, count};
+inline constexpr std::uint16_t kFirst[] = {txtParameter,      lbArray,   CmdWriteMeasType, cmbAITarget, ListAIAlarm,
+                                           SSTabCalibWithRef, frmzGroup, PictMessageTable, count};
 
 }  // namespace ordinals
 

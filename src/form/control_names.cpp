@@ -31,9 +31,11 @@ constexpr auto kByName = [] {
 }();
 
 constexpr std::string_view kTimers[kTimerCount] = {
-    "TimerInit",   "TimerReadAfterWrite", "TimerReadPressure",  "TimerReadTemp",      "TimerAIOut",      "TimerDeviceView",
-    "TimerAIView", "TimerChar",           "TimerMonit1",        "TimerMonit2",        "TimerMonit3",     "TimerMonit4",
-    "TimerSensorValue", "TimerDiagnosisTab3", "TimerDiagnosisTab4", "TimerMonitCalib", "TimerCalibRef", "TimerWriteCopyTrdOut",
+    "TimerInit",        "TimerReadAfterWrite",  "TimerReadPressure",  "TimerReadTemp",
+    "TimerAIOut",       "TimerDeviceView",      "TimerAIView",        "TimerChar",
+    "TimerMonit1",      "TimerMonit2",          "TimerMonit3",        "TimerMonit4",
+    "TimerSensorValue", "TimerDiagnosisTab3",   "TimerDiagnosisTab4", "TimerMonitCalib",
+    "TimerCalibRef",    "TimerWriteCopyTrdOut",
 };
 
 }  // namespace
@@ -41,8 +43,8 @@ constexpr std::string_view kTimers[kTimerCount] = {
 std::optional<ControlId> FindControl(std::string_view name) {
   const std::size_t bracket = name.find('(');
   const std::string_view base = name.substr(0, bracket);
-  const auto* entry =
-      std::lower_bound(kByName.begin(), kByName.end(), base, [](const NameEntry& e, std::string_view n) { return e.name < n; });
+  const auto* entry = std::lower_bound(kByName.begin(), kByName.end(), base,
+                                       [](const NameEntry& e, std::string_view n) { return e.name < n; });
   if (entry == kByName.end() || entry->name != base) return std::nullopt;
   if (entry->indexes.empty()) {
     if (bracket != std::string_view::npos) return std::nullopt;

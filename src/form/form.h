@@ -58,7 +58,8 @@ class Form {
 #define HTR60_MEMBER(type, store, kind, name) \
   type& name = store[ordinals::name - ordinals::kFirst[static_cast<int>(ControlKind::kind)]];
 #define HTR60_MEMBER_ARRAY(type, store, kind, name) \
-  ControlArray<type, indexes::name> name{&store[ordinals::name - ordinals::kFirst[static_cast<int>(ControlKind::kind)]]};
+  ControlArray<type, indexes::name> name{           \
+      &store[ordinals::name - ordinals::kFirst[static_cast<int>(ControlKind::kind)]]};
 #define HTR60_TEXT(name) HTR60_MEMBER(TextField, texts_, kText, name)
 #define HTR60_TEXT_ARRAY(name) HTR60_MEMBER_ARRAY(TextField, texts_, kText, name)
 #define HTR60_LABEL(name) HTR60_MEMBER(Label, labels_, kLabel, name)
@@ -139,14 +140,22 @@ class Form {
 template <class Visitor>
 decltype(auto) Form::Visit(ControlId control, Visitor&& visit) {
   switch (KindOf(control)) {
-    case ControlKind::kText: return visit(At(TextId{control}));
-    case ControlKind::kLabel: return visit(At(LabelId{control}));
-    case ControlKind::kButton: return visit(At(ButtonId{control}));
-    case ControlKind::kChoice: return visit(At(ChoiceId{control}));
-    case ControlKind::kListBox: return visit(At(ListBoxId{control}));
-    case ControlKind::kTabs: return visit(At(TabsId{control}));
-    case ControlKind::kFrame: return visit(At(FrameId{control}));
-    case ControlKind::kPicture: break;
+    case ControlKind::kText:
+      return visit(At(TextId{control}));
+    case ControlKind::kLabel:
+      return visit(At(LabelId{control}));
+    case ControlKind::kButton:
+      return visit(At(ButtonId{control}));
+    case ControlKind::kChoice:
+      return visit(At(ChoiceId{control}));
+    case ControlKind::kListBox:
+      return visit(At(ListBoxId{control}));
+    case ControlKind::kTabs:
+      return visit(At(TabsId{control}));
+    case ControlKind::kFrame:
+      return visit(At(FrameId{control}));
+    case ControlKind::kPicture:
+      break;
   }
   return visit(At(PictureId{control}));
 }

@@ -32,10 +32,14 @@ constexpr WidthClass WidthOf(RowKind kind) {
   switch (kind) {
     case RowKind::kNum:
     case RowKind::kValue:
-    case RowKind::kLabel: return WidthClass::kN;
-    case RowKind::kStatus: return WidthClass::kW;
-    case RowKind::kMsg: return WidthClass::kPage;
-    default: return WidthClass::kM;
+    case RowKind::kLabel:
+      return WidthClass::kN;
+    case RowKind::kStatus:
+      return WidthClass::kW;
+    case RowKind::kMsg:
+      return WidthClass::kPage;
+    default:
+      return WidthClass::kM;
   }
 }
 
@@ -71,8 +75,8 @@ struct LayoutRow {
   std::string_view secondCaption{};
   WidthClass secondWidth = WidthClass::kKind;
   std::string_view note{};  ///< shown on request, beside the page's purpose
-  bool sameLine = false;  ///< stands behind the row before it
-  bool live = false;      ///< an answer of a polling timer replaces it
+  bool sameLine = false;    ///< stands behind the row before it
+  bool live = false;        ///< an answer of a polling timer replaces it
 };
 
 /// A group of rows on a page, on a tab, or on an inner tab.
@@ -86,7 +90,7 @@ struct LayoutGroup {
   bool beside = false;    ///< beside the group before it, below on a narrow page
   bool box = true;        ///< drawn as a box; without a caption never
   bool separate = false;  ///< starts a new line of groups
-  PictureId panel{};        ///< the waiting panel across the page area: no place in the page's flow
+  PictureId panel{};      ///< the waiting panel across the page area: no place in the page's flow
   bool byTop = false;     ///< stands in the order of its frame's top among the groups so marked
 };
 

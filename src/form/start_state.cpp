@@ -149,29 +149,42 @@ constexpr StartText kTexts[] = {
 
 // Hidden until something shows them.
 constexpr ControlId kHidden[] = {
-    id::lbArray(7),        id::lbArray(8),          id::lbArray(9),          id::txtParameter(7),
-    id::txtParameter(8),   id::txtParameter(9),     id::lbArray(347),        id::lbArray(348),
-    id::txtParameter(176), id::cmbAgile,            id::lbParameter(6),      id::Frame1,
-    id::lbArray(349),      id::cmbAIConfig,         id::cmdWriteAIConfig,    id::cmbTRDScaleAI,
-    id::cmbWritePVScale,   id::cmbWritePVScaleUnit, id::lbStatusSensorValue, id::lbArray(26),
-    id::PictMessageTable,  id::txtParameter(50),    id::txtParameter(51),    id::txtParameter(57),
-    id::txtParameter(58),  id::lbArray(74),         id::lbArray(76),         id::lbArray(77),
-    id::lbArray(78),       id::txtParameter(183),   id::txtParameter(184),   id::txtParameter(185),
-    id::txtParameter(186), id::txtParameter(187),   id::txtParameter(188),   id::txtParameter(189),
-    id::txtParameter(190), id::txtParameter(191),   id::txtParameter(192),   id::lbArray(294),
-    id::lbArray(295),      id::lbArray(296),        id::lbArray(297),        id::lbArray(298),
-    id::lbArray(299),      id::lbArray(300),        id::lbArray(301),        id::lbArray(302),
-    id::lbArray(303),      id::frmzGroup(12),       id::cmdTablePoints,      id::txtParameter(197),
-    id::txtParameter(198), id::txtParameter(199),   id::txtParameter(200),   id::txtParameter(201),
+    id::lbArray(7),          id::lbArray(8),
+    id::lbArray(9),          id::txtParameter(7),
+    id::txtParameter(8),     id::txtParameter(9),
+    id::lbArray(347),        id::lbArray(348),
+    id::txtParameter(176),   id::cmbAgile,
+    id::lbParameter(6),      id::Frame1,
+    id::lbArray(349),        id::cmbAIConfig,
+    id::cmdWriteAIConfig,    id::cmbTRDScaleAI,
+    id::cmbWritePVScale,     id::cmbWritePVScaleUnit,
+    id::lbStatusSensorValue, id::lbArray(26),
+    id::PictMessageTable,    id::txtParameter(50),
+    id::txtParameter(51),    id::txtParameter(57),
+    id::txtParameter(58),    id::lbArray(74),
+    id::lbArray(76),         id::lbArray(77),
+    id::lbArray(78),         id::txtParameter(183),
+    id::txtParameter(184),   id::txtParameter(185),
+    id::txtParameter(186),   id::txtParameter(187),
+    id::txtParameter(188),   id::txtParameter(189),
+    id::txtParameter(190),   id::txtParameter(191),
+    id::txtParameter(192),   id::lbArray(294),
+    id::lbArray(295),        id::lbArray(296),
+    id::lbArray(297),        id::lbArray(298),
+    id::lbArray(299),        id::lbArray(300),
+    id::lbArray(301),        id::lbArray(302),
+    id::lbArray(303),        id::frmzGroup(12),
+    id::cmdTablePoints,      id::txtParameter(197),
+    id::txtParameter(198),   id::txtParameter(199),
+    id::txtParameter(200),   id::txtParameter(201),
     id::txtParameter(202),
 };
 
 constexpr std::string_view kTwoSensors[] = {"Hi Sensor ", "Lo Sensor "};
 constexpr std::string_view kSensorFlange[] = {"Sensor", "Flange"};
 constexpr std::string_view kTrdSettings[] = {"Settings", "Scales/Units", "Simulate", "Sensor Value"};
-constexpr std::string_view kDensity[] = {"Settings",       "Scales/Units", "Advanced",
-                                         "Backup Restore", "Simulate",     "HTR Range Code",
-                                         "Others"};
+constexpr std::string_view kDensity[] = {"Settings", "Scales/Units",   "Advanced", "Backup Restore",
+                                         "Simulate", "HTR Range Code", "Others"};
 constexpr std::string_view kAi[] = {"Basic Settings", "Scales",     "Alarm/Warning", "Fail Safe",
                                     "Simulate",       "Mode Block", "AI Graphic"};
 constexpr std::string_view kLcd[] = {"Monit 1", "Monit 2", "Monit 3", "User Prmt", "LCD Switch", "LCD Bargraph"};
@@ -180,8 +193,8 @@ constexpr std::string_view kDensityCalib[] = {"Measured Type", "Lower", "Upper",
 constexpr std::string_view kCalibWithRef[] = {"Cal Unit", "Hi Press Cal Sensor", "Lo Press Cal Sensor"};
 constexpr std::string_view kUpperLower[] = {"Upper", "Lower"};
 constexpr std::string_view kDiagnosis[] = {"Sensor", "Sensor Value", "Dynamic Values"};
-constexpr std::string_view kFactory[] = {"Backup Restore", "GSD",           "Reset",
-                                         "Write Protect",  " Hi/Lo Sensor Cal", "Factory Sensor"};
+constexpr std::string_view kFactory[] = {"Backup Restore",    "GSD",           "Reset", "Write Protect",
+                                         " Hi/Lo Sensor Cal", "Factory Sensor"};
 constexpr std::string_view kFactorySensor[] = {"Hi Sensor ",  "Lo Sensor ",         "Polynomial",
                                                "Gain/OffSet", "Backup/Zero Filter", "Calibration"};
 

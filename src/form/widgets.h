@@ -104,8 +104,8 @@ class ChoiceList : public Control {
  public:
   const std::string& Text() const { return text_; }
   std::span<const std::string_view> Rows() const { return rows_; }
-  /// The program's set: raises the change event where the text differs. A closed list throws `RuntimeFailure` for a text
-  /// that is none of its rows, and stays as it was.
+  /// The program's set: raises the change event where the text differs. A closed list throws `RuntimeFailure` for a
+  /// text that is none of its rows, and stays as it was.
   void SetText(std::string_view text);
   /// As `SetText`, but an empty text leaves the list as it is.
   void SetIfAny(std::string_view text);
@@ -138,7 +138,8 @@ class ListBox : public Control {
   std::vector<std::string> rows_;
 };
 
-/// A strip of tabs. Setting another tab raises the click event, whoever sets it; setting the tab in front raises nothing.
+/// A strip of tabs. Setting another tab raises the click event, whoever sets it; setting the tab in front raises
+/// nothing.
 class TabStrip : public Control {
  public:
   int Index() const { return index_; }
@@ -244,8 +245,8 @@ enum class TimerId : std::uint8_t {
 };
 inline constexpr std::size_t kTimerCount = 18;
 
-/// Fires while it is enabled and its interval is above 0. Setting the interval begins the wait anew; enabling an enabled
-/// timer changes nothing.
+/// Fires while it is enabled and its interval is above 0. Setting the interval begins the wait anew; enabling an
+/// enabled timer changes nothing.
 class Timer {
  public:
   TimerId Id() const { return id_; }

@@ -16,8 +16,9 @@ struct NodeSpec {
 constexpr std::string_view kSelectedPicture = "Biblio";
 
 constexpr NodeSpec kTop[] = {
-    {0, "OnLine Parameterize", "window_list"}, {0, "Observe", "window_list"},        {0, "Diagnosis", "window_list"},
-    {1, "Blocks", "edittrash"},                {4, "Primary Value Type", "forward2"},
+    {0, "OnLine Parameterize", "window_list"}, {0, "Observe", "window_list"},
+    {0, "Diagnosis", "window_list"},           {1, "Blocks", "edittrash"},
+    {4, "Primary Value Type", "forward2"},
 };
 
 constexpr NodeSpec kBaseRest[] = {
@@ -28,9 +29,15 @@ constexpr NodeSpec kBaseRest[] = {
 
 // Behind the measurement type's own node at position 6.
 constexpr NodeSpec kTypeRest[] = {
-    {4, "Analog Input 1", "forward2"}, {4, "Analog Input 2", "forward2"}, {4, "Analog Input 3", "forward2"},
-    {4, "LCD Config", "forward2"},     {4, "Factory", "konqueror8"},      {6, "Calibration", "konqueror8"},
-    {1, "Device Identification", "folder1"}, {2, "AI 1 View", "folder1"}, {2, "AI 2 View", "folder1"},
+    {4, "Analog Input 1", "forward2"},
+    {4, "Analog Input 2", "forward2"},
+    {4, "Analog Input 3", "forward2"},
+    {4, "LCD Config", "forward2"},
+    {4, "Factory", "konqueror8"},
+    {6, "Calibration", "konqueror8"},
+    {1, "Device Identification", "folder1"},
+    {2, "AI 1 View", "folder1"},
+    {2, "AI 2 View", "folder1"},
     {2, "AI 3 View", "folder1"},
 };
 

@@ -34,9 +34,9 @@ constexpr PollRow kPolls[] = {{TimerId::TimerAIOut, 37, PollDocument::kOwn, Bloc
 constexpr std::string_view kModes[] = {"Auto", "Man", "Out of Service"};
 constexpr std::string_view kFailSafes[] = {"FSafe_Value", "Last Usable Value", "Use Wrong Value"};
 constexpr std::string_view kScaleUnits[] = {
-    "Pa",           "MPa",          "kPa",         "bar",          "mbar",        "torr",        "atm",
-    "psi",          "g/cm²",        "kg/cm²",      "inH2O (4°C)",  "inH2O (68°F)", "mmH2O (4°C)", "mmH2O (68°F)",
-    "mH2O",         "ftH2O (68°F)", "inHg (0°C)",  "mmHg (0°C)",   "°C",
+    "Pa",   "MPa",          "kPa",        "bar",         "mbar",         "torr",        "atm",
+    "psi",  "g/cm²",        "kg/cm²",     "inH2O (4°C)", "inH2O (68°F)", "mmH2O (4°C)", "mmH2O (68°F)",
+    "mH2O", "ftH2O (68°F)", "inHg (0°C)", "mmHg (0°C)",  "°C",
 };
 constexpr std::string_view kSimulate[] = {"Disable", "Active"};
 constexpr std::string_view kConfigs[] = {"Config 1", "Config 2"};

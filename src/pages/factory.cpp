@@ -52,7 +52,6 @@ constexpr NodeRow kNodes[] = {
 
 }  // namespace
 
-constexpr PageUnit kUnit{
-    .answers = kAnswers, .rereads = kRereads, .backs = kBacks, .fills = kFills, .nodes = kNodes};
+constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .backs = kBacks, .fills = kFills, .nodes = kNodes};
 
 }  // namespace htr60::pages::factory

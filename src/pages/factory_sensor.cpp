@@ -16,9 +16,9 @@ constexpr RereadRow kRereads[] = {
 };
 
 constexpr std::string_view kFlangeTypes[] = {
-    "Conventional",        "Coplanar",          "Remote Seal",       "Level 3in 150lb",    "Level 4in 150lb",
-    "Level 3in 300lb",     "Level 4in 300lb",   "Level DN80 PN25/40", "Level DN100 PN25/40", "Level DN100 PN10/16",
-    "Level 2in 150lb",     "Level 2in 300lb",   "Level DN50 PN10/16", "Level DN50 PN25/40", "Level DN80 PN10/16",
+    "Conventional",    "Coplanar",        "Remote Seal",        "Level 3in 150lb",     "Level 4in 150lb",
+    "Level 3in 300lb", "Level 4in 300lb", "Level DN80 PN25/40", "Level DN100 PN25/40", "Level DN100 PN10/16",
+    "Level 2in 150lb", "Level 2in 300lb", "Level DN50 PN10/16", "Level DN50 PN25/40",  "Level DN80 PN10/16",
 };
 constexpr std::string_view kFlangeMaterials[] = {"Carbon Steel", "Undefined", "316 Stainless Steel"};
 constexpr std::string_view kORings[] = {"PTFE", "Viton", "Buna-N", "Ethyl-Prop"};

@@ -82,7 +82,6 @@ constexpr NodeRow kNodes[] = {
 
 }  // namespace
 
-constexpr PageUnit kUnit{
-    .answers = kAnswers, .rereads = kRereads, .polls = kPolls, .fills = kFills, .nodes = kNodes};
+constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .polls = kPolls, .fills = kFills, .nodes = kNodes};
 
 }  // namespace htr60::pages::lcd

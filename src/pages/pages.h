@@ -2,9 +2,9 @@
 
 #include "shell/page_unit.h"
 
-#define HTR60_PAGE(name)          \
-  namespace htr60::pages::name {  \
-  extern const PageUnit kUnit;    \
+#define HTR60_PAGE(name)         \
+  namespace htr60::pages::name { \
+  extern const PageUnit kUnit;   \
   }
 #include "pages/pages.def"
 #undef HTR60_PAGE

@@ -11,7 +11,9 @@ constexpr std::string_view kPage = "Primary Value Type";
 constexpr int kRead = 79;
 
 constexpr LayoutRow kRows[] = {
-    {.caption = "Primary Value Type", .kind = RowKind::kList, .control = id::cmbPVType,
+    {.caption = "Primary Value Type",
+     .kind = RowKind::kList,
+     .control = id::cmbPVType,
      .note = "A change sets the transducer to the defaults of the new type."},
 };
 constexpr LayoutGroup kGroups[] = {{.caption = "Primary Value Type", .rows = kRows}};

@@ -9,10 +9,10 @@ namespace htr60 {
 namespace {
 
 constexpr TimerId kPollingTimers[] = {
-    TimerId::TimerReadPressure, TimerId::TimerReadTemp,      TimerId::TimerAIOut,         TimerId::TimerDeviceView,
-    TimerId::TimerAIView,       TimerId::TimerChar,          TimerId::TimerMonit1,        TimerId::TimerMonit2,
-    TimerId::TimerMonit3,       TimerId::TimerMonit4,        TimerId::TimerSensorValue,   TimerId::TimerDiagnosisTab3,
-    TimerId::TimerDiagnosisTab4, TimerId::TimerMonitCalib,   TimerId::TimerCalibRef,
+    TimerId::TimerReadPressure,  TimerId::TimerReadTemp,   TimerId::TimerAIOut,       TimerId::TimerDeviceView,
+    TimerId::TimerAIView,        TimerId::TimerChar,       TimerId::TimerMonit1,      TimerId::TimerMonit2,
+    TimerId::TimerMonit3,        TimerId::TimerMonit4,     TimerId::TimerSensorValue, TimerId::TimerDiagnosisTab3,
+    TimerId::TimerDiagnosisTab4, TimerId::TimerMonitCalib, TimerId::TimerCalibRef,
 };
 
 // frmAITOTGraphic is not among them: once shown its flag stays set.
@@ -106,9 +106,12 @@ void UserCntrl::OnTimerInit() {
 
 void UserCntrl::OnPoll(const PollRow& row) {
   switch (row.document) {
-    case PollDocument::kFresh: return Read(row.read);
-    case PollDocument::kStored: return ReadStored(row.read);
-    case PollDocument::kOwn: return Read(row.read, row.operands(*this));
+    case PollDocument::kFresh:
+      return Read(row.read);
+    case PollDocument::kStored:
+      return ReadStored(row.read);
+    case PollDocument::kOwn:
+      return Read(row.read, row.operands(*this));
   }
 }
 

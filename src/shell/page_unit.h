@@ -189,16 +189,16 @@ struct NodeRow {
   std::string_view page{};     ///< empty: the node's text
   std::string_view subPage{};  ///< empty: unchanged
   FrameId frame{};
-  TabsId strip{};                       ///< set to tab 0
+  TabsId strip{};  ///< set to tab 0
   bool writeEnabled = true;
-  int read = 0;                       ///< 0: none
+  int read = 0;  ///< 0: none
   std::int16_t UserCntrl::*firstVisit = nullptr;
   FillMoment fills = FillMoment::kStart;  ///< with `firstVisit`
   bool polls = false;
   TimerId timer = TimerId::TimerInit;  ///< with `polls`
   int interval = 0;
   bool readsOnce = false;  ///< the offline texts: read 91 once in the control's life, node expanded, Save enabled
-  bool (*when)(UserCntrl&) = nullptr;  ///< the row counts only where this holds
+  bool (*when)(UserCntrl&) = nullptr;      ///< the row counts only where this holds
   Call<void, std::string_view> also = {};  ///< with the node's text, behind the page's names
 };
 

@@ -94,7 +94,7 @@ struct Ports {
   ITimers& timers;
   IIcons& icons;
   IFormWatcher* watcher = nullptr;  ///< none: nobody looks
-  char decimalSeparator = '.';  ///< of the operator's locale: '.' or ','
+  char decimalSeparator = '.';      ///< of the operator's locale: '.' or ','
 };
 
 }  // namespace htr60

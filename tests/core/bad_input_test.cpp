@@ -56,8 +56,9 @@ TEST(AnswerReader, TakesWellFormedDocumentsAlone) {
 
 TEST(AnswerReader, TheFirstOfATagCounts) {
   AnswerReader reader;
-  const Answer* answer = reader.Read(R"(<A><P tag="T"/><P tag="T" value="1"/><P tag="V" value=""/><P tag="V" value="2"/>)"
-                                     R"(<P value="9" tag="W"/><P TAG="w" value="3"/></A>)");
+  const Answer* answer =
+      reader.Read(R"(<A><P tag="T"/><P tag="T" value="1"/><P tag="V" value=""/><P tag="V" value="2"/>)"
+                  R"(<P value="9" tag="W"/><P TAG="w" value="3"/></A>)");
   ASSERT_NE(answer, nullptr);
   EXPECT_THROW((void)answer->Text("T"), RuntimeFailure);
   EXPECT_EQ(answer->Text("V"), "");
@@ -69,7 +70,8 @@ TEST(AnswerReader, TheFirstOfATagCounts) {
 TEST(AnswerReader, StandsLargeAndDeepDocuments) {
   AnswerReader reader;
   std::string many = "<A>";
-  for (int i = 0; i < 20000; ++i) many += "<P tag=\"X" + std::to_string(i) + "\" value=\"" + std::to_string(i % 10) + "\"/>";
+  for (int i = 0; i < 20000; ++i)
+    many += "<P tag=\"X" + std::to_string(i) + "\" value=\"" + std::to_string(i % 10) + "\"/>";
   const Answer* answer = reader.Read(many + "</A>");
   ASSERT_NE(answer, nullptr);
   EXPECT_EQ(answer->Text("X19999"), "9");

@@ -84,8 +84,7 @@ TEST(LinearizationFigure, TellsWrittenFromUnwrittenAndFocused) {
   EXPECT_EQ(Count(figure, MarkerShape::kHollowSquare), 1);
   EXPECT_EQ(Count(figure, MarkerShape::kRing), 1);
   EXPECT_EQ(figure.verdict, "New Table is Valid");
-  EXPECT_EQ(figure.above,
-            std::vector<std::string>{"Not written yet: the status belongs to the curve in the device."});
+  EXPECT_EQ(figure.above, std::vector<std::string>{"Not written yet: the status belongs to the curve in the device."});
   f.known = false;
   EXPECT_FALSE(f.Of(FigureKind::kLinearization).missing.empty());
 }

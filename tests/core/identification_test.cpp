@@ -162,13 +162,22 @@ TEST(Identification, WritesTagAndProtectionAndReadsAgain) {
 
 TEST(SensorInfo, DecodesBothSensorsInTheirOrder) {
   Driver d(Driver::Captured());
-  const Tags sensors = {
-      {"TRDTransducerType", "006C"},        {"TRDTransducerType_Lo", "FFFF"},     {"TRDSensorType", "0075"},
-      {"TRDSensorType_Lo", "0076"},         {"TRDSensorRangeCode", "02"},         {"TRDSensorRangeCode_Lo", "FD"},
-      {"TRDSensorFillFluid", "0003"},       {"TRDSensorFillFluid_Lo", "00AA"},    {"TRDSensorSerialNumber", "7FFFFFFF"},
-      {"TRDSensorSerialNumber_Lo", "80000000"}, {"TRDSensorDiaMtrl", "0013"},     {"TRDSensorDiaMtrl_Lo", "00F0"},
-      {"TRDSensorLimitHi_SnsHi", "4215999A"}, {"TRDSensorLimitHi_SnsLo", "3F800000"},
-      {"TRDSensorLimitLo_SnsHi", "C215999A"}, {"TRDSensorLimitLo_SnsLo", "00000000"}};
+  const Tags sensors = {{"TRDTransducerType", "006C"},
+                        {"TRDTransducerType_Lo", "FFFF"},
+                        {"TRDSensorType", "0075"},
+                        {"TRDSensorType_Lo", "0076"},
+                        {"TRDSensorRangeCode", "02"},
+                        {"TRDSensorRangeCode_Lo", "FD"},
+                        {"TRDSensorFillFluid", "0003"},
+                        {"TRDSensorFillFluid_Lo", "00AA"},
+                        {"TRDSensorSerialNumber", "7FFFFFFF"},
+                        {"TRDSensorSerialNumber_Lo", "80000000"},
+                        {"TRDSensorDiaMtrl", "0013"},
+                        {"TRDSensorDiaMtrl_Lo", "00F0"},
+                        {"TRDSensorLimitHi_SnsHi", "4215999A"},
+                        {"TRDSensorLimitHi_SnsLo", "3F800000"},
+                        {"TRDSensorLimitLo_SnsHi", "C215999A"},
+                        {"TRDSensorLimitLo_SnsLo", "00000000"}};
   Send(d, 200, sensors);
   const std::pair<const char*, const char*> kFields[] = {
       {"txtParameter(11)", "Gauge"},

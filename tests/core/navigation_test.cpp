@@ -11,7 +11,8 @@ using Sent = std::vector<std::string>;
 
 std::vector<std::string> TreeTexts(Driver& d) {
   std::vector<std::string> texts;
-  for (const Json& node : d.Ok({{"do", "tree"}})["nodes"]) {
+  const Json tree = d.Ok({{"do", "tree"}});
+  for (const Json& node : tree["nodes"]) {
     texts.push_back(std::to_string(node["parent"].get<int>()) + " " + node["text"].get<std::string>());
   }
   return texts;
@@ -31,9 +32,14 @@ TEST(Tree, FollowsThePrimaryValueType) {
   };
   // Pressure and Flow share one tree; an unknown code decides on what the list shows.
   constexpr Step kSteps[] = {
-      {"00FF", "4 Analog Input 1", false},      {"0000", "5 Pressure/Flow", true}, {"0001", "5 Pressure/Flow", false},
-      {"0002", "5 Level", true},                {"7777", "5 Level", false},        {"0002", "5 Level", false},
-      {"0081", "5 Density/Concentration", true}, {"0000", "5 Pressure/Flow", true},
+      {"00FF", "4 Analog Input 1", false},
+      {"0000", "5 Pressure/Flow", true},
+      {"0001", "5 Pressure/Flow", false},
+      {"0002", "5 Level", true},
+      {"7777", "5 Level", false},
+      {"0002", "5 Level", false},
+      {"0081", "5 Density/Concentration", true},
+      {"0000", "5 Pressure/Flow", true},
   };
   for (const Step& step : kSteps) {
     d.Ok({{"do", "activate"}, {"node", "Observe"}});
@@ -101,8 +107,12 @@ TEST(NodeActivation, DoesWhatItsRowSays) {
     d.Activate(n.node);
     EXPECT_EQ(d.Member("CurrentPage"), n.page);
     EXPECT_EQ(d.Member("SubPage"), *n.subPage ? n.subPage : "Sub before");
-    if (*n.frame) EXPECT_TRUE(d.Get(n.frame).at("visible").get<bool>());
-    if (std::string_view(n.page) != "Identification") EXPECT_FALSE(d.Get("frmInfo").at("visible").get<bool>());
+    if (*n.frame) {
+      EXPECT_TRUE(d.Get(n.frame).at("visible").get<bool>());
+    }
+    if (std::string_view(n.page) != "Identification") {
+      EXPECT_FALSE(d.Get("frmInfo").at("visible").get<bool>());
+    }
     if (std::string_view(n.page) != "Before") {
       EXPECT_EQ(d.Get("cmdWriteParameter").at("enabled"), n.write);
     }
@@ -113,7 +123,9 @@ TEST(NodeActivation, DoesWhatItsRowSays) {
       EXPECT_EQ(requests[0]["attributes"][0], n.block);
       EXPECT_EQ(d.Ok({{"do", "status"}})["panels"][3]["text"], "Reading Xmtr Data...");
     }
-    if (*n.timer) EXPECT_EQ(d.Timer(n.timer), (Json{{"enabled", true}, {"interval", n.interval}}));
+    if (*n.timer) {
+      EXPECT_EQ(d.Timer(n.timer), (Json{{"enabled", true}, {"interval", n.interval}}));
+    }
   }
 }
 
@@ -139,6 +151,8 @@ TEST(NodeActivation, TheBlockOfAnEarlierPageIsCarriedAlong) {
 TEST(NodeActivation, EndsAllPollingAndListsAreFilledOnce) {
   Driver d(Driver::Captured());
   d.Init();
+  d.Advance(2000);
+  d.Sent();
   d.Activate("LCD Config");
   EXPECT_EQ(d.Get("cmbLCDSwitch").at("items").size(), 3U);
   d.Ok({{"do", "choose"}, {"control", "cmbLCDSwitch"}, {"text", "2"}});
@@ -156,7 +170,8 @@ TEST(Disconnected, ANodeShowsTheMessageAndThenAsksOnceForTheState) {
   Driver d(Driver::Captured());
   d.Init();
   d.Answer(9000, "<DTMInfo state='Offline' />");
-  d.Ok({{"do", "boxes"}, {"answers", Json::array({{{"answer", "OK"}, {"during", Json::array({{{"do", "requests"}}})}}})}});
+  d.Ok({{"do", "boxes"},
+        {"answers", Json::array({{{"answer", "OK"}, {"during", Json::array({{{"do", "requests"}}})}}})}});
   d.Activate("Observe");
   const Json boxes = d.Shown();
   ASSERT_EQ(boxes.size(), 1U);

@@ -292,7 +292,9 @@ TEST(Lists, AreFilledAtTheirMoment) {
     }
     const Json items = d.Get(l.list).at("items");
     EXPECT_EQ(items.size(), l.rows);
-    if (l.rows > 0) EXPECT_EQ(items.back(), l.last);
+    if (l.rows > 0) {
+      EXPECT_EQ(items.back(), l.last);
+    }
   }
 }
 

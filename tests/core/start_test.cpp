@@ -16,8 +16,8 @@ TEST(Start, TheFormStandsAsDesigned) {
   const Json names = d.Ok({{"do", "controls"}})["controls"];
   std::vector<std::string> visibleFrames;
   for (const std::string name : names) {
-    if (name.starts_with("frm") && !name.starts_with("frmz") && !name.starts_with("frmGroup") && name != "frmTreeView" &&
-        d.Get(name).at("visible").get<bool>()) {
+    if (name.starts_with("frm") && !name.starts_with("frmz") && !name.starts_with("frmGroup") &&
+        name != "frmTreeView" && d.Get(name).at("visible").get<bool>()) {
       visibleFrames.push_back(name);
     }
   }
@@ -31,7 +31,8 @@ TEST(Start, TheFormStandsAsDesigned) {
   EXPECT_EQ(d.Get("frmzGroup(61)").at("top"), 4560);
   EXPECT_EQ(d.Get("frmGroupParameter(2)").at("height"), 960);
   EXPECT_EQ(d.Text("lbArray(520)"), "Hi Sensor Limit");
-  for (const char* hidden : {"txtParameter(7)", "lbArray(348)", "cmbTRDScaleAI", "PictMessageTable", "txtParameter(200)"}) {
+  for (const char* hidden :
+       {"txtParameter(7)", "lbArray(348)", "cmbTRDScaleAI", "PictMessageTable", "txtParameter(200)"}) {
     EXPECT_FALSE(d.Get(hidden).at("visible").get<bool>()) << hidden;
   }
   EXPECT_EQ(d.Timer("TimerInit"), (Json{{"enabled", true}, {"interval", 2000}}));
@@ -137,7 +138,8 @@ TEST(Document, EscapesValuesAndKeepsAllPositions) {
   values[0] = "a<b>&\"'\t";
   values[23] = "";
   const std::string document = d.Ok({{"do", "docXml"}, {"values", values}})["result"];
-  EXPECT_TRUE(document.starts_with("<ViewData><ControlData Attribute1=\"a&lt;b&gt;&amp;&quot;'&#9;\" Attribute2=\"None\""))
+  EXPECT_TRUE(
+      document.starts_with("<ViewData><ControlData Attribute1=\"a&lt;b&gt;&amp;&quot;'&#9;\" Attribute2=\"None\""))
       << document;
   EXPECT_TRUE(document.ends_with(" Attribute24=\"\"/></ViewData>")) << document;
 }
