@@ -1,0 +1,127 @@
+#include "desktop/host.h"
+
+#include <QFile>
+#include <QLocale>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "desktop/qt_text.h"
+#include "desktop/status_panels.h"
+#include "pages/pages.h"
+
+namespace htr60::desktop {
+namespace {
+
+char DecimalSeparator() { return QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.'; }
+
+QMessageBox::StandardButton StandardButtonOf(BoxButton button) {
+  switch (button) {
+    case BoxButton::kYes:
+      return QMessageBox::Yes;
+    case BoxButton::kNo:
+      return QMessageBox::No;
+    case BoxButton::kOk:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kInformation:
+      return QMessageBox::Information;
+    case BoxIcon::kStop:
+      return QMessageBox::Critical;
+    case BoxIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+Host::Host(const sim::Settings& settings) {
+  clock_.start();
+  transmitterTimer_.setSingleShot(true);
+  transmitterTimer_.setTimerType(Qt::PreciseTimer);
+  connect(&transmitterTimer_, &QTimer::timeout, this, &Host::RunTransmitter);
+  for (int i = 0; i < static_cast<int>(kTimerCount); ++i) {
+    QTimer& timer = timers_[static_cast<std::size_t>(i)];
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    connect(&timer, &QTimer::timeout, this, [this, i] {
+      control_->TimerDue(i);
+      FormChanged();
+    });
+  }
+  manager_ = sim::Manager::Create(settings, [this] { return clock_.elapsed(); });
+  manager_->onScheduleChanged = [this] { ArmTransmitter(); };
+  ArmTransmitter();
+  const Ports ports{
+      .boxes = *this, .timers = *this, .icons = *this, .watcher = this, .decimalSeparator = DecimalSeparator()};
+  control_ = UserCntrl::Create(ports, PagesOfHtr60());
+  control_->Init("htr60", "", manager_);
+}
+
+Host::~Host() {
+  control_->PrepareToRelease();
+  control_.reset();
+  manager_->onScheduleChanged = nullptr;
+}
+
+BoxButton Host::Show(const MessageBox& box) {
+  ArmTransmitter();  // answers go on while the box is open, also when it was opened while one was handled
+  const QPointer<QMessageBox> dialog = new QMessageBox(boxParent_);
+  dialog->setTextFormat(Qt::PlainText);
+  dialog->setText(ToQt(box.text));
+  dialog->setWindowTitle(ToQt(box.caption));
+  dialog->setIcon(IconOf(box.icon));
+  for (const BoxButton button : box.buttons) dialog->addButton(StandardButtonOf(button));
+  BoxButton closed = BoxButton::kOk;
+  if (std::find(box.buttons.begin(), box.buttons.end(), BoxButton::kNo) != box.buttons.end()) {
+    closed = BoxButton::kNo;
+    dialog->setDefaultButton(QMessageBox::No);
+    dialog->setEscapeButton(QMessageBox::No);
+  }
+  const int pressed = dialog->exec();
+  delete dialog;
+  for (const BoxButton button : box.buttons) {
+    if (pressed == StandardButtonOf(button)) return button;
+  }
+  return closed;
+}
+
+void Host::Arm(int timer, std::int32_t milliseconds) {
+  timers_.at(static_cast<std::size_t>(timer)).start(milliseconds);
+}
+
+void Host::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).stop(); }
+
+bool Host::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
+
+void Host::FormChanged() {
+  if (turnQueued_) return;
+  turnQueued_ = true;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        turnQueued_ = false;
+        Q_EMIT TurnEnded();
+      },
+      Qt::QueuedConnection);
+}
+
+void Host::ArmTransmitter() {
+  const auto due = manager_ != nullptr ? manager_->NextDue() : std::nullopt;
+  if (!due) return transmitterTimer_.stop();
+  transmitterTimer_.start(static_cast<int>(std::clamp<std::int64_t>(*due - clock_.elapsed(), 0, 24 * 3600 * 1000)));
+}
+
+// One delivery a turn, so that the control's timers and the operator come in between.
+void Host::RunTransmitter() {
+  manager_->RunOne(clock_.elapsed());
+  FormChanged();
+  ArmTransmitter();
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "desktop/core.h"
+
+namespace htr60::desktop {
+
+/// A text that can be copied whole, also where only its beginning fits.
+class CopyLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit CopyLabel(QWidget* parent);
+  void SetFullText(const QString& text);
+  const QString& FullText() const { return full_; }
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  void Fit();
+  QString full_;
+};
+
+/// Who the instrument is, as the program set it last, never what is being typed.
+class IdentificationStrip final : public QFrame {
+  Q_OBJECT
+
+ public:
+  IdentificationStrip(Form& form, QWidget* parent);
+  void Apply();
+  /// The tag as the device holds it, without the blanks around it; empty while it was not read.
+  QString Tag() const;
+  /// What stands in the strip, from left to right.
+  QStringList Texts() const;
+
+ private:
+  struct Item {
+    ControlId control;
+    CopyLabel* label;
+    std::uint32_t sets = 0;
+  };
+  Form& form_;
+  std::vector<Item> items_;
+  QLabel* padlock_;
+  QString tag_;
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,271 @@
+#include "desktop/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/action_area.h"
+#include "desktop/identification_strip.h"
+#include "desktop/page_area.h"
+#include "desktop/page_header.h"
+#include "desktop/qt_text.h"
+#include "desktop/status_panels.h"
+#include "desktop/tree_panel.h"
+
+namespace htr60::desktop {
+namespace {
+
+// Units of 1/96 inch.
+constexpr int kSmallestWidth = 900;
+constexpr int kSmallestHeight = 600;
+constexpr int kFirstWidth = 1100;
+constexpr int kFirstHeight = 720;
+constexpr int kSmallestTree = 180;
+
+constexpr const char* kGeometryKey = "window/geometry";
+constexpr const char* kSplitterKey = "window/splitter";
+
+}  // namespace
+
+MainWindow::MainWindow(Host& host, Places places) : host_(host), control_(host.Control()), places_(places) {
+  setWindowIcon(QIcon(QStringLiteral(":/htr60/htr60.svg")));
+  MakeLayout();
+  MakeMenus();
+  MakeKeys();
+  setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));
+  resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
+  RestorePlaces();
+  host_.SetBoxParent(this);
+  connect(&host_, &Host::TurnEnded, this, &MainWindow::Turn);
+  tree_->Apply();
+  LimitTree();
+  panels_->Apply(control_.form.statusBar);
+  Turn();
+  tree_->setFocus();
+}
+
+void MainWindow::MakeLayout() {
+  auto* all = new QWidget(this);
+  auto* column = new QVBoxLayout(all);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  strip_ = new IdentificationStrip(control_.form, all);
+  splitter_ = new QSplitter(Qt::Horizontal, all);
+  splitter_->setChildrenCollapsible(false);
+  panels_ = new StatusPanels(all);
+  column->addWidget(strip_);
+  column->addWidget(splitter_, 1);
+  column->addWidget(panels_);
+
+  tree_ = new TreePanel(control_.form.treeView, splitter_);
+  auto* right = new QWidget(splitter_);
+  auto* rightColumn = new QVBoxLayout(right);
+  rightColumn->setContentsMargins(0, 0, 0, 0);
+  rightColumn->setSpacing(0);
+  header_ = new PageHeader(control_, right);
+  page_ = new PageArea(control_, right);
+  actions_ = new ActionArea(right);
+  rightColumn->addWidget(header_);
+  rightColumn->addWidget(page_, 1);
+  rightColumn->addWidget(actions_);
+  splitter_->addWidget(tree_);
+  splitter_->addWidget(right);
+  splitter_->setStretchFactor(0, 0);
+  splitter_->setStretchFactor(1, 1);
+  setCentralWidget(all);
+
+  connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
+  connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
+    openers_.push_back(opener);
+    header_->Opened();
+    focusAfter_ = FocusAfter::kFirstField;
+  });
+  connect(page_, &PageArea::CountsChanged, this, [this] {
+    const PageLayout* page = page_->Current();
+    actions_->ShowCounts(page != nullptr ? page_->States().Counts(*page) : StateCounts{});
+  });
+  connect(page_, &PageArea::LeftWithoutWriting, actions_, &ActionArea::ShowMessage);
+  connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
+  connect(actions_, &ActionArea::WritePressed, this, [this] { page_->Press(id::cmdWriteParameter); });
+  connect(actions_, &ActionArea::NotWrittenPressed, this, [this] { page_->FocusFirst(FieldState::kNotWritten); });
+  connect(actions_, &ActionArea::SentPressed, this, [this] { page_->FocusFirst(FieldState::kSent); });
+  connect(actions_, &ActionArea::ConfirmedPressed, this, [this] { page_->FocusFirst(FieldState::kConfirmed); });
+}
+
+// The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.
+void MainWindow::MakeMenus() {
+  QMenu* simulator = menuBar()->addMenu(tr("Simulator"));
+  offline_ = simulator->addAction(tr("Offline"));
+  offline_->setCheckable(true);
+  connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
+  QMenu* presets = simulator->addMenu(tr("Start Anew With"));
+  for (const std::string_view name : sim::PresetNames()) {
+    const QString preset = ToQt(name);
+    presets->addAction(preset, this, [this, preset] { Q_EMIT TransmitterWanted(preset); });
+  }
+  simulator->addSeparator();
+  simulator->addAction(tr("Quit"), this, &MainWindow::close);
+  QMenu* help = menuBar()->addMenu(tr("Help"));
+  help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, &MainWindow::ShowHelp);
+  help->addAction(tr("About HTR60"), this, &MainWindow::ShowAbout);
+}
+
+void MainWindow::MakeKeys() {
+  const auto on = [this](const QKeySequence& keys, auto run) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+  };
+  on(QKeySequence(Qt::Key_F5), [this] { ActivateAgain(); });
+  on(QKeySequence(Qt::Key_F6), [this] { StepFocus(1); });
+  on(QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { StepFocus(-1); });
+  on(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { actions_->Back()->click(); });
+}
+
+void MainWindow::Turn() {
+  const FormChanges changes = control_.form.TakeChanges();
+  const std::vector<int> handledCodes = control_.TakeHandledCodes();
+  if (changes.tree) {
+    tree_->Apply();
+    LimitTree();
+  }
+  if (changes.status) panels_->Apply(control_.form.statusBar);
+  strip_->Apply();
+  page_->Apply(changes, handledCodes);
+  header_->Apply(page_->Current(), page_->Title(), handledCodes);
+  actions_->Apply(control_.form);
+  const QString tag = strip_->Tag();
+  setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
+  PutActionsLast();
+  MoveFocus();
+}
+
+void MainWindow::MoveFocus() {
+  switch (std::exchange(focusAfter_, FocusAfter::kStays)) {
+    case FocusAfter::kFirstField:
+      page_->FocusFirstField();
+      break;
+    case FocusAfter::kOpener:
+      if (!opener_ || !page_->FocusControl(opener_)) page_->FocusPage();
+      break;
+    case FocusAfter::kStays:
+      break;
+  }
+}
+
+void MainWindow::ActivateNode(const QString& text, int position) {
+  openers_.clear();
+  control_.Activate(ToUtf8(text), position);
+  page_->PageActivated();
+  header_->Opened();
+}
+
+void MainWindow::ActivateAgain() {
+  const std::string text = control_.LastActivated();
+  if (text.empty()) return;
+  const auto& nodes = control_.form.treeView.Nodes();
+  const auto node = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == text; });
+  ActivateNode(ToQt(text), node == nodes.end() ? 0 : static_cast<int>(node - nodes.begin()) + 1);
+}
+
+void MainWindow::PressBack() {
+  opener_ = {};
+  if (!openers_.empty()) {
+    opener_ = openers_.back();
+    openers_.pop_back();
+  }
+  page_->Press(id::cmdBack);
+  header_->Returned();
+  focusAfter_ = FocusAfter::kOpener;
+}
+
+void MainWindow::StepFocus(int step) {
+  const QWidget* focus = QApplication::focusWidget();
+  int now = 0;
+  if (focus != nullptr && page_->isAncestorOf(focus)) now = 1;
+  if (focus != nullptr && actions_->isAncestorOf(focus)) now = 2;
+  switch ((now + step + 3) % 3) {
+    case 0:
+      tree_->setFocus(Qt::ShortcutFocusReason);
+      break;
+    case 1:
+      page_->FocusPage();
+      break;
+    default:
+      for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
+        if (!button->isEnabled() || !button->isVisible()) continue;
+        button->setFocus(Qt::ShortcutFocusReason);
+        break;
+      }
+  }
+}
+
+void MainWindow::ShowHelp() {
+  const PageLayout* page = page_->Current();
+  QMessageBox box(this);
+  box.setWindowTitle(tr("HTR60"));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(page != nullptr ? page_->Title() : tr("No page is open. Choose a node in the tree."));
+  QStringList lines;
+  if (page != nullptr) lines << ToQt(page->purpose);
+  if (const QString note = page_->NoteOfFocus(); !note.isEmpty()) lines << note;
+  box.setInformativeText(lines.join(QStringLiteral("\n\n")));
+  box.exec();
+}
+
+void MainWindow::ShowAbout() {
+  QMessageBox::about(this, tr("About HTR60"),
+                     tr("HTR60 %1\nOperator interface of the HTR60 transmitter, here with a simulated one.")
+                         .arg(QStringLiteral(HTR60_VERSION)));
+}
+
+// Pages are made when they are first shown, and a new widget is the last stop of Tab: the action area moves behind it.
+void MainWindow::PutActionsLast() {
+  if (chained_ == page_->Current()) return;
+  chained_ = page_->Current();
+  QWidget* last = this;
+  while (true) {
+    last = last->previousInFocusChain();
+    if (!actions_->isAncestorOf(last) && last != actions_) break;
+    if (last == this) return;
+  }
+  for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
+    setTabOrder(last, button);
+    last = button;
+  }
+}
+
+// No text of the tree is cut while there is room: the splitter gives way, up to half the window.
+void MainWindow::LimitTree() {
+  const int most = std::max(width() / 2, Pixels(*this, kSmallestTree));
+  tree_->setMinimumWidth(std::clamp(tree_->TextWidth(), Pixels(*this, kSmallestTree), most));
+  tree_->setMaximumWidth(most);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  LimitTree();
+}
+
+void MainWindow::RestorePlaces() {
+  if (places_ != Places::kKept) return;
+  const QSettings settings;
+  restoreGeometry(settings.value(QLatin1String(kGeometryKey)).toByteArray());
+  splitter_->restoreState(settings.value(QLatin1String(kSplitterKey)).toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (places_ == Places::kKept) {
+    QSettings settings;
+    settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
+    settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+  }
+  QMainWindow::closeEvent(event);
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,80 @@
+#include "desktop/options.h"
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <nlohmann/json.hpp>
+
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+QString PresetList() {
+  QStringList names;
+  for (const std::string_view name : sim::PresetNames()) names << ToQt(name);
+  return names.join(QStringLiteral(", "));
+}
+
+[[noreturn]] void Fail(const QString& sentence) { throw OptionError(ToUtf8(sentence)); }
+
+nlohmann::json ReadFile(const QString& name) {
+  QFile file(name);
+  if (!file.open(QIODevice::ReadOnly)) Fail(QStringLiteral("%1: %2").arg(name, file.errorString()));
+  const QByteArray text = file.readAll();
+  try {
+    return nlohmann::json::parse(text.begin(), text.end());
+  } catch (const nlohmann::json::exception& error) {
+    Fail(QStringLiteral("%1: %2").arg(name, QString::fromUtf8(error.what())));
+  }
+}
+
+}  // namespace
+
+Options ReadOptions(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QStringLiteral("Operator interface of the HTR60 transmitter, with a simulated one."));
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Print this and end."));
+  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                   QStringLiteral("Print the version and end."));
+  const QCommandLineOption settings(QStringLiteral("settings"),
+                                    QStringLiteral("Settings of the simulated transmitter, a JSON file."),
+                                    QStringLiteral("FILE"));
+  const QCommandLineOption preset(QStringLiteral("preset"),
+                                  QStringLiteral("Ready-made settings: %1.").arg(PresetList()), QStringLiteral("NAME"));
+  const QCommandLineOption tour(QStringLiteral("tour"),
+                                QStringLiteral("Go through the pages by a script, print each step and leave a picture "
+                                               "of each page in DIR. Needs no display."),
+                                QStringLiteral("DIR"));
+  parser.addOptions({help, version, settings, preset, tour});
+  if (!parser.parse(arguments)) Fail(parser.errorText());
+  if (!parser.positionalArguments().isEmpty()) {
+    Fail(QStringLiteral("Unexpected argument '%1'.").arg(parser.positionalArguments().constFirst()));
+  }
+  Options options;
+  options.preset = parser.value(preset);
+  options.settings = parser.value(settings);
+  options.tour = parser.value(tour);
+  if (parser.isSet(tour) && options.tour.isEmpty()) Fail(QStringLiteral("The tour needs a folder."));
+  if (parser.isSet(help)) {
+    // Without an application object the parser does not know the name of the program.
+    options.say = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("htr60"));
+  } else if (parser.isSet(version)) {
+    options.say = QStringLiteral("htr60 %1\n").arg(QStringLiteral(HTR60_VERSION));
+  }
+  return options;
+}
+
+sim::Settings LoadSettings(const Options& options) {
+  try {
+    nlohmann::json object = nlohmann::json::object();
+    if (!options.preset.isEmpty()) object = sim::PresetObject(ToUtf8(options.preset));
+    if (!options.settings.isEmpty()) object = sim::MergeSettings(std::move(object), ReadFile(options.settings));
+    return sim::Parse(object);
+  } catch (const sim::SettingsError& error) {
+    const QString where = options.settings.isEmpty() ? QStringLiteral("Preset") : options.settings;
+    Fail(QStringLiteral("%1: %2").arg(where, QString::fromUtf8(error.what())));
+  }
+}
+
+}  // namespace htr60::desktop

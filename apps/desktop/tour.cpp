@@ -1,0 +1,200 @@
+#include "desktop/tour.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QTabBar>
+#include <QTextStream>
+
+#include "desktop/choice_field.h"
+#include "desktop/page_area.h"
+#include "desktop/page_header.h"
+#include "desktop/qt_text.h"
+#include "desktop/tree_panel.h"
+#include "form/control_names.h"
+
+namespace htr60::desktop {
+namespace {
+
+constexpr int kTickMs = 50;
+constexpr int kPatienceMs = 20'000;
+
+struct Word {
+  TourDo what;
+  const char* word;
+};
+constexpr Word kWords[] = {
+    {TourDo::kNode, "node"},     {TourDo::kButton, "button"},   {TourDo::kTab, "tab"}, {TourDo::kType, "type"},
+    {TourDo::kChoose, "choose"}, {TourDo::kWrite, "write"},     {TourDo::kBox, "box"}, {TourDo::kWait, "wait"},
+    {TourDo::kExpect, "expect"}, {TourDo::kPicture, "picture"},
+};
+
+void Key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(&widget, &event);
+  }
+}
+
+void ClickAt(QWidget& widget, const QPoint& at) {
+  const QPointF place = at;
+  const QPointF global = widget.mapToGlobal(place);
+  QMouseEvent press(QEvent::MouseButtonPress, place, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &press);
+  QMouseEvent release(QEvent::MouseButtonRelease, place, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &release);
+}
+
+// The widget of a control that is to be seen: a control has one on each page view that shows it.
+template <class Widget>
+Widget* Shown(QWidget& window, ControlId control) {
+  for (Widget* widget : window.findChildren<Widget*>(ToQt(NameOf(control)))) {
+    if (widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+QString Describe(const TourStep& step) {
+  QString line;
+  for (const Word& word : kWords) {
+    if (word.what == step.what) line = QLatin1String(word.word);
+  }
+  if (step.control) line += QLatin1Char(' ') + ToQt(NameOf(step.control));
+  if (step.what == TourDo::kTab) line += QLatin1Char(' ') + QString::number(step.number);
+  if (!step.text.empty()) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
+  return line;
+}
+
+Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder)
+    : window_(window), control_(control), steps_(steps), folder_(folder) {
+  ticks_.setInterval(kTickMs);
+  connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
+}
+
+void Tour::Start() {
+  sinceStep_.start();
+  ticks_.start();
+}
+
+// One step a tick, so that the window has its turn in between; a step that is not ready is tried again.
+void Tour::Tick() {
+  if (next_ == steps_.size()) return End(0);
+  const TourStep& step = steps_[next_];
+  const auto number = static_cast<int>(next_ + 1);
+  // A box that the step opens runs its own event loop: the ticks within it belong to the step behind.
+  ++next_;
+  const Outcome outcome = Try(step);
+  const bool late = sinceStep_.elapsed() > kPatienceMs;
+  if (outcome == Outcome::kNotYet && !late) {
+    --next_;
+    return;
+  }
+  QTextStream out(stdout);
+  out << number << ". " << Describe(step);
+  if (outcome == Outcome::kDone) {
+    out << Qt::endl;
+    sinceStep_.restart();
+    return;
+  }
+  out << (late ? ": waited too long" : ": cannot be done") << Qt::endl;
+  End(1);
+}
+
+void Tour::End(int exitCode) {
+  ticks_.stop();
+  if (QWidget* box = QApplication::activeModalWidget()) box->close();
+  Q_EMIT Finished(exitCode);
+}
+
+Tour::Outcome Tour::Try(const TourStep& step) {
+  switch (step.what) {
+    case TourDo::kNode:
+      return window_.Tree().Press(ToQt(step.text)) ? Outcome::kDone : Outcome::kCannot;
+    case TourDo::kButton:
+      return Press(ButtonId{step.control});
+    case TourDo::kTab:
+      return PressTab(step);
+    case TourDo::kType:
+      return Type(step);
+    case TourDo::kChoose:
+      return Choose(step);
+    case TourDo::kWrite:
+      return Press(id::cmdWriteParameter);
+    case TourDo::kBox:
+      return PressBox(step);
+    case TourDo::kWait:
+      return window_.Header().Settled() ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kExpect:
+      return control_.form.TextOf(step.control) == step.text ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kPicture:
+      return TakePicture(step);
+  }
+  return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Press(ButtonId button) {
+  auto* shown = Shown<QAbstractButton>(window_, button);
+  if (shown == nullptr || !shown->isEnabled()) return Outcome::kCannot;
+  shown->click();
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::PressTab(const TourStep& step) {
+  auto* strip = Shown<QTabBar>(window_, step.control);
+  if (strip == nullptr || step.number >= strip->count()) return Outcome::kCannot;
+  ClickAt(*strip, strip->tabRect(step.number).center());
+  return strip->currentIndex() == step.number ? Outcome::kDone : Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Type(const TourStep& step) {
+  auto* field = Shown<QLineEdit>(window_, step.control);
+  if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
+  field->setFocus(Qt::TabFocusReason);
+  field->selectAll();
+  Key(*field, Qt::Key_Delete);
+  for (const QChar letter : ToQt(step.text)) Key(*field, 0, Qt::NoModifier, letter);
+  return field->text() == ToQt(step.text) ? Outcome::kDone : Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Choose(const TourStep& step) {
+  auto* field = Shown<ChoiceField>(window_, step.control);
+  if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
+  field->setFocus(Qt::TabFocusReason);
+  field->showPopup();
+  if (field->Popup() == nullptr) return Outcome::kCannot;
+  QListView* list = field->Popup()->List();
+  for (int row = 0; row < list->model()->rowCount(); ++row) {
+    const QModelIndex index = list->model()->index(row, 0);
+    if (!index.flags().testFlag(Qt::ItemIsSelectable) || index.data().toString() != ToQt(step.text)) continue;
+    list->setCurrentIndex(index);
+    Key(*list, Qt::Key_Return);
+    return field->Popup() == nullptr || !field->Popup()->isVisible() ? Outcome::kDone : Outcome::kCannot;
+  }
+  field->hidePopup();
+  return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::PressBox(const TourStep& step) {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr) return Outcome::kNotYet;
+  const QMessageBox::StandardButton wanted = step.text == "Yes"  ? QMessageBox::Yes
+                                             : step.text == "No" ? QMessageBox::No
+                                                                 : QMessageBox::Ok;
+  QAbstractButton* button = box->button(wanted);
+  if (button == nullptr) return Outcome::kCannot;
+  button->click();
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::TakePicture(const TourStep& step) {
+  const QString name = QStringLiteral("%1-%2.png")
+                           .arg(++pictures_, 2, 10, QLatin1Char('0'))
+                           .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+  return window_.grab().save(folder_.filePath(name)) ? Outcome::kDone : Outcome::kCannot;
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "desktop/core.h"
+
+namespace htr60::desktop {
+
+enum class TourDo : std::uint8_t {
+  kNode,     ///< presses the node `text` of the tree
+  kButton,   ///< presses the button `control`: of the page, Back or Save
+  kTab,      ///< presses tab `number` of the strip `control`
+  kType,     ///< replaces the text of the field `control` by `text`
+  kChoose,   ///< picks the row `text` of the list `control`
+  kWrite,    ///< presses Write
+  kBox,      ///< waits for a message box and presses "OK", "Yes" or "No" in it
+  kWait,     ///< waits until the page is read and nothing is under way
+  kExpect,   ///< waits until the form shows `text` in `control`
+  kPicture,  ///< leaves a picture of the window under the name `text`
+};
+
+struct TourStep {
+  TourDo what;
+  ControlId control = {};
+  std::string_view text = {};
+  int number = 0;
+};
+
+/// The tour of the pages, in order.
+std::span<const TourStep> TourSteps();
+
+}  // namespace htr60::desktop

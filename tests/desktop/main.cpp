@@ -1,0 +1,18 @@
+#include <QApplication>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  QApplication application(argc, argv);
+  // What the window keeps goes to a folder of this run.
+  const QTemporaryDir folder;
+  QSettings::setDefaultFormat(QSettings::IniFormat);
+  QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+  QApplication::setOrganizationName(QStringLiteral("htr60"));
+  QApplication::setApplicationName(QStringLiteral("htr60-tests"));
+  QLocale::setDefault(QLocale::c());
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,65 @@
+#include "desktop/options.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+namespace htr60::desktop {
+namespace {
+
+QString Write(const QTemporaryDir& folder, const char* text) {
+  QFile file(folder.filePath(QStringLiteral("settings.json")));
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(text);
+  return file.fileName();
+}
+
+Options Read(QStringList arguments) {
+  arguments.prepend(QStringLiteral("htr60"));
+  return ReadOptions(arguments);
+}
+
+std::string ErrorOf(const QStringList& arguments) {
+  try {
+    LoadSettings(Read(arguments));
+  } catch (const OptionError& error) {
+    return error.what();
+  }
+  return {};
+}
+
+TEST(Options, HelpAndVersionSaySomethingAndNothingElseDoes) {
+  const QString help = Read({QStringLiteral("--help")}).say;
+  for (const char* option : {"htr60", "--settings", "--preset", "--tour", "trim-course"}) {
+    EXPECT_TRUE(help.contains(QLatin1String(option))) << option;
+  }
+  EXPECT_TRUE(Read({QStringLiteral("--version")}).say.startsWith(QLatin1String("htr60 ")));
+  EXPECT_TRUE(Read({QStringLiteral("--tour"), QStringLiteral("pictures")}).say.isEmpty());
+  EXPECT_EQ(Read({QStringLiteral("--tour"), QStringLiteral("pictures")}).tour, QStringLiteral("pictures"));
+}
+
+TEST(Options, AFileOfSettingsGoesOverThePreset) {
+  const QTemporaryDir folder;
+  const QString file = Write(folder, R"({"device":{"tag":"FIC-7"}})");
+  const sim::Settings settings =
+      LoadSettings(Read({QStringLiteral("--preset"), QStringLiteral("level"), QStringLiteral("--settings"), file}));
+  EXPECT_EQ(settings.device.tag, "FIC-7");
+  EXPECT_EQ(settings.device.primaryValueType, sim::kLevel);
+  EXPECT_EQ(LoadSettings(Read({})).device.primaryValueType, sim::kPressure);
+}
+
+TEST(Options, WhatCannotBeTakenIsNamed) {
+  const QTemporaryDir folder;
+  const QString missing = folder.filePath(QStringLiteral("missing.json"));
+  EXPECT_NE(ErrorOf({QStringLiteral("--settings"), missing}).find("missing.json"), std::string::npos);
+  EXPECT_NE(ErrorOf({QStringLiteral("--preset"), QStringLiteral("nowhere")}).find("nowhere"), std::string::npos);
+  EXPECT_NE(ErrorOf({QStringLiteral("--nonsense")}).find("nonsense"), std::string::npos);
+  EXPECT_NE(ErrorOf({QStringLiteral("stray")}).find("stray"), std::string::npos);
+  EXPECT_NE(ErrorOf({QStringLiteral("--tour"), QString()}), "");
+  EXPECT_NE(ErrorOf({QStringLiteral("--settings"), Write(folder, "{")}), "");
+  EXPECT_NE(ErrorOf({QStringLiteral("--settings"), Write(folder, R"({"device":{"tagg":"x"}})")}).find("tagg"),
+            std::string::npos);
+}
+
+}  // namespace
+}  // namespace htr60::desktop

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QShortcut>
+#include <QTimer>
+#include <functional>
+
+#include "desktop/action_area.h"
+#include "desktop/host.h"
+#include "desktop/identification_strip.h"
+#include "desktop/main_window.h"
+#include "desktop/page_area.h"
+#include "desktop/page_header.h"
+#include "desktop/qt_text.h"
+#include "desktop/tree_panel.h"
+#include "form/control_names.h"
+
+namespace htr60::desktop {
+
+/// Lets the event loop run until `done` or until it has taken too long.
+inline bool WaitFor(const std::function<bool()>& done, int patienceMs = 10'000) {
+  QEventLoop loop;
+  QTimer look;
+  QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+    if (done()) loop.quit();
+  });
+  QTimer::singleShot(patienceMs, &loop, &QEventLoop::quit);
+  look.start(5);
+  loop.exec();
+  return done();
+}
+
+inline void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
+  QWidget* focus = QApplication::focusWidget();
+  ASSERT_NE(focus, nullptr);
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(focus, &event);
+  }
+}
+
+/// A window before a simulated transmitter, shown.
+class Session : public testing::Test {
+ protected:
+  explicit Session(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
+      : host_(settings), window_(host_, places) {
+    window_.show();
+    window_.activateWindow();
+    QApplication::processEvents();
+  }
+
+  UserCntrl& Control() { return host_.Control(); }
+  Form& TheForm() { return host_.Control().form; }
+  bool Settle() {
+    return WaitFor([this] { return window_.Header().Settled(); });
+  }
+  bool Open(const char* node) {
+    QApplication::processEvents();
+    return window_.Tree().Press(QLatin1String(node)) && Settle();
+  }
+  template <class Widget>
+  Widget* Find(ControlId control) {
+    for (Widget* widget : window_.findChildren<Widget*>(ToQt(NameOf(control)))) {
+      if (widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
+  /// Presses a key of the window.
+  void Shortcut(const QKeySequence& keys) {
+    for (QShortcut* shortcut : window_.findChildren<QShortcut*>()) {
+      if (shortcut->key() == keys && shortcut->isEnabled()) return Q_EMIT shortcut->activated();
+    }
+    FAIL() << keys.toString().toStdString();
+  }
+  std::string Panel(int number) { return TheForm().statusBar.Panel(number).text; }
+
+  Host host_;
+  MainWindow window_;
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,250 @@
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSettings>
+#include <QSplitter>
+
+#include "session.h"
+
+namespace htr60::desktop {
+namespace {
+
+using WindowTest = Session;
+
+QMessageBox* OpenBox() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+
+TEST_F(WindowTest, StartsWithTheIdentificationPageUnread) {
+  EXPECT_EQ(window_.windowTitle(), QStringLiteral("HTR60 - SIMULATED"));
+  EXPECT_EQ(window_.Header().Title(), QStringLiteral("Device Identification"));
+  EXPECT_EQ(window_.Header().DataText(), QStringLiteral("Not read since opened"));
+  for (const QString& text : window_.Identification().Texts()) EXPECT_TRUE(text.endsWith(QLatin1String("not read")));
+  EXPECT_FALSE(window_.Actions().Back()->isEnabled());
+  EXPECT_FALSE(window_.Actions().Save()->isEnabled());
+  EXPECT_TRUE(window_.Actions().Write()->isEnabled());
+  EXPECT_EQ(window_.Actions().Save()->toolTip(),
+            QStringLiteral("The device keeps every value: there is nothing to save here."));
+  // The start reads by itself two seconds later.
+  ASSERT_TRUE(Settle());
+  EXPECT_TRUE(window_.Header().DataText().startsWith(QLatin1String("Read ")));
+}
+
+TEST_F(WindowTest, IdentificationShowsWhatTheProgramSetAndNotWhatIsTyped) {
+  ASSERT_TRUE(Open("Device Identification"));
+  const QStringList texts = window_.Identification().Texts();
+  EXPECT_EQ(texts, QStringList({QStringLiteral("HTR60-1"), QStringLiteral("Lorvane Process Instruments"),
+                                QStringLiteral("SN 06000001"), QStringLiteral("Firmware 1.09"),
+                                QStringLiteral("Pressure"), QStringLiteral("Write Unlocked")}));
+  EXPECT_EQ(window_.windowTitle(), QStringLiteral("HTR60-1 - HTR60 - SIMULATED"));
+  auto* tag = Find<QLineEdit>(id::txtParameter(0));
+  ASSERT_NE(tag, nullptr);
+  tag->setFocus();
+  tag->selectAll();
+  PressKey(Qt::Key_A, Qt::NoModifier, QStringLiteral("A"));
+  QApplication::processEvents();
+  EXPECT_EQ(TheForm().txtParameter(0).Text(), "A");
+  EXPECT_EQ(window_.Identification().Texts(), texts);
+  EXPECT_EQ(window_.Actions().Counts(), QStringList(QStringLiteral("1 not written")));
+  window_.Actions().Write()->click();
+  ASSERT_TRUE(WaitFor([&] { return window_.Identification().Tag() == QLatin1String("A"); }));
+  EXPECT_EQ(window_.windowTitle(), QStringLiteral("A - HTR60 - SIMULATED"));
+  EXPECT_EQ(window_.Actions().Counts(), QStringList(QStringLiteral("all confirmed")));
+}
+
+TEST_F(WindowTest, ArrowsMoveTheSelectionAloneAndEnterActivates) {
+  ASSERT_TRUE(Open("Device Identification"));
+  window_.Tree().setFocus();
+  const std::string code = Control().RequestCode;
+  PressKey(Qt::Key_Down);
+  QApplication::processEvents();
+  EXPECT_NE(window_.Tree().currentItem()->text(0), QStringLiteral("Device Identification"));
+  EXPECT_EQ(Control().RequestCode, code);
+  EXPECT_EQ(Control().CurrentPage, "Identification");
+  // F5 is the node activated last, wherever the selection stands.
+  Control().RequestCode = "none";
+  Shortcut(QKeySequence(Qt::Key_F5));
+  EXPECT_EQ(Control().RequestCode, code);
+  ASSERT_TRUE(window_.Tree().Press(QStringLiteral("Observe")));
+  EXPECT_EQ(Control().CurrentPage, "Observe");
+  EXPECT_FALSE(TheForm().cmdWriteParameter.Enabled());
+  QApplication::processEvents();
+  EXPECT_FALSE(window_.Actions().Write()->isEnabled());
+  EXPECT_TRUE(window_.Tree().hasFocus());
+  window_.Tree().setCurrentItem(window_.Tree().topLevelItem(2));
+  PressKey(Qt::Key_Return);
+  EXPECT_EQ(Control().CurrentPage, "Diagnosis");
+}
+
+TEST_F(WindowTest, ATypeChangeGivesATreeWithAllNodesOpen) {
+  ASSERT_TRUE(Open("Device Identification"));
+  const auto find = [&](const char* text) {
+    const auto found = window_.Tree().findItems(QLatin1String(text), Qt::MatchExactly | Qt::MatchRecursive);
+    return found.isEmpty() ? nullptr : found.first();
+  };
+  ASSERT_NE(find("Pressure/Flow"), nullptr);
+  window_.Tree().collapseAll();
+  ASSERT_TRUE(Open("Primary Value Type"));
+  EXPECT_FALSE(find("Blocks")->isExpanded());  // no rebuild: what the operator closed stays closed
+  Control().Pick(id::cmbPVType, 2);
+  window_.Actions().Write()->click();
+  ASSERT_TRUE(WaitFor([&] { return find("Level") != nullptr; }));
+  EXPECT_EQ(find("Pressure/Flow"), nullptr);
+  for (const char* node : {"OnLine Parameterize", "Observe", "Blocks", "Primary Value Type", "Level"}) {
+    EXPECT_TRUE(find(node)->isExpanded()) << node;
+  }
+  EXPECT_EQ(find("Calibration")->parent(), find("Level"));
+  EXPECT_FALSE(find("Level")->icon(0).isNull());
+}
+
+TEST_F(WindowTest, BackLeadsToTheButtonThatOpenedThePage) {
+  ASSERT_TRUE(Open("Device Identification"));
+  auto* details = Find<QAbstractButton>(id::cmdSensorDetails);
+  ASSERT_NE(details, nullptr);
+  details->click();
+  ASSERT_TRUE(Settle());
+  EXPECT_EQ(window_.Header().Title(), QStringLiteral("Sensor Details"));
+  EXPECT_TRUE(window_.Actions().Back()->isEnabled());
+  window_.Actions().Back()->click();
+  ASSERT_TRUE(WaitFor([&] { return details->hasFocus(); }));
+  EXPECT_EQ(window_.Header().Title(), QStringLiteral("Device Identification"));
+  EXPECT_TRUE(window_.Header().DataText().startsWith(QLatin1String("As read ")));
+  EXPECT_FALSE(window_.Actions().Back()->isEnabled());
+}
+
+TEST_F(WindowTest, TabGoesFromTreeToPageToWriteSaveBackAndToTheTree) {
+  ASSERT_TRUE(Open("Device Identification"));
+  Find<QAbstractButton>(id::cmdSensorDetails)->click();
+  ASSERT_TRUE(Settle());
+  TheForm().cmdSave.SetEnabled(true);
+  TheForm().cmdWriteParameter.SetEnabled(true);
+  QApplication::processEvents();
+  std::vector<QWidget*> stops;
+  window_.Tree().setFocus();
+  for (int i = 0; i < 60; ++i) {
+    PressKey(Qt::Key_Tab);
+    stops.push_back(QApplication::focusWidget());
+    if (stops.back() == &window_.Tree()) break;
+  }
+  ASSERT_GT(stops.size(), 5U);
+  const std::vector<QWidget*> last(stops.end() - 4, stops.end());
+  EXPECT_EQ(last, (std::vector<QWidget*>{window_.Actions().Write(), window_.Actions().Save(), window_.Actions().Back(),
+                                         &window_.Tree()}));
+  for (std::size_t i = 0; i + 4 < stops.size(); ++i) {
+    EXPECT_TRUE(window_.Page().isAncestorOf(stops[i])) << stops[i]->objectName().toStdString();
+  }
+}
+
+TEST_F(WindowTest, F6GoesRoundTreePageAndActions) {
+  ASSERT_TRUE(Open("Device Identification"));
+  window_.Tree().setFocus();
+  Shortcut(QKeySequence(Qt::Key_F6));
+  EXPECT_TRUE(window_.Page().isAncestorOf(QApplication::focusWidget()));
+  Shortcut(QKeySequence(Qt::Key_F6));
+  EXPECT_TRUE(window_.Actions().Write()->hasFocus());
+  Shortcut(QKeySequence(Qt::Key_F6));
+  EXPECT_TRUE(window_.Tree().hasFocus());
+  Shortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6));
+  EXPECT_TRUE(window_.Actions().Write()->hasFocus());
+}
+
+TEST_F(WindowTest, EnterNeverWritesAndSpaceDoes) {
+  ASSERT_TRUE(Open("Device Identification"));
+  window_.Actions().Write()->setFocus();
+  PressKey(Qt::Key_Return);
+  PressKey(Qt::Key_Enter);
+  EXPECT_EQ(Panel(4), "");
+  EXPECT_FALSE(TheForm().At(TimerId::TimerReadAfterWrite).Enabled());
+  PressKey(Qt::Key_Space);
+  EXPECT_EQ(Panel(4), "Writing Xmtr Data...");
+  EXPECT_TRUE(TheForm().At(TimerId::TimerReadAfterWrite).Enabled());
+}
+
+TEST_F(WindowTest, WithoutConnectionABoxIsShownAndNoPage) {
+  ASSERT_TRUE(WaitFor([&] { return Panel(1) == "Connected"; }));
+  host_.Transmitter().SetOffline(true);
+  ASSERT_TRUE(WaitFor([&] { return Panel(1) == "Disconnected"; }));
+  QString text;
+  int answers = 0;
+  QTimer::singleShot(300, &window_, [&] {
+    QMessageBox* box = OpenBox();
+    ASSERT_NE(box, nullptr);
+    text = box->text() + QLatin1Char('|') + box->windowTitle();
+    EXPECT_EQ(box->icon(), QMessageBox::Information);
+    ++answers;
+    box->close();
+  });
+  window_.Tree().Press(QStringLiteral("Observe"));
+  EXPECT_EQ(answers, 1);
+  EXPECT_EQ(text, QStringLiteral("Device is Disconnected!|Information"));
+  QApplication::processEvents();
+  EXPECT_EQ(window_.Header().Title(), QString());
+  EXPECT_EQ(window_.Tree().currentItem()->text(0), QStringLiteral("Blocks"));
+  EXPECT_FALSE(window_.Actions().Write()->isEnabled());
+  EXPECT_TRUE(window_.Actions().Save()->isEnabled());
+}
+
+TEST_F(WindowTest, YesNoBoxesStandOnNoAndTimersGoOnBeforeThem) {
+  const struct {
+    const char* name;
+    std::function<void(QMessageBox&)> answer;
+    bool yes;
+  } kCases[] = {
+      {"Esc",
+       [](QMessageBox& box) {
+         PressKey(Qt::Key_Escape);
+         Q_UNUSED(box);
+       },
+       false},
+      {"closed", [](QMessageBox& box) { box.close(); }, false},
+      {"Enter",
+       [](QMessageBox& box) {
+         PressKey(Qt::Key_Return);
+         Q_UNUSED(box);
+       },
+       false},
+      {"Yes", [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }, true},
+  };
+  for (const auto& one : kCases) {
+    SCOPED_TRACE(one.name);
+    QTimer::singleShot(50, &window_, [&] {
+      QMessageBox* box = OpenBox();
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(QApplication::focusWidget(), box->button(QMessageBox::No));
+      one.answer(*box);
+    });
+    EXPECT_EQ(Control().AskYesNo("Sure?", "Question"), one.yes);
+  }
+  // The start's reads are sent and answered while a box is open.
+  QTimer::singleShot(3000, &window_, [&] { OpenBox()->close(); });
+  Control().ShowBox("Wait", "Information");
+  EXPECT_EQ(Panel(1), "Connected");
+  EXPECT_EQ(window_.Identification().Tag(), QStringLiteral("HTR60-1"));
+}
+
+TEST(WindowPlaces, AreKeptFromRunToRun) {
+  QSettings().clear();
+  Host host({});
+  QSize size;
+  QList<int> split;
+  {
+    MainWindow window(host, MainWindow::Places::kKept);
+    EXPECT_EQ(window.size(), QSize(Pixels(window, 1100), Pixels(window, 720)));
+    EXPECT_EQ(window.minimumSize(), QSize(Pixels(window, 900), Pixels(window, 600)));
+    window.show();
+    window.resize(1010, 650);
+    window.findChild<QSplitter*>()->setSizes({333, 677});
+    QApplication::processEvents();
+    size = window.size();
+    split = window.findChild<QSplitter*>()->sizes();
+    window.close();
+  }
+  MainWindow again(host, MainWindow::Places::kKept);
+  again.show();
+  QApplication::processEvents();
+  EXPECT_EQ(again.size(), size);
+  EXPECT_EQ(again.findChild<QSplitter*>()->sizes(), split);
+  MainWindow fresh(host, MainWindow::Places::kFresh);
+  EXPECT_NE(fresh.size(), size);
+}
+
+}  // namespace
+}  // namespace htr60::desktop
