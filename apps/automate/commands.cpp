@@ -1,0 +1,28 @@
+#include "automate/commands.h"
+
+namespace htr60::automation {
+namespace {
+
+const CommandRow* FindCommand(std::string_view name) {
+  for (const auto rows : {OperatorCommands(), ViewCommands(), DtmCommands(), InnerCommands()}) {
+    for (const CommandRow& row : rows) {
+      if (row.name == name) return &row;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Action Prepare(Host& host, const Json& command, bool inBox) {
+  Fields fields(command, "the command");
+  const std::string name = fields.Text("do");
+  const CommandRow* row = FindCommand(name);
+  if (row == nullptr) throw CommandError("unknown command " + Quoted(name));
+  if (inBox && !row->inBox) throw CommandError("no command for an open message box: " + Quoted(name));
+  Action action = row->prepare(host, fields);
+  fields.End();
+  return action;
+}
+
+}  // namespace htr60::automation

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "automate/fields.h"
+#include "automate/host.h"
+
+namespace htr60::automation {
+
+/// A command by its name. `prepare` reads all members and changes nothing.
+struct CommandRow {
+  std::string_view name;
+  Action (*prepare)(Host&, Fields&);
+  bool inBox = false;  ///< may run while a message box is open
+};
+
+// All commands that need a control but `destroy`, by what they are about.
+std::span<const CommandRow> OperatorCommands();
+std::span<const CommandRow> ViewCommands();
+std::span<const CommandRow> DtmCommands();
+std::span<const CommandRow> InnerCommands();
+
+/// The action of a command for `host`; throws `CommandError`. `inBox`: only what may run while a box is open.
+Action Prepare(Host& host, const Json& command, bool inBox = false);
+
+}  // namespace htr60::automation

@@ -1,0 +1,169 @@
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "automate/commands.h"
+
+namespace htr60::automation {
+namespace {
+
+// Escapes what would end an attribute's value, and the white space that a parser would turn into blanks.
+void AppendEscaped(std::string& document, std::string_view value) {
+  for (const char character : value) {
+    switch (character) {
+      case '&':
+        document += "&amp;";
+        break;
+      case '<':
+        document += "&lt;";
+        break;
+      case '>':
+        document += "&gt;";
+        break;
+      case '"':
+        document += "&quot;";
+        break;
+      case '\t':
+        document += "&#9;";
+        break;
+      case '\n':
+        document += "&#10;";
+        break;
+      case '\r':
+        document += "&#13;";
+        break;
+      default:
+        document += character;
+    }
+  }
+}
+
+std::string DocumentOf(const Json& tags) {
+  std::string document = "<Answer>";
+  for (const Json& pair : tags) {
+    if (!pair.is_array() || pair.size() != 2 || !pair[0].is_string() || !(pair[1].is_string() || pair[1].is_null())) {
+      throw CommandError("\"tags\" is not an array of pairs of texts");
+    }
+    document += "<Parameter tag=\"";
+    AppendEscaped(document, pair[0].get_ref<const std::string&>());
+    if (pair[1].is_string()) {
+      document += "\" value=\"";
+      AppendEscaped(document, pair[1].get_ref<const std::string&>());
+    }
+    document += "\"/>";
+  }
+  return document + "</Answer>";
+}
+
+Action Answer(Host& host, Fields& fields) {
+  const auto code = static_cast<std::int32_t>(
+      fields.Whole("code", std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
+  if (fields.Has("document") == fields.Has("tags")) {
+    throw CommandError("either \"document\" or \"tags\" says what the answer holds");
+  }
+  std::string document = fields.Has("tags") ? DocumentOf(fields.Array("tags")) : fields.Text("document");
+  return [&host, code, document = std::move(document)]() -> Json {
+    host.Dtm()->RecordAnswer(code, document);
+    host.Control().UpdateUI(code, document);
+    return {};
+  };
+}
+
+Action Requests(Host& host, Fields&) {
+  return [&host]() -> Json { return {{"requests", host.Dtm()->TakeRequests()}}; };
+}
+
+Action Registrations(Host& host, Fields&) {
+  return [&host]() -> Json { return {{"registrations", host.Dtm()->TakeRegistrations()}}; };
+}
+
+Action Answers(Host& host, Fields&) {
+  return [&host]() -> Json { return {{"answers", host.Dtm()->TakeAnswers()}}; };
+}
+
+Action Fail(Host& host, Fields& fields) {
+  if (!fields.Has("reads") && !fields.Has("writes")) throw CommandError("\"reads\" or \"writes\" is missing");
+  RecordingDtm::Failures failures;
+  failures.reads = fields.FlagOr("reads", false);
+  failures.writes = fields.FlagOr("writes", false);
+  if (fields.Has("codes")) failures.codes = fields.Texts("codes");
+  return [&host, failures = std::move(failures)]() -> Json {
+    host.Dtm()->SetFailures(failures);
+    return {};
+  };
+}
+
+struct SimulatorCommand {
+  Json set;    // null: none
+  Json fault;  // null: none
+  bool clearAll = false;
+  std::optional<int> clear;
+  Json get;  // null: none
+  bool log = false;
+};
+
+Json CarryOut(sim::Manager& simulator, const SimulatorCommand& command) {
+  Json answer = Json::object();
+  // What can be refused comes first and is tried without effect, so that a refused command has changed nothing.
+  if (!command.get.is_null()) simulator.Get(command.get);
+  if (!command.fault.is_null()) sim::ParseFault(command.fault, "fault");
+  if (command.clear && !simulator.HasFault(*command.clear)) throw CommandError("there is no fault of that number");
+  if (!command.set.is_null()) simulator.Set(command.set);
+  if (command.clear) simulator.ClearFault(*command.clear);
+  if (command.clearAll) simulator.ClearAllFaults();
+  if (!command.fault.is_null()) answer["id"] = simulator.BeginFault(command.fault);
+  if (!command.get.is_null()) answer["values"] = simulator.Get(command.get);
+  if (command.log) answer["log"] = simulator.TakeLog();
+  return answer;
+}
+
+Action Simulator(Host& host, Fields& fields) {
+  SimulatorCommand command;
+  if (fields.Has("set")) {
+    command.set = fields.Any("set");
+    Fields(command.set, "\"set\"");
+  }
+  if (fields.Has("fault")) {
+    command.fault = fields.Any("fault");
+    Fields(command.fault, "\"fault\"");
+  }
+  if (fields.Has("clear")) {
+    const Json& clear = fields.Any("clear");
+    if (clear == "all") {
+      command.clearAll = true;
+    } else if (clear.is_string()) {
+      throw CommandError("\"clear\" is neither a number nor \"all\"");
+    } else {
+      command.clear = static_cast<int>(fields.Whole("clear", 0, std::numeric_limits<int>::max()));
+    }
+  }
+  if (fields.Has("get")) command.get = fields.Texts("get");
+  const bool asksForLog = fields.Has("log");
+  command.log = fields.FlagOr("log", false);
+  if (command.set.is_null() && command.fault.is_null() && !command.clear && !command.clearAll &&
+      command.get.is_null() && !asksForLog) {
+    throw CommandError("nothing is asked of the simulator");
+  }
+  return [&host, command = std::move(command)]() -> Json {
+    sim::Manager* simulator = host.Dtm()->Simulator();
+    if (simulator == nullptr) throw CommandError("this control has no simulator");
+    return CarryOut(*simulator, command);
+  };
+}
+
+constexpr CommandRow kRows[] = {
+    {.name = "answer", .prepare = Answer, .inBox = true},
+    {.name = "requests", .prepare = Requests, .inBox = true},
+    {.name = "registrations", .prepare = Registrations},
+    {.name = "answers", .prepare = Answers},
+    {.name = "fail", .prepare = Fail},
+    {.name = "simulator", .prepare = Simulator},
+};
+
+}  // namespace
+
+std::span<const CommandRow> DtmCommands() { return kRows; }
+
+}  // namespace htr60::automation

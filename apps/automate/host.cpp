@@ -1,0 +1,145 @@
+#include "automate/host.h"
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+#include "pages/pages.h"
+
+namespace htr60::automation {
+namespace {
+
+std::string_view NameOf(BoxButton button) {
+  switch (button) {
+    case BoxButton::kYes:
+      return "Yes";
+    case BoxButton::kNo:
+      return "No";
+    case BoxButton::kOk:
+      break;
+  }
+  return "OK";
+}
+
+std::string_view NameOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kInformation:
+      return "information";
+    case BoxIcon::kStop:
+      return "stop";
+    case BoxIcon::kNone:
+      break;
+  }
+  return "none";
+}
+
+BoxButton Chosen(const MessageBox& box, std::string_view answer) {
+  const auto has = [&](BoxButton button) {
+    return std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end();
+  };
+  if (answer == "Close" && has(BoxButton::kNo)) return BoxButton::kNo;
+  for (const BoxButton button : box.buttons) {
+    if (NameOf(button) == answer) return button;
+  }
+  return box.buttons.empty() ? BoxButton::kOk : box.buttons.front();
+}
+
+}  // namespace
+
+Host::Host(Options options) : options_(std::move(options)) {
+  std::shared_ptr<sim::Manager> simulator;
+  if (options_.simulator) simulator = sim::Manager::Create(*options_.simulator, [this] { return now_; });
+  dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
+  const Ports ports{.boxes = *this, .timers = *this, .icons = *this, .decimalSeparator = options_.decimalSeparator};
+  control_ = UserCntrl::Create(ports, PagesOfHtr60());
+}
+
+// The control goes first: it still disarms its timers here.
+Host::~Host() { control_.reset(); }
+
+void Host::Advance(std::int64_t milliseconds) {
+  const std::int64_t target = now_ + milliseconds;
+  for (;;) {
+    sim::Manager* simulator = dtm_->Simulator();
+    const auto answerDue = simulator != nullptr ? simulator->NextDue() : std::optional<std::int64_t>();
+    const int timer = FirstTimer();
+    const bool timerDue = timer >= 0 && alarms_[static_cast<std::size_t>(timer)].due <= target;
+    if (answerDue && *answerDue <= target &&
+        (!timerDue || *answerDue <= alarms_[static_cast<std::size_t>(timer)].due)) {
+      now_ = std::max(now_, *answerDue);
+      simulator->RunOne(now_);
+    } else if (timerDue) {
+      Alarm& alarm = alarms_[static_cast<std::size_t>(timer)];
+      now_ = std::max(now_, alarm.due);
+      alarm.armed = false;
+      control_->TimerDue(timer);
+    } else {
+      break;
+    }
+  }
+  // An open message box may have let the time go on further already.
+  now_ = std::max(now_, target);
+}
+
+BoxButton Host::Show(const MessageBox& box) {
+  BoxAnswer next;
+  if (!boxAnswers_.empty()) {
+    next = std::move(boxAnswers_.front());
+    boxAnswers_.pop_front();
+  }
+  const BoxButton chosen = Chosen(box, next.answer);
+  Json buttons = Json::array();
+  for (const BoxButton button : box.buttons) buttons.push_back(NameOf(button));
+  const std::size_t place = shown_.size();
+  shown_.push_back({{"text", box.text},
+                    {"caption", box.caption},
+                    {"icon", NameOf(box.icon)},
+                    {"buttons", std::move(buttons)},
+                    {"answer", NameOf(chosen)}});
+  for (const Action& action : next.during) {
+    Json answer = Carried(action);
+    // Looked up anew: a box that opened meanwhile stands in the same array.
+    shown_[place]["during"].push_back(std::move(answer));
+  }
+  return chosen;
+}
+
+void Host::Arm(int timer, std::int32_t milliseconds) {
+  alarms_.at(static_cast<std::size_t>(timer)) = {.armed = true, .due = now_ + milliseconds, .order = ++armings_};
+}
+
+void Host::Disarm(int timer) { alarms_.at(static_cast<std::size_t>(timer)).armed = false; }
+
+bool Host::Load(std::string_view fileName) {
+  const std::filesystem::path file = options_.iconFolder / fileName;
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error) && std::ifstream(file, std::ios::binary).good();
+}
+
+int Host::FirstTimer() const {
+  int first = -1;
+  for (std::size_t i = 0; i < alarms_.size(); ++i) {
+    if (!alarms_[i].armed) continue;
+    const Alarm* best = first < 0 ? nullptr : &alarms_[static_cast<std::size_t>(first)];
+    if (best == nullptr || alarms_[i].due < best->due ||
+        (alarms_[i].due == best->due && alarms_[i].order < best->order)) {
+      first = static_cast<int>(i);
+    }
+  }
+  return first;
+}
+
+Json Carried(const Action& action) {
+  try {
+    Json answer = action();
+    answer["ok"] = true;
+    return answer;
+  } catch (const std::exception& error) {
+    return Refused(error.what());
+  }
+}
+
+Json Refused(std::string_view why) { return {{"ok", false}, {"error", why}}; }
+
+}  // namespace htr60::automation

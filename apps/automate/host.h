@@ -1,0 +1,88 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automate/fields.h"
+#include "automate/recording_dtm.h"
+#include "form/widgets.h"
+#include "shell/ports.h"
+#include "shell/user_cntrl.h"
+#include "simulator/settings.h"
+
+namespace htr60::automation {
+
+/// A command made ready: it does its work and gives the members of the answer. Throws where the command is refused;
+/// then it has changed nothing.
+using Action = std::function<Json()>;
+
+/// What a command answers: the members of `action`, or the reason for which it is refused.
+Json Carried(const Action& action);
+Json Refused(std::string_view why);
+
+/// The operator's answer to a coming message box, and what happens while the box is open.
+struct BoxAnswer {
+  std::string answer;
+  std::vector<Action> during;
+};
+
+/// One control with its surroundings: the ports, the virtual clock, the DTM manager.
+class Host final : private IMessageBoxes, private ITimers, private IIcons {
+ public:
+  struct Options {
+    char decimalSeparator = '.';
+    std::filesystem::path iconFolder;
+    std::optional<sim::Settings> simulator;  ///< none: requests are captured
+  };
+  explicit Host(Options options);
+  ~Host();
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+
+  UserCntrl& Control() { return *control_; }
+  const std::shared_ptr<RecordingDtm>& Dtm() { return dtm_; }
+  char DecimalSeparator() const { return options_.decimalSeparator; }
+
+  /// Milliseconds since the creation of the control.
+  std::int64_t Now() const { return now_; }
+  /// Handles what falls due up to and at the new time, each at its own due time.
+  void Advance(std::int64_t milliseconds);
+
+  void QueueBoxAnswer(BoxAnswer answer) { boxAnswers_.push_back(std::move(answer)); }
+  /// The message boxes shown since the last such call.
+  Json TakeShown() { return std::exchange(shown_, Json::array()); }
+
+ private:
+  struct Alarm {
+    bool armed = false;
+    std::int64_t due = 0;
+    std::uint64_t order = 0;  // of the arming: decides at one instant
+  };
+
+  BoxButton Show(const MessageBox& box) override;
+  void Arm(int timer, std::int32_t milliseconds) override;
+  void Disarm(int timer) override;
+  bool Load(std::string_view fileName) override;
+
+  /// The armed timer that is due first, or -1.
+  int FirstTimer() const;
+
+  const Options options_;
+  std::int64_t now_ = 0;
+  std::array<Alarm, kTimerCount> alarms_;
+  std::uint64_t armings_ = 0;
+  std::deque<BoxAnswer> boxAnswers_;
+  Json shown_ = Json::array();
+  std::shared_ptr<RecordingDtm> dtm_;
+  std::shared_ptr<UserCntrl> control_;
+};
+
+}  // namespace htr60::automation
