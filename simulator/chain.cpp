@@ -95,7 +95,7 @@ void Chain::Sensors(const ChainConfig& c, const ChainInput& input, const SensorF
     } else if (faults.failed[s]) {
       live.status = kBadSensor;
     }
-    live.cap = live.status == kStatusGood ? 3000 / (1 - 0.4 * live.reading) : kNoReading;
+    live.cap = live.status == kStatusGood ? std::clamp(3000 / (1 - 0.4 * live.reading), 1875.0, 7500.0) : kNoReading;
     // A sensor that does not answer leaves the pressure that was good last.
     if (live.status != kStatusGood && started_) continue;
     const double u = 0.4 * live.reading;
