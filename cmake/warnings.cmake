@@ -10,6 +10,6 @@ if(HTR60_WERROR)
 endif()
 if(HTR60_SANITIZE)
   target_compile_options(htr60_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
-                                                 -fno-omit-frame-pointer -O1)
+                                                 -fno-omit-frame-pointer)
   target_link_options(htr60_options INTERFACE -fsanitize=address,undefined)
 endif()

@@ -5,8 +5,9 @@ build_packages="g++ cmake ninja-build ccache libexpat1-dev nlohmann-json3-dev"
 desktop_packages="qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev fonts-dejavu-core"
 test_packages="libgtest-dev libbenchmark-dev"
 
-# Lets ccache keep objects that use a precompiled header, too.
+# Lets ccache keep objects that use a precompiled header, too, and share them between clones of this repository.
 export CCACHE_SLOPPINESS=pch_defines,time_macros
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
 # now: whole seconds, for measuring how long something takes.
 now() {
