@@ -85,14 +85,14 @@ void Manager::WriteRequest(std::string_view code, std::string_view document, std
           [this, number, attributes = std::move(attributes)](std::int64_t at) { WriteDue(number, attributes, at); });
 }
 
-void Manager::Schedule(std::int64_t at, std::function<void(std::int64_t)> act) {
-  items_.emplace(at, Item{std::move(act)});
+void Manager::Schedule(std::int64_t at, Item item) {
+  items_.emplace(at, std::move(item));
   Changed();
 }
 
-void Manager::Enqueue(std::int64_t delay, std::function<void(std::int64_t)> act) {
+void Manager::Enqueue(std::int64_t delay, Item item) {
   lastDue_ = std::max(Elapsed() + delay, lastDue_);
-  Schedule(lastDue_, std::move(act));
+  Schedule(lastDue_, std::move(item));
 }
 
 void Manager::Changed() const {
@@ -137,7 +137,7 @@ bool Manager::RunOne(std::int64_t now) {
   // What is handled may let the host drop its last reference.
   const auto self = shared_from_this();
   auto item = items_.extract(items_.begin());
-  item.mapped().act(item.key());
+  item.mapped()(item.key());
   return true;
 }
 

@@ -74,15 +74,13 @@ class Manager final : public IDtm,
   void SetOffline(bool offline);
 
  private:
-  struct Item {
-    std::function<void(std::int64_t)> act;
-  };
+  using Item = std::function<void(std::int64_t)>;  ///< takes its time since creation
 
   Manager(const Settings& settings, std::function<std::int64_t()> now);
 
   std::int64_t Elapsed() const { return now_() - zero_; }
-  void Schedule(std::int64_t at, std::function<void(std::int64_t)> act);
-  void Enqueue(std::int64_t delay, std::function<void(std::int64_t)> act);
+  void Schedule(std::int64_t at, Item item);
+  void Enqueue(std::int64_t delay, Item item);
   void Changed() const;
 
   std::int64_t Jitter();
