@@ -43,7 +43,7 @@ class Host final : private IMessageBoxes, private ITimers, private IIcons {
     std::optional<sim::Settings> simulator;  ///< none: requests are captured
   };
   explicit Host(Options options);
-  ~Host();
+  ~Host() override;
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
 

@@ -10,7 +10,7 @@ std::filesystem::path DefaultIconFolder() {
   if (!error) {
     // bin/htr60-automate of an installation; tests/... and apps/automate/... of a build tree.
     for (const char* up : {"..", "../.."}) {
-      const std::filesystem::path folder = (program.parent_path() / up / "share" / "htr60").lexically_normal();
+      std::filesystem::path folder = (program.parent_path() / up / "share" / "htr60").lexically_normal();
       if (std::filesystem::is_directory(folder, error)) return folder;
     }
   }
