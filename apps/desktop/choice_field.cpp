@@ -30,6 +30,7 @@ ChoiceRows::ChoiceRows(QStringList rows, const QString& shown, QObject* parent)
 
 void ChoiceRows::Search(const QString& text) {
   beginResetModel();
+  searching_ = !text.isEmpty();
   found_.clear();
   for (const bool exact : {true, false}) {
     for (int i = 0; i < rows_.size(); ++i) {
@@ -46,10 +47,11 @@ int ChoiceRows::RowAt(int line) const {
 }
 
 int ChoiceRows::FirstLine(const QString& shown) const {
+  if (searching_) return found_.empty() ? -1 : Extra();
   for (std::size_t i = 0; i < found_.size(); ++i) {
     if (rows_[found_[i]] == shown) return static_cast<int>(i) + Extra();
   }
-  return found_.empty() ? -1 : Extra();
+  return -1;  // Enter takes no row that nobody has chosen
 }
 
 int ChoiceRows::rowCount(const QModelIndex& parent) const {
@@ -134,7 +136,7 @@ void ChoicePopup::Type(const QString& text) {
 
 void ChoicePopup::Searched() {
   model_->Search(search_->text());
-  const int first = model_->FirstLine(search_->text().isEmpty() ? shown_ : QString());
+  const int first = model_->FirstLine(shown_);
   list_->setCurrentIndex(first < 0 ? QModelIndex() : model_->index(first));
 }
 
@@ -148,11 +150,16 @@ void ChoicePopup::Take(const QModelIndex& index) {
 bool ChoicePopup::Key(QKeyEvent& event, bool inSearch) {
   switch (event.key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: Take(list_->currentIndex()); return true;
+    case Qt::Key_Enter:
+      Take(list_->currentIndex());
+      return true;
     case Qt::Key_Escape:
-    case Qt::Key_F4: close(); return true;
+    case Qt::Key_F4:
+      close();
+      return true;
     case Qt::Key_Tab:
-    case Qt::Key_Backtab: return true;
+    case Qt::Key_Backtab:
+      return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
       if (event.modifiers().testFlag(Qt::AltModifier)) {
@@ -167,7 +174,8 @@ bool ChoicePopup::Key(QKeyEvent& event, bool inSearch) {
       if (!inSearch) return false;
       QCoreApplication::sendEvent(list_, &event);
       return true;
-    default: return false;
+    default:
+      return false;
   }
 }
 
@@ -230,18 +238,24 @@ void ChoiceField::keyPressEvent(QKeyEvent* event) {
   const bool alt = event->modifiers().testFlag(Qt::AltModifier);
   switch (event->key()) {
     case Qt::Key_F4:
-    case Qt::Key_Space: showPopup(); return;
+    case Qt::Key_Space:
+      showPopup();
+      return;
     case Qt::Key_Up:
     case Qt::Key_Down:
       if (alt) showPopup();
       return;
     case Qt::Key_Return:
-    case Qt::Key_Enter: Q_EMIT Entered(); return;
+    case Qt::Key_Enter:
+      Q_EMIT Entered();
+      return;
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
     case Qt::Key_Home:
-    case Qt::Key_End: return;  // would change the closed list
-    default: break;
+    case Qt::Key_End:
+      return;  // would change the closed list
+    default:
+      break;
   }
   const QString letters = event->text();
   const bool control = event->modifiers().testFlag(Qt::ControlModifier);

@@ -24,7 +24,7 @@ class ChoiceRows final : public QAbstractListModel {
   void Search(const QString& text);
   /// Number of the list's row at a line, -1 where the line is no row.
   int RowAt(int line) const;
-  /// Line to begin at: the row shown, or the first that was found.
+  /// Line to begin at: the row shown, or the first that was found; -1 for none.
   int FirstLine(const QString& shown) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,6 +36,7 @@ class ChoiceRows final : public QAbstractListModel {
   QStringList rows_;
   QString now_;
   std::vector<int> found_;
+  bool searching_ = false;
 };
 
 /// The open list, with a search line where it is long.

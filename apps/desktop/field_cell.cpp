@@ -13,6 +13,8 @@
 namespace htr60::desktop {
 namespace {
 
+constexpr int kTightCharacters = 8;
+
 bool ReadsLikeANumber(PageContext context, std::string_view text) {
   try {
     context.control.codecs.ParseLocaleNumber(text);
@@ -24,17 +26,23 @@ bool ReadsLikeANumber(PageContext context, std::string_view text) {
 
 }  // namespace
 
-FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int numberWidth, QWidget* parent)
+FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int numberWidth, bool tight,
+                     QWidget* parent)
     : QObject(parent),
       context_(context),
       row_(row),
       kind_(second ? row.secondKind : row.kind),
       control_(second ? row.second : row.control) {
-  const FieldWidth width = FieldWidth::Of(kind_, second ? row.secondWidth : row.width, numberWidth);
+  FieldWidth width = FieldWidth::Of(kind_, second ? row.secondWidth : row.width, numberWidth);
+  if (tight) width.least = kTightCharacters;
   if (!IsButton()) shape_ = new ShapeSlot(parent);
   switch (kind_) {
-    case RowKind::kList: MakeChoice(width, parent); break;
-    case RowKind::kListBox: widget_ = new ReadList(width, parent); break;
+    case RowKind::kList:
+      MakeChoice(width, parent);
+      break;
+    case RowKind::kListBox:
+      widget_ = new ReadList(width, parent);
+      break;
     case RowKind::kMsg:
     case RowKind::kFixed: {
       auto* label = new PlainLabel({}, parent);
@@ -43,8 +51,12 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
       break;
     }
     case RowKind::kOpen:
-    case RowKind::kWrite: MakeButton(parent); break;
-    default: MakeEntry(width, parent); break;
+    case RowKind::kWrite:
+      MakeButton(parent);
+      break;
+    default:
+      MakeEntry(width, parent);
+      break;
   }
   if (control_) widget_->setObjectName(QString::fromStdString(NameOf(control_)));
   widget_->installEventFilter(this);
@@ -103,9 +115,13 @@ void FieldCell::Refresh() {
       static_cast<ChoiceField*>(widget_)->Show(ToQt(list.Text()), list.Rows());
       break;
     }
-    case RowKind::kListBox: static_cast<ReadList*>(widget_)->Show(control_, form.At(ListBoxId{control_}).Rows()); break;
+    case RowKind::kListBox:
+      static_cast<ReadList*>(widget_)->Show(control_, form.At(ListBoxId{control_}).Rows());
+      break;
     case RowKind::kMsg:
-    case RowKind::kFixed: static_cast<QLabel*>(widget_)->setText(control_ ? Text() : caption_); break;
+    case RowKind::kFixed:
+      static_cast<QLabel*>(widget_)->setText(control_ ? Text() : caption_);
+      break;
     case RowKind::kOpen:
     case RowKind::kWrite: {
       const QString own = Text();

@@ -25,7 +25,8 @@ class FieldCell final : public QObject {
   Q_OBJECT
 
  public:
-  FieldCell(PageContext context, const LayoutRow& row, bool second, int numberWidth, QWidget* parent);
+  /// `tight`: on a narrow page several columns stand beside each other, so numbers give way too.
+  FieldCell(PageContext context, const LayoutRow& row, bool second, int numberWidth, bool tight, QWidget* parent);
 
   ControlId Control() const { return control_; }
   RowKind Kind() const { return kind_; }

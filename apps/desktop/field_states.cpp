@@ -67,6 +67,7 @@ TabsInFront TabsOf(Form& form, const PageLayout& page) {
 
 FieldStates::FieldStates(UserCntrl& control, Clock now) : control_(control), now_(std::move(now)) {
   fieldOf_.assign(kControlCount, -1);
+  NodeActivated();
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
       for (const LayoutGroup& group : page.groups) {
@@ -90,7 +91,7 @@ void FieldStates::Add(const LayoutRow& row, RowKind kind, ControlId control, con
   field.live = row.live;
   field.command = Is(control, kCommands);
   field.stateless = control == kStateless;
-  field.sets = SetsOf(field);
+  field.sets = SetsOf(field.control);
   field.text = field.program = std::string(control_.form.TextOf(control));
   fieldOf_[control.ordinal] = static_cast<int>(fields_.size());
   fields_.push_back(std::move(field));
@@ -105,8 +106,15 @@ FieldStates::Field* FieldStates::Find(ControlId control) {
   return const_cast<Field*>(std::as_const(*this).Find(control));
 }
 
-std::uint32_t FieldStates::SetsOf(const Field& field) {
-  return field.list ? control_.form.At(ChoiceId{field.control}).Sets() : control_.form.At(TextId{field.control}).Sets();
+std::uint32_t FieldStates::SetsOf(ControlId control) const {
+  switch (KindOf(control)) {
+    case ControlKind::kText:
+      return control_.form.At(TextId{control}).Sets();
+    case ControlKind::kChoice:
+      return control_.form.At(ChoiceId{control}).Sets();
+    default:
+      return 0;
+  }
 }
 
 // ---- the operator
@@ -115,6 +123,7 @@ void FieldStates::Type(TextId control, std::string_view text) {
   Field* field = Find(control);
   if (field != nullptr) Look(*field);
   control_.Type(control, text);
+  typed_.set(control.ordinal);
   if (field != nullptr) Edited(*field);
 }
 
@@ -122,9 +131,10 @@ void FieldStates::Pick(ChoiceId control, std::size_t row) {
   Field* field = Find(control);
   if (field != nullptr) Look(*field);
   control_.Pick(control, row);
+  typed_.set(control.ordinal);
   // The list's own handler may have set it again: then the program had the last word.
   if (field == nullptr) return;
-  if (SetsOf(*field) == field->sets) {
+  if (SetsOf(control) == field->sets) {
     Edited(*field);
   } else {
     Look(*field);
@@ -177,6 +187,16 @@ void FieldStates::PageOpened(const PageLayout& page, bool again) {
   }
 }
 
+void FieldStates::NodeActivated() {
+  nodeSets_.resize(kControlCount);
+  for (std::uint16_t i = 0; i < kControlCount; ++i) nodeSets_[i] = SetsOf(ControlId{i});
+  typed_.reset();
+}
+
+bool FieldStates::SetOrTypedSinceNode(ControlId control) const {
+  return typed_.test(control.ordinal) || SetsOf(control) != nodeSets_[control.ordinal];
+}
+
 void FieldStates::PageLeft(const PageLayout& page) {
   for (Field& field : fields_) {
     if (field.page != &page) continue;
@@ -184,8 +204,11 @@ void FieldStates::PageLeft(const PageLayout& page) {
       case FieldState::kConfirmed:
       case FieldState::kDiffers:
       case FieldState::kReplaced:
-      case FieldState::kDeviceShows: Rest(field); break;
-      default: break;
+      case FieldState::kDeviceShows:
+        Rest(field);
+        break;
+      default:
+        break;
     }
   }
 }
@@ -207,7 +230,7 @@ void FieldStates::Turn(const FormChanges& changes) {
 
 void FieldStates::Look(Field& field) {
   const std::string_view text = control_.form.TextOf(field.control);
-  const std::uint32_t sets = SetsOf(field);
+  const std::uint32_t sets = SetsOf(field.control);
   if (sets == field.sets) {
     if (text == field.text) return;
     // A list was emptied or filled: nothing was read, but the text that stood there is gone.
@@ -243,13 +266,17 @@ void FieldStates::ProgramSet(Field& field, const std::string& before) {
       if (field.text == before) return Rest(field);
       field.other = before;
       return Enter(field, FieldState::kReplaced);
-    case FieldState::kReplaced: return;
+    case FieldState::kReplaced:
+      return;
     case FieldState::kNotRead:
       if (field.compares) return Compare(field, before);
       return Rest(field);
-    case FieldState::kChanged: return field.text == before ? void() : Compare(field, before);
-    case FieldState::kAsRead: return wasRead ? Compare(field, before) : Rest(field);
-    case FieldState::kNotReadBack: return Rest(field);
+    case FieldState::kChanged:
+      return field.text == before ? void() : Compare(field, before);
+    case FieldState::kAsRead:
+      return wasRead ? Compare(field, before) : Rest(field);
+    case FieldState::kNotReadBack:
+      return Rest(field);
   }
 }
 
@@ -326,16 +353,26 @@ std::string FieldStates::Words(ControlId control) const {
   const Field* field = Find(control);
   if (field == nullptr || field->stateless) return {};
   switch (field->state) {
-    case FieldState::kAsRead: return {};
-    case FieldState::kNotRead: return "not read";
-    case FieldState::kNotWritten: return "not written";
-    case FieldState::kSent: return "sent";
-    case FieldState::kConfirmed: return "confirmed";
-    case FieldState::kDiffers: return "device: " + field->program + ", sent: " + field->other;
-    case FieldState::kReplaced: return "replaced by the device, was: " + field->other;
-    case FieldState::kChanged: return "changed";
-    case FieldState::kNotReadBack: return "sent, not read back";
-    case FieldState::kDeviceShows: return "device shows: " + field->program;
+    case FieldState::kAsRead:
+      return {};
+    case FieldState::kNotRead:
+      return "not read";
+    case FieldState::kNotWritten:
+      return "not written";
+    case FieldState::kSent:
+      return "sent";
+    case FieldState::kConfirmed:
+      return "confirmed";
+    case FieldState::kDiffers:
+      return "device: " + field->program + ", sent: " + field->other;
+    case FieldState::kReplaced:
+      return "replaced by the device, was: " + field->other;
+    case FieldState::kChanged:
+      return "changed";
+    case FieldState::kNotReadBack:
+      return "sent, not read back";
+    case FieldState::kDeviceShows:
+      return "device shows: " + field->program;
   }
   return {};
 }
@@ -348,7 +385,8 @@ bool FieldStates::ReadOrEdited(ControlId control) const {
 bool FieldStates::Shown(const Field& field) const {
   Form& form = control_.form;
   const Control& control = form.Any(field.control);
-  return control.Visible() && control.Enabled() && (!field.group->frame || form.At(FrameId{field.group->frame}).Visible());
+  return control.Visible() && control.Enabled() &&
+         (!field.group->frame || form.At(FrameId{field.group->frame}).Visible());
 }
 
 StateCounts FieldStates::Counts(const PageLayout& page) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -31,9 +32,9 @@ struct StateCounts {
   int confirmed = 0;
 };
 
-/// States of all fields of the kinds edit, num and list that the layouts place. It sees what a view sees: the operator's
-/// edits and presses, how often the program has set a field, status panel 4 and `TimerReadAfterWrite`. The control knows
-/// nothing of it. No widget; times are milliseconds of any clock that does not run backwards.
+/// States of all fields of the kinds edit, num and list that the layouts place. It sees what a view sees: the
+/// operator's edits and presses, how often the program has set a field, status panel 4 and `TimerReadAfterWrite`. The
+/// control knows nothing of it. No widget; times are milliseconds of any clock that does not run backwards.
 class FieldStates {
  public:
   using Clock = std::function<std::int64_t()>;
@@ -50,6 +51,9 @@ class FieldStates {
   /// A node or an open button has opened `page`; `again`: it was in front before, so what comes is compared with what
   /// stands there.
   void PageOpened(const PageLayout& page, bool again);
+  /// A node was activated: what was set or typed before does not count for figures.
+  void NodeActivated();
+  bool SetOrTypedSinceNode(ControlId control) const;
   /// The page went out of sight.
   void PageLeft(const PageLayout& page);
 
@@ -101,7 +105,7 @@ class FieldStates {
   void Add(const LayoutRow& row, RowKind kind, ControlId control, const LayoutGroup& group, const PageLayout& page);
   Field* Find(ControlId control);
   const Field* Find(ControlId control) const;
-  std::uint32_t SetsOf(const Field& field);
+  std::uint32_t SetsOf(ControlId control) const;
   void Enter(Field& field, FieldState state, std::int64_t lasts = 0);
   void Rest(Field& field);
   void Look(Field& field);
@@ -118,6 +122,8 @@ class FieldStates {
   std::vector<Field> fields_;
   std::vector<int> fieldOf_;  // by ordinal, -1: none
   std::vector<ControlId> changed_;
+  std::vector<std::uint32_t> nodeSets_;  // by ordinal, as counted when the node was activated
+  std::bitset<kControlCount> typed_;     // since then
   bool rereadAwaited_ = false;
 };
 

@@ -15,8 +15,6 @@
 namespace htr60::desktop {
 namespace {
 
-constexpr int kLeastCharacters = 24;
-
 bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
 
 }  // namespace
@@ -25,12 +23,17 @@ FieldWidth FieldWidth::Of(RowKind kind, WidthClass width, int numberWidth) {
   if (width == WidthClass::kKind) width = WidthOf(kind);
   const bool list = kind == RowKind::kList;
   switch (width) {
-    case WidthClass::kS: return {.characters = 8, .arrow = list};
-    case WidthClass::kM: return {.characters = 28, .arrow = true};
-    case WidthClass::kW: return {.characters = 50, .arrow = true};
-    case WidthClass::kPage: return {.characters = 50, .page = true};
+    case WidthClass::kS:
+      return {.characters = 8, .arrow = list};
+    case WidthClass::kM:
+      return {.characters = 28, .arrow = true};
+    case WidthClass::kW:
+      return {.characters = 50, .arrow = true};
+    case WidthClass::kPage:
+      return {.characters = 50, .page = true};
     case WidthClass::kN:
-    case WidthClass::kKind: break;
+    case WidthClass::kKind:
+      break;
   }
   return {.characters = kind == RowKind::kNum || kind == RowKind::kValue ? numberWidth : 16, .arrow = list};
 }
@@ -42,15 +45,15 @@ int FieldWidth::Hint(const QWidget& widget) const {
 }
 
 int FieldWidth::Least(const QWidget& widget) const {
-  FieldWidth least = *this;
-  least.characters = std::min(characters, kLeastCharacters);
-  return least.Hint(widget);
+  FieldWidth narrow = *this;
+  narrow.characters = std::min(characters, least);
+  return narrow.Hint(widget);
 }
 
 int FieldHeight(const QWidget& widget) {
   const QFontMetrics metrics = widget.fontMetrics();
   return metrics.height() + 2 * (widget.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &widget) +
-                                 std::max(1, metrics.height() / 8));
+                                 std::max(2, metrics.height() / 6));
 }
 
 // ---- TextEntry

@@ -19,6 +19,7 @@ struct FieldWidth {
   int characters = 16;
   bool page = false;   ///< takes all there is
   bool arrow = false;  ///< has room for a list's arrow
+  int least = 24;      ///< characters to which it shrinks on a narrow page
 
   static FieldWidth Of(RowKind kind, WidthClass width, int numberWidth);
   int Hint(const QWidget& widget) const;

@@ -14,7 +14,8 @@ class GroupFlow final : public QLayout {
   explicit GroupFlow(QWidget* parent);
   ~GroupFlow() override;
 
-  void Add(QWidget* group, bool beside, bool newLine);
+  /// `roomy`: stands beside the others only where none of them has to give way.
+  void Add(QWidget* group, bool beside, bool newLine, bool roomy = false);
   /// The last group takes the height that is left.
   void StretchLast() { stretchLast_ = true; }
   /// Sets the order of the groups, as numbers of their adding.
@@ -38,13 +39,19 @@ class GroupFlow final : public QLayout {
     QLayoutItem* item;
     bool beside;
     bool newLine;
+    bool roomy;
     int number;
   };
-  using Column = std::vector<QLayoutItem*>;
+  struct Column {
+    std::vector<QLayoutItem*> items;
+    bool roomy = false;
+  };
   using Line = std::vector<Column>;
 
   std::vector<Line> Lines() const;
   int Place(const QRect& room, bool apply) const;
+  static int WidthOf(const Column& column, bool least);
+  std::size_t Fitting(const Line& line, std::size_t first, int room) const;
   int PlaceLine(const Line& line, const QRect& room, bool apply) const;
 
   std::vector<Item> items_;

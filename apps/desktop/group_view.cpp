@@ -57,8 +57,8 @@ GroupView::GroupView(PageContext context, const PageLayout& page, const LayoutGr
 void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
   grid_->setContentsMargins(gap, box_ != nullptr ? gap : gap / 2, gap, box_ != nullptr ? gap : gap / 2);
-  grid_->setHorizontalSpacing(gap);
-  grid_->setVerticalSpacing(std::max(2, gap / 2));
+  grid_->setHorizontalSpacing(group_.columns > 1 ? gap / 2 : gap);
+  grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;
   for (const LayoutRow& row : group_.rows) {
     if (!row.sameLine) ++lines;
@@ -73,7 +73,7 @@ void GroupView::Build() {
 }
 
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
-  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, line.widget);
+  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1, line.widget);
   cells_.push_back(cell);
   if (cell->Slot() != nullptr) line.box->addWidget(cell->Slot());
   // A button among fields stands below them.
@@ -104,7 +104,7 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     line.widget = new QWidget(grid.parentWidget());
     line.box = new QHBoxLayout(line.widget);
     line.box->setContentsMargins(0, 0, 0, 0);
-    line.box->setSpacing(std::max(4, fontMetrics().averageCharWidth() * 2 / 3));
+    line.box->setSpacing(fontMetrics().averageCharWidth() / (group_.columns > 1 ? 3 : 2) + 1);
     line.gridColumn = 2 * (number / linesInColumn);
     const bool wide = SpansPage(row.kind) || (buttonsOnly_ && IsButton(row.kind));
     const int gridRow = number % linesInColumn;
@@ -191,7 +191,7 @@ void GroupView::Refresh(const ControlSet& changed) {
     const LayoutRow& row = *made.row;
     const bool touched = Touches(changed, row.control) || Touches(changed, row.second) ||
                          Touches(changed, row.captionControl) || Touches(changed, row.unit.control) ||
-                         (row.kind == RowKind::kListRo && Touches(changed, group_.frame));
+                         Touches(changed, group_.frame);
     if (!touched && !changed.all()) continue;
     RefreshRow(made);
   }
@@ -263,9 +263,7 @@ bool GroupView::Shows() const {
   return rows_.empty() || std::any_of(rows_.begin(), rows_.end(), [this](const Row& row) { return Shows(row); });
 }
 
-int GroupView::TopOfFrame() const {
-  return group_.frame ? context_.control.form.At(FrameId{group_.frame}).Top() : 0;
-}
+int GroupView::TopOfFrame() const { return group_.frame ? context_.control.form.At(FrameId{group_.frame}).Top() : 0; }
 
 void GroupView::RefreshState(ControlId control) {
   for (const Row& made : rows_) {
@@ -285,9 +283,9 @@ void GroupView::RefreshWords(const Line& line) {
   for (const std::size_t i : line.rows) {
     for (const FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
       if (cell == nullptr || !cell->Shows()) continue;
-      const int before = static_cast<int>(words.size());
-      if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
+      const auto before = words.size();
       if (!cell->Words().isEmpty()) words << cell->Words();
+      if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
       hinted = hinted || !cell->Hint().isEmpty();
       alert = alert || cell->IsAlert();
       if (words.size() > before) ++marked;
@@ -295,7 +293,7 @@ void GroupView::RefreshWords(const Line& line) {
   }
   // Two fields in one line that say the same say it once; their shapes tell them apart.
   if (marked > 1) words.removeDuplicates();
-  line.words->SetWords(words.join(QStringLiteral(", ")), hinted ? QStringLiteral("?") : QString(), alert);
+  line.words->SetWords(words.join(QStringLiteral("  ")), hinted ? QStringLiteral("?") : QString(), alert);
 }
 
 // ---- captions in one line

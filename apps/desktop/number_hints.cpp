@@ -23,7 +23,8 @@ bool IsNumber(std::string_view text, char separator) {
 
 std::string NumberHint(std::string_view text, char decimalSeparator) {
   const char other = decimalSeparator == '.' ? ',' : '.';
-  // "12,5" is a number to the control too, for it passes over group separators: 125. So the other separator comes first.
+  // "12,5" is a number to the control too, for it passes over group separators: 125. So the other separator comes
+  // first.
   if (text.find(other) != std::string_view::npos) {
     std::string plain(text);
     std::replace(plain.begin(), plain.end(), other, decimalSeparator);

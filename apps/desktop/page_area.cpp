@@ -196,6 +196,7 @@ void PageArea::ShowStates() {
 // ---- what the operator does
 
 void PageArea::PageActivated() {
+  states_.NodeActivated();
   if (const PageLayout* page = InFront()) Opened(*page);
 }
 

@@ -81,10 +81,39 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
     connect(view, &GroupView::Pressed, this, &PageView::Pressed);
     connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
   }
+  AddFigure();
   scroll_->setWidget(content_);
   column->addWidget(scroll_, 1);
   SyncStrips();
   Arrange();
+}
+
+void PageView::AddFigure() {
+  if (page_.figure == FigureKind::kNone) return;
+  figure_ = new FigureWidget(content_);
+  flow_->Add(figure_, !groups_.empty(), false, true);
+  flow_->StretchLast();
+  order_.push_back(static_cast<int>(groups_.size()));
+  connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
+  connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
+}
+
+void PageView::RefreshFigure() {
+  if (figure_ == nullptr) return;
+  const FieldCell* focused = nullptr;
+  const QWidget* focus = QApplication::focusWidget();
+  for (const GroupView* group : groups_) {
+    for (const FieldCell* cell : group->Cells()) {
+      if (focus != nullptr && cell->Widget() == focus) focused = cell;
+    }
+  }
+  const FigureSource source{
+      .form = context_.control.form,
+      .decimalSeparator = context_.control.codecs.DecimalSeparator(),
+      .known = [this](ControlId control) { return context_.states.SetOrTypedSinceNode(control); },
+      .unwritten = [this](ControlId control) { return context_.states.Of(control) == FieldState::kNotWritten; },
+      .focus = focused == nullptr ? ControlId{} : focused->Control()};
+  figure_->Show(ComputeFigure(page_.figure, source));
 }
 
 void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
@@ -120,12 +149,14 @@ void PageView::Refresh(const ControlSet& changed) {
   SyncStrips();
   for (GroupView* group : groups_) group->Refresh(changed);
   Arrange();
+  RefreshFigure();
 }
 
 void PageView::RefreshStates(const std::vector<ControlId>& controls) {
   for (const ControlId control : controls) {
     for (GroupView* group : groups_) group->RefreshState(control);
   }
+  RefreshFigure();
 }
 
 void PageView::Arrange() {
@@ -157,9 +188,10 @@ void PageView::ArrangeByTop() {
   }
   if (places.size() < 2) return;
   std::vector<std::size_t> sorted = places;
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [this](std::size_t a, std::size_t b) { return groups_[a]->TopOfFrame() < groups_[b]->TopOfFrame(); });
-  std::vector<int> order(groups_.size());
+  std::stable_sort(sorted.begin(), sorted.end(), [this](std::size_t a, std::size_t b) {
+    return groups_[a]->TopOfFrame() < groups_[b]->TopOfFrame();
+  });
+  std::vector<int> order(order_.size());
   std::iota(order.begin(), order.end(), 0);
   for (std::size_t i = 0; i < places.size(); ++i) order[places[i]] = static_cast<int>(sorted[i]);
   if (order == order_) return;
@@ -237,10 +269,18 @@ void PageView::ChangeTab(int step) {
   strip->setCurrentIndex((strip->currentIndex() + step + strip->count()) % strip->count());
 }
 
+std::vector<const GroupView*> PageView::InOrder() const {
+  std::vector<const GroupView*> groups;
+  for (const int number : order_) {
+    const auto at = static_cast<std::size_t>(number);
+    if (at < groups_.size()) groups.push_back(groups_[at]);  // the figure has the last number
+  }
+  return groups;
+}
+
 std::vector<FieldCell*> PageView::VisibleCells() const {
   std::vector<FieldCell*> cells;
-  for (const int number : order_) {
-    const GroupView* group = groups_[static_cast<std::size_t>(number)];
+  for (const GroupView* group : InOrder()) {
     if (!group->isVisibleTo(content_)) continue;
     for (FieldCell* cell : group->Cells()) {
       if (cell->Widget()->isVisibleTo(content_) && cell->Widget()->isEnabled()) cells.push_back(cell);
@@ -306,8 +346,8 @@ QString PageView::NoteOfFocus() const {
 std::vector<QWidget*> PageView::TabStops() const {
   std::vector<QWidget*> stops;
   for (const Strip& strip : strips_) stops.push_back(strip.bar);
-  for (const int number : order_) {
-    for (const FieldCell* cell : groups_[static_cast<std::size_t>(number)]->Cells()) {
+  for (const GroupView* group : InOrder()) {
+    for (const FieldCell* cell : group->Cells()) {
       if (cell->Widget()->focusPolicy() != Qt::NoFocus) stops.push_back(cell->Widget());
     }
   }

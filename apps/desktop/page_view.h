@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <vector>
 
+#include "desktop/figure_widget.h"
 #include "desktop/group_flow.h"
 #include "desktop/group_view.h"
 
@@ -29,6 +30,7 @@ class PageView final : public QWidget {
   QString NoteOfFocus() const;
   FieldCell* CellOf(ControlId control) const;
   const std::vector<GroupView*>& Groups() const { return groups_; }
+  FigureWidget* Picture() const { return figure_; }  ///< none where the page draws nothing
   /// What Tab goes through, in order.
   std::vector<QWidget*> TabStops() const;
 
@@ -53,7 +55,10 @@ class PageView final : public QWidget {
   void AlignCaptions();
   void ChooseLetters();
   PageTabs* Innermost() const;
+  void AddFigure();
+  void RefreshFigure();
   void FocusNextField(FieldCell* from);
+  std::vector<const GroupView*> InOrder() const;
   std::vector<FieldCell*> VisibleCells() const;
 
   PageContext context_;
@@ -63,6 +68,7 @@ class PageView final : public QWidget {
   QWidget* content_ = nullptr;
   GroupFlow* flow_ = nullptr;
   std::vector<GroupView*> groups_;
+  FigureWidget* figure_ = nullptr;
   std::vector<int> order_;
   bool syncing_ = false;
 };

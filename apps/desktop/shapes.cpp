@@ -10,9 +10,9 @@ namespace {
 
 // Rows whose every other text is a fault.
 constexpr ControlId kVerdicts[] = {
-    id::txtParameter(298), id::txtParameter(143), id::txtParameter(145),  // Sensor Diag
-    id::txtParameter(43),  id::txtParameter(361), id::txtParameter(362), id::txtParameter(363),
-    id::txtParameter(364), id::txtParameter(258), id::txtParameter(271),  // Calibration Result
+    id::txtParameter(298), id::txtParameter(143),       id::txtParameter(145),  // Sensor Diag
+    id::txtParameter(43),  id::txtParameter(361),       id::txtParameter(362), id::txtParameter(363),
+    id::txtParameter(364), id::txtParameter(258),       id::txtParameter(271),  // Calibration Result
     id::ListAIAlarm,       id::ListAICurrentStateAlarm, id::LstAlarmAIView,
 };
 constexpr ControlId kSimulates[] = {id::cmbPVSimulateEnable, id::cmbPressSimulateEnable, id::cmbLevelSimulate,
@@ -34,8 +34,10 @@ bool HoldsStatus(RowKind kind) {
     case RowKind::kListRo:
     case RowKind::kListBox:
     case RowKind::kLabel:
-    case RowKind::kMsg: return true;
-    default: return false;
+    case RowKind::kMsg:
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -43,9 +45,7 @@ bool HoldsStatus(RowKind kind) {
 struct Pen {
   QPainter& painter;
   QRectF room;
-  QPointF At(double x, double y) const {
-    return {room.left() + x * room.width(), room.top() + y * room.height()};
-  }
+  QPointF At(double x, double y) const { return {room.left() + x * room.width(), room.top() + y * room.height()}; }
   void Line(double x1, double y1, double x2, double y2) const { painter.drawLine(At(x1, y1), At(x2, y2)); }
   void Path(std::initializer_list<std::array<double, 2>> points, bool close) const {
     QPainterPath path;
@@ -61,9 +61,7 @@ struct Pen {
   }
 };
 
-void Hourglass(const Pen& pen) {
-  pen.Path({{0.2, 0.08}, {0.8, 0.08}, {0.2, 0.92}, {0.8, 0.92}}, true);
-}
+void Hourglass(const Pen& pen) { pen.Path({{0.2, 0.08}, {0.8, 0.08}, {0.2, 0.92}, {0.8, 0.92}}, true); }
 
 void NotEqual(const Pen& pen, QPen stroke, bool dashed) {
   if (dashed) {
@@ -90,16 +88,25 @@ bool IsAlert(Shape shape) {
 
 Shape ShapeOf(FieldState state) {
   switch (state) {
-    case FieldState::kNotRead: return Shape::kCircle;
-    case FieldState::kNotWritten: return Shape::kPencil;
-    case FieldState::kSent: return Shape::kHourglass;
-    case FieldState::kConfirmed: return Shape::kCheck;
-    case FieldState::kDiffers: return Shape::kNotEqual;
-    case FieldState::kReplaced: return Shape::kDashedNotEqual;
-    case FieldState::kChanged: return Shape::kFilledTriangle;
-    case FieldState::kNotReadBack: return Shape::kCrossedHourglass;
+    case FieldState::kNotRead:
+      return Shape::kCircle;
+    case FieldState::kNotWritten:
+      return Shape::kPencil;
+    case FieldState::kSent:
+      return Shape::kHourglass;
+    case FieldState::kConfirmed:
+      return Shape::kCheck;
+    case FieldState::kDiffers:
+      return Shape::kNotEqual;
+    case FieldState::kReplaced:
+      return Shape::kDashedNotEqual;
+    case FieldState::kChanged:
+      return Shape::kFilledTriangle;
+    case FieldState::kNotReadBack:
+      return Shape::kCrossedHourglass;
     case FieldState::kAsRead:
-    case FieldState::kDeviceShows: break;
+    case FieldState::kDeviceShows:
+      break;
   }
   return Shape::kNone;
 }
@@ -124,7 +131,7 @@ QColor AccentColor(const QPalette& palette) {
 
 QColor AlertColor(const QPalette& palette) {
   return palette.color(QPalette::Active, QPalette::Window).lightness() < 128 ? QColor(0xFF, 0x8A, 0x80)
-                                                                            : QColor(0xB0, 0x1B, 0x1B);
+                                                                             : QColor(0xB0, 0x1B, 0x1B);
 }
 
 void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette) {
@@ -139,18 +146,29 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
   painter.setPen(stroke);
   painter.setBrush(Qt::NoBrush);
   switch (shape) {
-    case Shape::kNone: break;
-    case Shape::kCircle: painter.drawEllipse(square.adjusted(side * 0.15, side * 0.15, -side * 0.15, -side * 0.15)); break;
+    case Shape::kNone:
+      break;
+    case Shape::kCircle:
+      painter.drawEllipse(square.adjusted(side * 0.15, side * 0.15, -side * 0.15, -side * 0.15));
+      break;
     case Shape::kPencil:
       painter.setPen(QPen(color, side / 4, Qt::SolidLine, Qt::FlatCap));
       pen.Line(0.28, 0.72, 0.9, 0.1);
       painter.setPen(stroke);
       pen.Line(0.1, 0.9, 0.2, 0.8);
       break;
-    case Shape::kHourglass: Hourglass(pen); break;
-    case Shape::kCheck: pen.Path({{0.08, 0.55}, {0.38, 0.86}, {0.92, 0.16}}, false); break;
-    case Shape::kNotEqual: NotEqual(pen, stroke, false); break;
-    case Shape::kDashedNotEqual: NotEqual(pen, stroke, true); break;
+    case Shape::kHourglass:
+      Hourglass(pen);
+      break;
+    case Shape::kCheck:
+      pen.Path({{0.08, 0.55}, {0.38, 0.86}, {0.92, 0.16}}, false);
+      break;
+    case Shape::kNotEqual:
+      NotEqual(pen, stroke, false);
+      break;
+    case Shape::kDashedNotEqual:
+      NotEqual(pen, stroke, true);
+      break;
     case Shape::kFilledTriangle:
       painter.setBrush(color);
       pen.Path({{0.5, 0.28}, {0.78, 0.76}, {0.22, 0.76}}, true);

@@ -1,0 +1,434 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QShortcut>
+#include <QWheelEvent>
+
+#include "desktop/choice_field.h"
+#include "desktop/field_widgets.h"
+#include "page_support.h"
+#include "pages/pages.h"
+
+namespace htr60::desktop {
+namespace {
+
+void Key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
+  ASSERT_NE(widget, nullptr);
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    QKeyEvent event(type, key, modifiers, text);
+    QApplication::sendEvent(widget, &event);
+  }
+}
+
+void Text(QWidget* widget, const QString& text) {
+  for (const QChar c : text) Key(widget, 0, Qt::NoModifier, c);
+}
+
+class PageAreaTest : public testing::Test {
+ protected:
+  explicit PageAreaTest(char separator = '.', const PageRegistry& pages = kTestPages) : control_(separator, pages) {
+    area_.resize(700, 460);
+    area_.show();
+    area_.activateWindow();
+    Turn();
+  }
+
+  void Turn() {
+    area_.Apply(control_->form.TakeChanges(), {});
+    QApplication::processEvents();
+  }
+  template <class Widget>
+  Widget* Field(ControlId control) {
+    FieldCell* cell = area_.View()->CellOf(control);
+    return cell == nullptr ? nullptr : qobject_cast<Widget*>(cell->Widget());
+  }
+  TextEntry* Entry(ControlId control) { return Field<TextEntry>(control); }
+  FieldCell& Cell(ControlId control) { return *area_.View()->CellOf(control); }
+  GroupView& Group(int number) { return *area_.View()->Groups()[static_cast<std::size_t>(number)]; }
+  void Tab(int index) {
+    control_->form.SSTabTRDSettings.SetIndex(index);
+    Turn();
+  }
+
+  TestControl control_;
+  PageArea area_{*control_};
+};
+
+TEST_F(PageAreaTest, ShowsThePageShownLastOrTheWord) {
+  EXPECT_EQ(area_.Current(), &kFirst);
+  EXPECT_EQ(area_.Title(), QStringLiteral("First"));
+  control_->CurrentPage = "Test 2";
+  EXPECT_EQ(area_.Title(), QStringLiteral("First again"));
+  control_->HideAllFrames();
+  Turn();
+  EXPECT_EQ(area_.Current(), nullptr);
+  EXPECT_TRUE(area_.findChild<QWidget*>(QStringLiteral("noPage"))->isVisible());
+  control_->form.frmTRDTable.SetVisible(true);
+  Turn();
+  EXPECT_EQ(area_.Title(), QStringLiteral("Second"));
+}
+
+TEST_F(PageAreaTest, TheWaitingStripStandsAboveAnyPage) {
+  auto* strip = area_.findChild<QWidget*>(QStringLiteral("waitingStrip"));
+  ASSERT_NE(strip, nullptr);
+  EXPECT_FALSE(strip->isVisible());
+  control_->form.PictMessageTable.SetVisible(true);
+  Turn();
+  EXPECT_TRUE(strip->isVisible());
+  EXPECT_EQ(strip->findChild<QLabel*>()->text(), QStringLiteral("Please Wait! Reanding Points..."));
+  EXPECT_TRUE(strip->testAttribute(Qt::WA_TransparentForMouseEvents));
+  EXPECT_TRUE(area_.View()->isVisible());
+  control_->form.PictMessageTable.SetVisible(false);
+  Turn();
+  EXPECT_FALSE(strip->isVisible());
+}
+
+TEST_F(PageAreaTest, RendersTextsUnitsAndFlags) {
+  control_->form.txtParameter(60).SetText("12.500");
+  control_->form.txtParameter(299).SetText("Bad - Sensor Failure");
+  control_->form.lbArray(466).SetText("kPa");
+  control_->form.lbArray(465).SetText("bar");
+  control_->form.txtParameter(40).SetEnabled(false);
+  Turn();
+  EXPECT_EQ(Entry(id::txtParameter(60))->text(), QStringLiteral("12.500"));
+  EXPECT_TRUE(Entry(id::txtParameter(60))->isReadOnly());
+  EXPECT_TRUE(Entry(id::txtParameter(60))->isEnabled());
+  EXPECT_FALSE(Entry(id::txtParameter(40))->isEnabled());
+  EXPECT_EQ(Cell(id::txtParameter(299)).Slot()->Current(), Shape::kFault);
+  EXPECT_EQ(Entry(id::txtParameter(60))->accessibleName(), QStringLiteral("Square Root, Value, kPa"));
+  EXPECT_EQ(Entry(id::txtParameter(40))->accessibleName(), QStringLiteral("Numbers, Lower, bar"));
+  // The label's own text is the caption while it has one.
+  EXPECT_EQ(Entry(id::txtParameter(0))->accessibleName(), QStringLiteral("Square Root, Pressure Unit (EU)"));
+  control_->form.lbArray(107).SetText("");
+  control_->form.frmzGroup(12).SetText("New");
+  Turn();
+  EXPECT_EQ(Group(1).Caption(), QStringLiteral("New"));
+  EXPECT_EQ(Entry(id::txtParameter(0))->accessibleName(), QStringLiteral("New, Tag"));
+  control_->form.lbArray(107).SetVisible(false);
+  control_->form.txtParameter(0).SetVisible(false);
+  control_->form.frmzGroup(12).SetVisible(false);
+  Turn();
+  EXPECT_FALSE(Group(1).isVisible());
+}
+
+TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
+  control_->form.txtParameter(37).SetText("1.000");
+  Turn();
+  TextEntry* entry = Entry(id::txtParameter(37));
+  entry->setFocus();
+  entry->selectAll();
+  Text(entry, QStringLiteral("12,5"));
+  EXPECT_EQ(control_->form.txtParameter(37).Text(), "12,5");
+  Turn();
+  EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QStringLiteral("not written"));
+  EXPECT_EQ(Cell(id::txtParameter(37)).Hint(), QStringLiteral("Decimal separator here is ."));
+  EXPECT_EQ(Cell(id::txtParameter(37)).Slot()->Current(), Shape::kPencil);
+  EXPECT_EQ(entry->accessibleDescription(), QStringLiteral("not written; Decimal separator here is ."));
+  Key(entry, Qt::Key_Escape);
+  Turn();
+  EXPECT_EQ(control_->form.txtParameter(37).Text(), "1.000");
+  EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QString());
+  Key(entry, Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(40)));
+}
+
+TEST_F(PageAreaTest, WordsThatDoNotFitAreInTheToolTip) {
+  const auto field = id::txtParameter(37);
+  control_->form.At(field).SetText("1.000");
+  area_.States().Type(field, "2");
+  Turn();
+  EXPECT_EQ(Cell(field).ToolTip(), QString());
+  area_.States().Type(field, std::string(80, '7'));
+  control_->form.At(field).SetText("1.000");
+  Turn();
+  EXPECT_EQ(Cell(field).ToolTip(),
+            QStringLiteral("replaced by the device, was: %1").arg(QString(80, QLatin1Char('7'))));
+  EXPECT_EQ(Entry(field)->accessibleDescription(), Cell(field).ToolTip());
+  control_->form.txtParameter(299).SetText(std::string(80, 'x'));
+  Turn();
+  EXPECT_EQ(Cell(id::txtParameter(299)).ToolTip(), QString(80, QLatin1Char('x')));
+}
+
+TEST_F(PageAreaTest, EnterNeverWrites) {
+  area_.States().Type(id::txtParameter(37), "2");
+  auto* write = Field<QPushButton>(id::cmdWriteCalPoint);
+  Key(write, Qt::Key_Return);
+  Key(write, Qt::Key_Enter);
+  QApplication::processEvents();
+  EXPECT_TRUE(control_.dtm->writes.empty());
+  Key(write, Qt::Key_Space);
+  EXPECT_EQ(control_.dtm->writes, std::vector<std::string>{"44"});
+  Turn();
+  EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QStringLiteral("sent"));
+}
+
+TEST_F(PageAreaTest, AnOpenButtonOpensAPageAnew) {
+  std::vector<ControlId> activated;
+  QObject::connect(&area_, &PageArea::Activated, [&](ControlId opener) { activated.push_back(opener); });
+  control_->form.txtParameter(21).SetText("1.000");
+  Turn();
+  EXPECT_EQ(area_.States().Of(id::txtParameter(21)), FieldState::kAsRead);
+  area_.Press(id::cmdTablePoints);
+  EXPECT_EQ(activated, std::vector<ControlId>{id::cmdTablePoints});
+  Turn();
+  EXPECT_EQ(area_.Title(), QStringLiteral("Second"));
+  EXPECT_EQ(Cell(id::txtParameter(21)).Slot()->Current(), Shape::kCircle);
+  area_.FocusFirstField();
+  EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(21)));
+  EXPECT_FALSE(area_.FocusControl(id::cmdTablePoints));
+}
+
+TEST_F(PageAreaTest, TellsWhatWasLeftWithoutWriting) {
+  QStringList said;
+  QObject::connect(&area_, &PageArea::LeftWithoutWriting, [&](const QString& sentence) { said << sentence; });
+  area_.States().Type(id::txtParameter(37), "2");
+  area_.States().Type(id::txtParameter(40), "2");
+  Turn();
+  Tab(1);
+  EXPECT_EQ(said, QStringList{QStringLiteral("Left without writing: 2 fields on First, Settings.")});
+  Tab(0);
+  EXPECT_EQ(said.size(), 1);
+}
+
+TEST_F(PageAreaTest, TabsShowTheirGroupsAndKeysMoveOn) {
+  EXPECT_TRUE(Group(0).isVisible());
+  EXPECT_FALSE(Group(2).isVisible());
+  Entry(id::txtParameter(37))->setFocus();
+  const auto press = [&](const QKeySequence& keys) {
+    for (QShortcut* shortcut : area_.findChildren<QShortcut*>()) {
+      if (shortcut->key() == keys) Q_EMIT shortcut->activated();
+    }
+    Turn();
+  };
+  press(QKeySequence(Qt::CTRL | Qt::Key_Tab));
+  EXPECT_EQ(control_->form.SSTabTRDSettings.Index(), 1);
+  EXPECT_FALSE(Group(0).isVisible());
+  EXPECT_TRUE(Group(2).isVisible());
+  auto* bar = area_.findChild<PageTabs*>(QStringLiteral("SSTabTRDSettings"));
+  EXPECT_EQ(bar->currentIndex(), 1);
+  EXPECT_EQ(QApplication::focusWidget(), bar);  // its field went out of sight
+  press(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+  EXPECT_EQ(control_->form.SSTabTRDSettings.Index(), 0);
+  QWheelEvent wheel({5, 5}, bar->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(bar, &wheel);
+  EXPECT_EQ(control_->form.SSTabTRDSettings.Index(), 0);
+}
+
+TEST_F(PageAreaTest, GroupsStandInTheOrderOfTheirTops) {
+  Tab(2);
+  EXPECT_LT(Group(3).y(), Group(4).y());
+  control_->form.frmzGroup(61).SetTop(100);
+  Turn();
+  EXPECT_LT(Group(4).y(), Group(3).y());
+  const std::vector<QWidget*> stops = area_.View()->TabStops();
+  const auto at = [&](ControlId control) {
+    return std::find(stops.begin(), stops.end(), Cell(control).Widget()) - stops.begin();
+  };
+  EXPECT_LT(at(id::cmbAIUnitOutScale), at(id::txtParameter(92)));
+}
+
+TEST_F(PageAreaTest, AMonitorsStatusStandsInAHighBoxAlone) {
+  control_->form.frmGroupParameter(0).SetVisible(true);
+  Tab(3);
+  QWidget* status = Cell(id::cmbLCDStatusMonit1).Widget();
+  EXPECT_FALSE(status->isVisible());
+  control_->form.frmGroupParameter(0).SetHeight(1575);
+  Turn();
+  EXPECT_TRUE(status->isVisible());
+  EXPECT_NE(qobject_cast<TextEntry*>(status), nullptr);  // it only shows: it does not open
+}
+
+class ChoiceFieldTest : public PageAreaTest {
+ protected:
+  ChoiceField& Open(ControlId control) {
+    auto* field = Field<ChoiceField>(control);
+    field->setFocus();
+    Key(field, Qt::Key_F4);
+    return *field;
+  }
+  static QStringList Lines(const ChoicePopup& popup) {
+    QStringList lines;
+    for (int i = 0; i < popup.List()->model()->rowCount(); ++i) {
+      lines << popup.List()->model()->index(i, 0).data().toString();
+    }
+    return lines;
+  }
+};
+
+TEST_F(ChoiceFieldTest, ChangesByAPickAlone) {
+  control_->form.cmbPVSimulateEnable.SetText("Enable");
+  Turn();
+  auto* field = Field<ChoiceField>(id::cmbPVSimulateEnable);
+  QWheelEvent wheel({5, 5}, field->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(field, &wheel);
+  for (const int key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End}) Key(field, key);
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
+  EXPECT_EQ(field->Popup(), nullptr);
+  Open(id::cmbPVSimulateEnable);
+  ASSERT_NE(field->Popup(), nullptr);
+  EXPECT_EQ(field->Popup()->SearchLine(), nullptr);
+  QListView* list = field->Popup()->List();
+  Key(list, Qt::Key_Down);
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
+  Key(list, Qt::Key_Return);
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Disable");
+  QApplication::processEvents();
+  Open(id::cmbPVSimulateEnable);
+  Key(field->Popup()->List(), Qt::Key_Home);
+  Key(field->Popup()->List(), Qt::Key_Escape);
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Disable");
+}
+
+TEST_F(ChoiceFieldTest, AForeignTextStandsAboveTheRows) {
+  control_->form.cmbPVSimulateEnable.SetText("Mpa");
+  Turn();
+  ChoicePopup& popup = *Open(id::cmbPVSimulateEnable).Popup();
+  EXPECT_EQ(Lines(popup).front(), QStringLiteral("Now: Mpa (not in this list)"));
+  EXPECT_EQ(popup.List()->model()->index(0, 0).flags(), Qt::NoItemFlags);
+  Key(popup.List(), Qt::Key_Return);  // nothing was chosen
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Mpa");
+  Key(popup.List(), Qt::Key_Down);
+  Key(popup.List(), Qt::Key_Return);
+  EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
+}
+
+TEST_F(ChoiceFieldTest, LongListsAreSearched) {
+  static const std::vector<std::string> texts = [] {
+    std::vector<std::string> made{"bar g", "mbar", "Bar", "Bar"};
+    for (int i = 0; i < 573; ++i) made.push_back("unit " + std::to_string(i));
+    return made;
+  }();
+  for (const std::string& text : texts) control_->form.cmbAIUnitOutScale.AddRow(text);
+  control_->form.cmbAIUnitOutScale.SetText("unit 500");
+  Tab(2);
+  auto* field = Field<ChoiceField>(id::cmbAIUnitOutScale);
+  field->setFocus();
+  QElapsedTimer clock;
+  clock.start();
+  Key(field, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"));  // opens with the search, picks nothing
+  EXPECT_LT(clock.elapsed(), 500);
+  ASSERT_NE(field->Popup(), nullptr);
+  EXPECT_EQ(control_->form.cmbAIUnitOutScale.Text(), "unit 500");
+  QLineEdit* search = field->Popup()->SearchLine();
+  ASSERT_NE(search, nullptr);
+  EXPECT_EQ(search->text(), QStringLiteral("b"));
+  Text(search, QStringLiteral("ar"));
+  EXPECT_EQ(Lines(*field->Popup()), (QStringList{QStringLiteral("Bar"), QStringLiteral("Bar"), QStringLiteral("bar g"),
+                                                 QStringLiteral("mbar")}));
+  Key(search, Qt::Key_Down);
+  Key(search, Qt::Key_Down);
+  Key(search, Qt::Key_Return);
+  EXPECT_EQ(control_->form.cmbAIUnitOutScale.Text(), "bar g");
+}
+
+class CommaTest : public PageAreaTest {
+ protected:
+  CommaTest() : PageAreaTest(',') {}
+};
+
+TEST_F(CommaTest, HintsFollowTheLocale) {
+  area_.States().Type(id::txtParameter(37), "12.5");
+  Turn();
+  EXPECT_EQ(Cell(id::txtParameter(37)).Hint(), QStringLiteral("Decimal separator here is ,"));
+}
+
+// ---- the pages as they are
+
+class AllPagesTest : public PageAreaTest {
+ protected:
+  AllPagesTest() : PageAreaTest('.', PagesOfHtr60()) {}
+};
+
+TEST_F(AllPagesTest, EveryRowFitsTheSmallestWindow) {
+  area_.resize(680, 440);
+  for (const PageUnit* unit : PagesOfHtr60().units) {
+    for (const PageLayout& page : unit->layouts) {
+      control_->HideAllFrames();
+      control_->form.At(page.frame).SetVisible(true);
+      const std::size_t tabs = page.strip ? control_->form.At(page.strip).Captions().size() : 1;
+      for (std::size_t tab = 0; tab < tabs; ++tab) {
+        if (page.strip) control_->form.At(page.strip).SetIndex(static_cast<int>(tab));
+        Turn();
+        ASSERT_EQ(area_.Current(), &page);
+        const auto* scroll = area_.View()->findChild<QScrollArea*>();
+        const QSize content = scroll->widget()->size();
+        EXPECT_LE(content.width(), scroll->viewport()->width()) << area_.Title().toStdString() << " tab " << tab;
+        if (!(page.frame == id::frmDeviceView)) {
+          EXPECT_LE(content.height(), scroll->viewport()->height()) << area_.Title().toStdString() << " tab " << tab;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(AllPagesTest, TabGoesThroughARowBeforeTheNext) {
+  control_->HideAllFrames();
+  control_->form.frmTRDTable.SetVisible(true);
+  control_->form.cmbNrPoints.SetText("21");
+  Turn();
+  std::vector<QString> order;
+  Entry(id::txtParameter(21))->setFocus();
+  for (int i = 0; i < 4; ++i) {
+    order.push_back(QApplication::focusWidget()->objectName());
+    Key(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(order, (std::vector<QString>{QStringLiteral("txtParameter(21)"), QStringLiteral("txtParameter(36)"),
+                                         QStringLiteral("txtParameter(22)"), QStringLiteral("txtParameter(52)")}));
+}
+
+TEST_F(AllPagesTest, TheTablesFigureFollowsTyping) {
+  control_->HideAllFrames();
+  control_->form.frmTRDTable.SetVisible(true);
+  Turn();
+  area_.PageActivated();
+  control_->form.cmbNrPoints.SetText("2");
+  for (const TextId field : {id::txtParameter(21), id::txtParameter(36)}) control_->form.At(field).SetText("0.000");
+  for (const TextId field : {id::txtParameter(22), id::txtParameter(52)}) control_->form.At(field).SetText("100.000");
+  Turn();
+  FigureWidget* figure = area_.View()->Picture();
+  ASSERT_NE(figure, nullptr);
+  ASSERT_EQ(figure->Shown().missing, "");
+  ASSERT_FALSE(figure->Shown().markers.empty());
+  EXPECT_FALSE(figure->accessibleName().isEmpty());
+  area_.States().Type(id::txtParameter(22), "50");
+  Turn();
+  const auto hollow = std::count_if(figure->Shown().markers.begin(), figure->Shown().markers.end(),
+                                    [](const FigureMarker& m) { return m.shape == MarkerShape::kHollowSquare; });
+  EXPECT_EQ(hollow, 1);
+  const QPointF at = figure->Place({0, 0});
+  QMouseEvent click(QEvent::MouseButtonPress, at, figure->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                    Qt::NoModifier);
+  QApplication::sendEvent(figure, &click);
+  EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(21)));
+}
+
+TEST_F(AllPagesTest, ThePasswordIsNeverShown) {
+  const PageLayout* factory = nullptr;
+  for (const PageUnit* unit : PagesOfHtr60().units) {
+    for (const PageLayout& page : unit->layouts) {
+      if (page.frame == id::frmfactory) factory = &page;
+    }
+  }
+  if (factory == nullptr) GTEST_SKIP() << "the factory page is not there yet";
+  control_->HideAllFrames();
+  control_->form.frmfactory.SetVisible(true);
+  control_->form.SSTabFactory.SetIndex(5);
+  Turn();
+  TextEntry* entry = Entry(id::txtPassword);
+  ASSERT_NE(entry, nullptr);
+  entry->setFocus();
+  Text(entry, QStringLiteral("1234567"));
+  EXPECT_EQ(control_->form.txtPassword.Text(), "12345");
+  EXPECT_EQ(entry->displayText(), QStringLiteral("*****"));
+  entry->selectAll();
+  QApplication::clipboard()->clear();
+  entry->copy();
+  EXPECT_EQ(QApplication::clipboard()->text(), QString());
+  EXPECT_EQ(Cell(id::txtPassword).ToolTip(), QString());
+  EXPECT_EQ(Cell(id::txtPassword).Words(), QString());
+}
+
+}  // namespace
+}  // namespace htr60::desktop
