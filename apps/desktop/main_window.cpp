@@ -228,12 +228,12 @@ void MainWindow::ShowAbout() {
 void MainWindow::PutActionsLast() {
   if (chained_ == page_->Current()) return;
   chained_ = page_->Current();
-  QWidget* last = this;
-  while (true) {
+  QWidget* last = previousInFocusChain();
+  // Behind a widget that takes no focus nothing can be put.
+  while (last != this && (last->focusPolicy() == Qt::NoFocus || actions_->isAncestorOf(last))) {
     last = last->previousInFocusChain();
-    if (!actions_->isAncestorOf(last) && last != actions_) break;
-    if (last == this) return;
   }
+  if (last == this) return;
   for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
     setTabOrder(last, button);
     last = button;

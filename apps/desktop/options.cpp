@@ -72,7 +72,7 @@ sim::Settings LoadSettings(const Options& options) {
     if (!options.settings.isEmpty()) object = sim::MergeSettings(std::move(object), ReadFile(options.settings));
     return sim::Parse(object);
   } catch (const sim::SettingsError& error) {
-    const QString where = options.settings.isEmpty() ? QStringLiteral("Preset") : options.settings;
+    const QString where = options.settings.isEmpty() ? QStringLiteral("--preset ") + options.preset : options.settings;
     Fail(QStringLiteral("%1: %2").arg(where, QString::fromUtf8(error.what())));
   }
 }

@@ -26,9 +26,10 @@ struct Word {
   const char* word;
 };
 constexpr Word kWords[] = {
-    {TourDo::kNode, "node"},     {TourDo::kButton, "button"},   {TourDo::kTab, "tab"}, {TourDo::kType, "type"},
-    {TourDo::kChoose, "choose"}, {TourDo::kWrite, "write"},     {TourDo::kBox, "box"}, {TourDo::kWait, "wait"},
-    {TourDo::kExpect, "expect"}, {TourDo::kPicture, "picture"},
+    {TourDo::kNode, "node"},         {TourDo::kButton, "button"},   {TourDo::kTab, "tab"},
+    {TourDo::kType, "type"},         {TourDo::kChoose, "choose"},   {TourDo::kWrite, "write"},
+    {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},       {TourDo::kExpect, "expect"},
+    {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
 };
 
 void Key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
@@ -130,6 +131,10 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       return window_.Header().Settled() ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kExpect:
       return control_.form.TextOf(step.control) == step.text ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kSmallest:
+      if (step.text.empty()) size_ = window_.size();
+      window_.resize(step.text.empty() ? window_.minimumSize() : size_);
+      return Outcome::kDone;
     case TourDo::kPicture:
       return TakePicture(step);
   }

@@ -45,6 +45,7 @@ class Tour final : public QObject {
   QElapsedTimer sinceStep_;
   std::size_t next_ = 0;
   int pictures_ = 0;
+  QSize size_;  // before the window was made small
 };
 
 /// One line that says what a step does.

@@ -58,6 +58,10 @@ class Session : public testing::Test {
   bool Settle() {
     return WaitFor([this] { return window_.Header().Settled(); });
   }
+  /// The start's own reads have been answered: writes go out.
+  bool Connect() {
+    return WaitFor([this] { return Panel(1) == "Connected"; }) && Settle();
+  }
   bool Open(const char* node) {
     QApplication::processEvents();
     return window_.Tree().Press(QLatin1String(node)) && Settle();

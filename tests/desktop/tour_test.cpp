@@ -22,6 +22,7 @@ class TourTest : public Session {
 
 TEST_F(TourTest, WalksByItsTableAndLeavesPictures) {
   constexpr TourStep kSteps[] = {
+      {TourDo::kWait},
       {TourDo::kNode, {}, "Device Identification"},
       {TourDo::kWait},
       {TourDo::kType, id::txtParameter(0), "N 7"},
