@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <limits>
 #include <system_error>
 #include <utility>
 
@@ -9,6 +10,8 @@
 
 namespace htr60::automation {
 namespace {
+
+constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
 std::string_view NameOf(BoxButton button) {
   switch (button) {
@@ -62,12 +65,11 @@ void Host::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;
   for (;;) {
     sim::Manager* simulator = dtm_->Simulator();
-    const auto answerDue = simulator != nullptr ? simulator->NextDue() : std::optional<std::int64_t>();
+    const std::int64_t answerDue = simulator != nullptr ? simulator->NextDue().value_or(kNever) : kNever;
     const int timer = FirstTimer();
     const bool timerDue = timer >= 0 && alarms_[static_cast<std::size_t>(timer)].due <= target;
-    if (answerDue && *answerDue <= target &&
-        (!timerDue || *answerDue <= alarms_[static_cast<std::size_t>(timer)].due)) {
-      now_ = std::max(now_, *answerDue);
+    if (answerDue <= target && (!timerDue || answerDue <= alarms_[static_cast<std::size_t>(timer)].due)) {
+      now_ = std::max(now_, answerDue);
       simulator->RunOne(now_);
     } else if (timerDue) {
       Alarm& alarm = alarms_[static_cast<std::size_t>(timer)];

@@ -1,5 +1,10 @@
 #include "desktop/tour_steps.h"
 
+#include <algorithm>
+#include <array>
+
+#include "desktop/tour_transducer.h"
+
 namespace htr60::desktop {
 namespace {
 
@@ -9,10 +14,13 @@ constexpr ControlId kTag = id::txtParameter(0);
 constexpr ControlId kSensorModel = id::txtParameter(11);
 constexpr ControlId kFlangeTypeLo = id::txtParameter(25);
 
-constexpr TourStep kSteps[] = {
+constexpr TourStep kIdentificationSteps[] = {
     {kPicture, {}, "start"},
     {kWait},
     {kPicture, {}, "identification"},
+    {kSmallest},
+    {kPicture, {}, "identification at the smallest size"},
+    {kSmallest, {}, "no"},
 
     {kType, kTag, "HTR60-TOUR"},
     {kChoose, id::cmbWriteProtection, "Write Locked"},
@@ -61,6 +69,16 @@ constexpr TourStep kSteps[] = {
     {kWait},
     {kPicture, {}, "type pressure"},
 };
+
+template <std::size_t... kCounts>
+constexpr auto Join(const TourStep (&... parts)[kCounts]) {
+  std::array<TourStep, (kCounts + ...)> steps{};
+  auto* end = steps.data();
+  ((end = std::copy(parts, parts + kCounts, end)), ...);
+  return steps;
+}
+
+constexpr auto kSteps = Join(kIdentificationSteps, kPressureSteps, kFlowSteps, kLevelSteps, kDensitySteps);
 
 }  // namespace
 
