@@ -73,6 +73,7 @@ QString Describe(const TourStep& step) {
 Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder)
     : window_(window), control_(control), steps_(steps), folder_(folder) {
   ticks_.setInterval(kTickMs);
+  ticks_.setSingleShot(true);
   connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
 }
 
@@ -84,6 +85,8 @@ void Tour::Start() {
 // One step a tick, so that the window has its turn in between; a step that is not ready is tried again.
 void Tour::Tick() {
   if (next_ == steps_.size()) return End(0);
+  // Begun anew first: a timer in the middle of its own timeout would stand still in a box's event loop.
+  ticks_.start();
   const TourStep& step = steps_[next_];
   const auto number = static_cast<int>(next_ + 1);
   // A box that the step opens runs its own event loop: the ticks within it belong to the step behind.
