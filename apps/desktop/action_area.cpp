@@ -93,7 +93,8 @@ void ActionArea::Apply(Form& form) {
 }
 
 void ActionArea::ShowCounts(const StateCounts& counts) {
-  const bool allConfirmed = counts.confirmed > 0 && counts.notWritten == 0 && counts.sent == 0;
+  const bool allConfirmed =
+      counts.confirmed > 0 && counts.notWritten == 0 && counts.sent == 0 && counts.unconfirmed == 0;
   const QString texts[] = {counts.notWritten > 0 ? tr("%1 not written").arg(counts.notWritten) : QString(),
                            counts.sent > 0 ? tr("%1 sent").arg(counts.sent) : QString(),
                            allConfirmed ? tr("all confirmed") : QString()};

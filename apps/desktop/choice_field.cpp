@@ -124,6 +124,10 @@ void ChoicePopup::Open() {
   if (first >= 0) list_->setCurrentIndex(model_->index(first));
   list_->scrollTo(list_->currentIndex(), QAbstractItemView::PositionAtCenter);
   (search_ != nullptr ? static_cast<QWidget*>(search_) : list_)->setFocus(Qt::PopupFocusReason);
+  // With the focus the view makes its first row the current one, though nobody chose it.
+  if (search_ == nullptr && first < 0) {
+    list_->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+  }
 }
 
 void ChoicePopup::Type(const QString& text) {

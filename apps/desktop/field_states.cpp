@@ -398,6 +398,7 @@ StateCounts FieldStates::Counts(const PageLayout& page) const {
     if (field.state == FieldState::kNotWritten) ++counts.notWritten;
     if (field.state == FieldState::kSent) ++counts.sent;
     if (field.state == FieldState::kConfirmed) ++counts.confirmed;
+    if (field.state == FieldState::kDiffers || field.state == FieldState::kNotReadBack) ++counts.unconfirmed;
   }
   return counts;
 }

@@ -30,6 +30,7 @@ struct StateCounts {
   int notWritten = 0;
   int sent = 0;
   int confirmed = 0;
+  int unconfirmed = 0;  ///< the device holds something else, or no re-read has come
 };
 
 /// States of all fields of the kinds edit, num and list that the layouts place. It sees what a view sees: the

@@ -58,6 +58,7 @@ void PageHeader::Apply(const PageLayout* page, const QString& title, std::span<c
   if (!(shown == line_.Page())) line_.Opened(shown);
   title_->setText(title);
   purpose_->setText(page != nullptr ? ToQt(page->purpose) : QString());
+  reads_ = page != nullptr && !page->reads.empty();
   bool answered = false;
   if (page != nullptr) {
     answered = std::any_of(handledCodes.begin(), handledCodes.end(), [&](int code) {
@@ -90,7 +91,7 @@ int PageHeader::PollingInterval() {
 
 void PageHeader::ShowLine() {
   const std::int64_t now = Now();
-  const QString text = line_.Text(now);
+  const QString text = reads_ ? line_.Text(now) : QString();  // a page that reads nothing has nothing to tell
   if (text != data_->text()) data_->setText(text);
   const bool late = line_.Late(now);
   if (late != warning_->isVisibleTo(this)) warning_->setVisible(late);

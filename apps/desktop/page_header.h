@@ -33,6 +33,7 @@ class PageHeader final : public QWidget {
 
   UserCntrl& control_;
   DataLine line_;
+  bool reads_ = false;  // the page in front has reads of its own
   QTimer clock_;
   QLabel* title_;
   QLabel* purpose_;

@@ -138,7 +138,7 @@ void AddRemarks(Figure& figure, const std::vector<std::string>& faults, const st
 Figure LinearizationFigure(const FigureSource& source) {
   Figure figure;
   Form& form = source.form;
-  figure.verdictCaption = "Table Status: ";
+  figure.verdictCaption = "Table Status";
   if (source.known(id::txtParameter(45))) figure.verdict = form.txtParameter(45).Text();
   const auto count = NumberOf(form.cmbNrPoints.Text(), source.decimalSeparator);
   if (!source.known(id::cmbNrPoints) || !count) {

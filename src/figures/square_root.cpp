@@ -76,7 +76,7 @@ Figure SquareRootFigure(const FigureSource& source) {
   figure.x = RoundAxis("Differential pressure (%)", 0, kFull, source.decimalSeparator);
   figure.y = RoundAxis("Flow (%)", 0, kFull, source.decimalSeparator);
   figure.lines.push_back({{{0, 0}, {kFull, kFull}}, LineStyle::kReference});
-  figure.texts.push_back({{kFull, kFull * 0.93}, "No Linearization.", true});
+  figure.texts.push_back({{kFull * 0.7, kFull * 0.62}, "No Linearization.", false});
   const auto linear = PercentOf(source, kLinear, figure);
   const auto cutOff = PercentOf(source, kCutOff, figure);
   const bool whole = linear && cutOff;

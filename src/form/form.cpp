@@ -78,6 +78,7 @@ void Form::MarkTimers() {
 FormChanges Form::TakeChanges() {
   FormChanges taken;
   std::swap(taken, changes_);
+  changes_.controls.reserve(taken.controls.size());
   for (const ControlId control : taken.controls) marked_.reset(control.ordinal);
   return taken;
 }

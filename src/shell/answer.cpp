@@ -21,12 +21,19 @@ constexpr std::size_t kFirstTableSize = 128;
 
 }  // namespace
 
+bool Answer::Is(const Entry& entry, std::string_view tag) const {
+  return std::string_view(text_).substr(entry.tagAt, entry.tagSize) == tag;
+}
+
 const Answer::Entry* Answer::Find(std::string_view tag) const {
+  if (next_ < entries_.size() && Is(entries_[next_], tag)) return &entries_[next_++];
   const std::uint32_t hash = HashOf(tag);
   const std::size_t mask = table_.size() - 1;
-  for (std::size_t i = hash & mask; table_[i].used; i = (i + 1) & mask) {
-    const Entry& entry = table_[i];
-    if (entry.hash == hash && std::string_view(text_).substr(entry.tagAt, entry.tagSize) == tag) return &entry;
+  for (std::size_t i = hash & mask; table_[i] != 0; i = (i + 1) & mask) {
+    const std::size_t number = table_[i] - 1;
+    if (entries_[number].hash != hash || !Is(entries_[number], tag)) continue;
+    next_ = number + 1;
+    return &entries_[number];
   }
   return nullptr;
 }
@@ -47,39 +54,39 @@ std::int32_t Answer::Word(std::string_view tag) const {
 
 void Answer::Clear() {
   text_.clear();
-  table_.assign(table_.empty() ? kFirstTableSize : table_.size(), Entry{});
-  used_ = 0;
+  entries_.clear();
+  table_.assign(table_.empty() ? kFirstTableSize : table_.size(), 0);
+  next_ = 0;
 }
 
-Answer::Entry& Answer::SlotFor(std::uint32_t hash, std::string_view tag) {
+std::uint32_t& Answer::SlotFor(std::uint32_t hash, std::string_view tag) {
   const std::size_t mask = table_.size() - 1;
   std::size_t i = hash & mask;
-  while (table_[i].used) {
-    const Entry& entry = table_[i];
-    if (entry.hash == hash && std::string_view(text_).substr(entry.tagAt, entry.tagSize) == tag) break;
+  while (table_[i] != 0) {
+    const Entry& entry = entries_[table_[i] - 1];
+    if (entry.hash == hash && Is(entry, tag)) break;
     i = (i + 1) & mask;
   }
   return table_[i];
 }
 
 void Answer::Grow() {
-  std::vector<Entry> old(table_.size() * 2);
-  old.swap(table_);
+  table_.assign(table_.size() * 2, 0);
   const std::size_t mask = table_.size() - 1;
-  for (const Entry& entry : old) {
-    if (!entry.used) continue;
+  std::uint32_t number = 0;
+  for (const Entry& entry : entries_) {
     std::size_t i = entry.hash & mask;
-    while (table_[i].used) i = (i + 1) & mask;
-    table_[i] = entry;
+    while (table_[i] != 0) i = (i + 1) & mask;
+    table_[i] = ++number;
   }
 }
 
 void Answer::Add(const char* tag, const char* value) {
   const std::string_view name(tag);
   const std::uint32_t hash = HashOf(name);
-  Entry& entry = SlotFor(hash, name);
-  if (entry.used) return;  // the first of a tag counts
-  entry.used = true;
+  std::uint32_t& slot = SlotFor(hash, name);
+  if (slot != 0) return;  // the first of a tag counts
+  Entry entry;
   entry.hash = hash;
   entry.tagAt = static_cast<std::uint32_t>(text_.size());
   entry.tagSize = static_cast<std::uint32_t>(name.size());
@@ -90,7 +97,9 @@ void Answer::Add(const char* tag, const char* value) {
     text_.append(value);
     entry.valueSize = static_cast<std::uint32_t>(text_.size()) - entry.valueAt;
   }
-  if (++used_ * 2 > table_.size()) Grow();
+  entries_.push_back(entry);
+  slot = static_cast<std::uint32_t>(entries_.size());
+  if (entries_.size() * 2 > table_.size()) Grow();
 }
 
 AnswerReader::AnswerReader() : parser_(XML_ParserCreate("UTF-8")) {

@@ -31,17 +31,18 @@ class Answer {
     std::uint32_t valueAt = 0;
     std::uint32_t valueSize = 0;
     bool hasValue = false;
-    bool used = false;
   };
   const Entry* Find(std::string_view tag) const;
+  bool Is(const Entry& entry, std::string_view tag) const;
   void Clear();
   void Add(const char* tag, const char* value);
   void Grow();
-  Entry& SlotFor(std::uint32_t hash, std::string_view tag);
+  std::uint32_t& SlotFor(std::uint32_t hash, std::string_view tag);
 
-  std::string text_;          // tags and values, one behind the other
-  std::vector<Entry> table_;  // open addressing, a power of two
-  std::size_t used_ = 0;
+  std::string text_;                  // tags and values, one behind the other
+  std::vector<Entry> entries_;        // in the order of the document, each tag once
+  std::vector<std::uint32_t> table_;  // entry numbers from 1 by hash, open addressing, a power of two
+  mutable std::size_t next_ = 0;      // behind the entry found last: handlers take tags mostly in their order
 };
 
 /// Reads answers one after the other with one parser and one set of buffers.
