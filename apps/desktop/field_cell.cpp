@@ -76,6 +76,7 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
   }
   connect(entry, &QLineEdit::textEdited, this,
           [this, field](const QString& text) { context_.states.Type(field, ToUtf8(text)); });
+  connect(entry, &TextEntry::PastedCells, this, &FieldCell::PastedCells);
   connect(entry, &TextEntry::Entered, this, [this] {
     if (IsPassword()) {
       Q_EMIT Pressed(id::cmdFactory);

@@ -54,6 +54,7 @@ class FieldCell final : public QObject {
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
   void Entered();
+  void PastedCells(const QString& cells);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

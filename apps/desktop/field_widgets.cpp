@@ -127,6 +127,13 @@ void TextEntry::keyPressEvent(QKeyEvent* event) {
     QApplication::clipboard()->setText(text());
     return;
   }
+  if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
+    const QString cells = QApplication::clipboard()->text();
+    if (cells.contains(u'\t') || cells.trimmed().contains(u'\n')) {
+      Q_EMIT PastedCells(cells);
+      return;
+    }
+  }
   QLineEdit::keyPressEvent(event);
 }
 

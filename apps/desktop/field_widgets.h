@@ -43,6 +43,8 @@ class TextEntry final : public QLineEdit {
 
  Q_SIGNALS:
   void Entered();
+  /// More than one cell of a spreadsheet was pasted: lines of texts parted by tabs.
+  void PastedCells(const QString& cells);
 
  protected:
   bool event(QEvent* event) override;

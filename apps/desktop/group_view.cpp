@@ -72,6 +72,27 @@ void GroupView::Build() {
   Finish();
 }
 
+// Cells of a spreadsheet, from the row of `first` on down: a line a row, a column a field. What is disabled or no field
+// to type into is passed over, with the cell that was meant for it.
+void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
+  QStringList lines = cells.split(u'\n');
+  if (lines.last().trimmed().isEmpty()) lines.removeLast();
+  auto row = std::find_if(rows_.begin(), rows_.end(),
+                          [&](const Row& candidate) { return candidate.cell == &first || candidate.second == &first; });
+  const bool fromSecond = row != rows_.end() && row->second == &first;
+  for (const QString& line : lines) {
+    if (row == rows_.end()) return;
+    const QStringList texts = line.split(u'\t');
+    FieldCell* const fields[] = {fromSecond ? row->second : row->cell, fromSecond ? nullptr : row->second};
+    for (int i = 0; i < 2 && i < texts.size(); ++i) {
+      if (fields[i] == nullptr || !fields[i]->CanBeTypedIn()) continue;
+      if (!context_.control.form.Any(fields[i]->Control()).Enabled()) continue;
+      context_.states.Type(TextId{fields[i]->Control()}, ToUtf8(texts[i].trimmed()));
+    }
+    ++row;
+  }
+}
+
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1, line.widget);
   cells_.push_back(cell);
@@ -83,6 +104,7 @@ FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
   connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
   connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
+  connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
   if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
   if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
   return cell;

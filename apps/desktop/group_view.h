@@ -72,6 +72,7 @@ class GroupView final : public QWidget {
     int gridColumn = 0;
   };
 
+  void PasteCells(const FieldCell& first, const QString& cells);
   void Build();
   void AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColumn);
   FieldCell* AddCell(const LayoutRow& row, bool second, Line& line);

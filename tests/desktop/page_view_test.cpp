@@ -378,6 +378,31 @@ TEST_F(AllPagesTest, TabGoesThroughARowBeforeTheNext) {
                                          QStringLiteral("txtParameter(22)"), QStringLiteral("txtParameter(52)")}));
 }
 
+TEST_F(AllPagesTest, TwoPastedColumnsFillTheEnabledPoints) {
+  control_->HideAllFrames();
+  control_->form.frmTRDTable.SetVisible(true);
+  control_->form.cmbNrPoints.SetText("3");
+  Turn();
+  area_.PageActivated();
+  QApplication::clipboard()->setText(QStringLiteral("0\t1\r\n50\t 25.5\r\n100\t100\r\n7\t7\r\n"));
+  auto* first = Field<TextEntry>(id::txtParameter(21));
+  first->setFocus();
+  Key(first, Qt::Key_V, Qt::ControlModifier);
+  Turn();
+  const std::pair<TextId, const char*> points[] = {
+      {id::txtParameter(21), "0"},    {id::txtParameter(36), "1"},   {id::txtParameter(22), "50"},
+      {id::txtParameter(52), "25.5"}, {id::txtParameter(27), "100"}, {id::txtParameter(53), "100"},
+      {id::txtParameter(28), ""},  // above the number of points: disabled
+  };
+  for (const auto& [field, text] : points) EXPECT_EQ(control_->form.At(field).Text(), text) << text;
+  EXPECT_EQ(first->text(), QStringLiteral("0"));
+
+  QApplication::clipboard()->setText(QStringLiteral("12.5"));  // one cell goes where the cursor is
+  first->selectAll();
+  Key(first, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(control_->form.txtParameter(21).Text(), "12.5");
+}
+
 TEST_F(AllPagesTest, TheTablesFigureFollowsTyping) {
   control_->HideAllFrames();
   control_->form.frmTRDTable.SetVisible(true);
