@@ -1,7 +1,12 @@
 #include "pages/pages.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 #include "codecs/status_tables.h"
 #include "codecs/unit_tables.h"
+#include "pages/calibration_units.h"
 #include "shell/user_cntrl.h"
 
 namespace htr60::pages::analog_input {
@@ -33,11 +38,13 @@ constexpr PollRow kPolls[] = {{TimerId::TimerAIOut, 37, PollDocument::kOwn, Bloc
 
 constexpr std::string_view kModes[] = {"Auto", "Man", "Out of Service"};
 constexpr std::string_view kFailSafes[] = {"FSafe_Value", "Last Usable Value", "Use Wrong Value"};
-constexpr std::string_view kScaleUnits[] = {
-    "Pa",   "MPa",          "kPa",        "bar",         "mbar",         "torr",        "atm",
-    "psi",  "g/cm²",        "kg/cm²",     "inH2O (4°C)", "inH2O (68°F)", "mmH2O (4°C)", "mmH2O (68°F)",
-    "mH2O", "ftH2O (68°F)", "inHg (0°C)", "mmHg (0°C)",  "°C",
-};
+// The pressure units and, for a block that reports the temperature, its unit.
+constexpr auto kScaleUnits = [] {
+  std::array<std::string_view, std::size(kCalibrationUnits) + 1> rows{};
+  std::copy(std::begin(kCalibrationUnits), std::end(kCalibrationUnits), rows.begin());
+  rows.back() = "°C";
+  return rows;
+}();
 constexpr std::string_view kSimulate[] = {"Disable", "Active"};
 constexpr std::string_view kConfigs[] = {"Config 1", "Config 2"};
 constexpr FillRow kFills[] = {
