@@ -1,6 +1,7 @@
 #include "desktop/page_area.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
@@ -75,6 +76,12 @@ class WaitingStrip final : public QFrame {
   const LayoutGroup& group_;
   QLabel* text_;
 };
+
+// The views look at the states when the focus moves, as it does once more when the window goes: they stop looking
+// first.
+PageArea::~PageArea() {
+  for (PageView* view : findChildren<PageView*>()) disconnect(qApp, nullptr, view, nullptr);
+}
 
 PageArea::PageArea(UserCntrl& control, QWidget* parent)
     : QWidget(parent),

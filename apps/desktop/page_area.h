@@ -24,6 +24,7 @@ class PageArea final : public QWidget {
 
  public:
   explicit PageArea(UserCntrl& control, QWidget* parent = nullptr);
+  ~PageArea() override;
 
   /// Once a turn, with what has changed since the last; `handledCodes` are response codes.
   void Apply(const FormChanges& changes, const std::vector<int>& handledCodes);
