@@ -17,16 +17,4 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
   return {};
 }
 
-bool FigureDependsOn(FigureKind kind, ControlId control) {
-  switch (kind) {
-    case FigureKind::kLinearization:
-      return figures::LinearizationDependsOn(control);
-    case FigureKind::kSquareRoot:
-      return figures::SquareRootDependsOn(control);
-    case FigureKind::kNone:
-      break;
-  }
-  return false;
-}
-
 }  // namespace htr60

@@ -88,7 +88,4 @@ struct FigureSource {
 /// The figure of a page; `kNone` gives an empty one.
 Figure ComputeFigure(FigureKind kind, const FigureSource& source);
 
-/// Whether a change of `control` changes the figure.
-bool FigureDependsOn(FigureKind kind, ControlId control);
-
 }  // namespace htr60

@@ -168,10 +168,4 @@ Figure LinearizationFigure(const FigureSource& source) {
   return figure;
 }
 
-bool LinearizationDependsOn(ControlId control) {
-  if (control == id::cmbNrPoints || control == id::txtParameter(45)) return true;
-  return std::any_of(kTablePoints.begin(), kTablePoints.end(),
-                     [&](const pages::TablePoint& point) { return control == point.x || control == point.y; });
-}
-
 }  // namespace htr60::figures

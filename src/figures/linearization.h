@@ -6,6 +6,5 @@ namespace htr60::figures {
 
 /// The curve through the points of the linearization table, with the steps that are out of order marked.
 Figure LinearizationFigure(const FigureSource& source);
-bool LinearizationDependsOn(ControlId control);
 
 }  // namespace htr60::figures

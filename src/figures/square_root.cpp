@@ -96,8 +96,4 @@ Figure SquareRootFigure(const FigureSource& source) {
   return figure;
 }
 
-bool SquareRootDependsOn(ControlId control) {
-  return control == kLinear.field || control == kCutOff.field || control == id::cmbLinearizationType;
-}
-
 }  // namespace htr60::figures

@@ -4,6 +4,7 @@
 #include "codecs/unit_tables.h"
 #include "pages/backup_rows.h"
 #include "pages/measured_types.h"
+#include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
@@ -259,16 +260,14 @@ constexpr ButtonRow kButtons[] = {
 };
 constexpr TabRow kTabs[] = {{id::SSTabDensity, OnTab}};
 
-constexpr std::string_view kTypes[] = {"Pressure", "Flow", "Level", "Density"};
-constexpr std::string_view kLinearizations[] = {"No Linearization.", "User Defined(Table)"};
 constexpr std::string_view kMountings[] = {"Reverse", "Direct"};
 constexpr std::string_view kDisableEnable[] = {"Disable", "Enable"};
 constexpr std::string_view kRanges[] = {"Range 1 (0.5 @ 1.8 g/cm³)", "Range 2 (1.0 @ 2.5 g/cm³)",
                                         "Range 3 (2.0 @ 5.0 g/cm³)"};
 constexpr FillRow kFills[] = {
     {id::cmbMeasType, FillMoment::kStart, kMeasuredTypes},
-    {id::cmbDensityPrimaryValueType, FillMoment::kDensity, kTypes},
-    {id::cmbDensityLinearizationType, FillMoment::kDensity, kLinearizations},
+    {id::cmbDensityPrimaryValueType, FillMoment::kDensity, kPrimaryValueTypes},
+    {id::cmbDensityLinearizationType, FillMoment::kDensity, kTableLinearizations},
     {id::cmbMeasuredType, FillMoment::kDensity, kMeasuredTypes},
     {id::cmbMeasType, FillMoment::kDensity, kMeasuredTypes},
     {id::cmbPositionMounting, FillMoment::kDensity, kMountings},

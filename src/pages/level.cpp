@@ -5,9 +5,9 @@
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
-#include "codecs/mStatusProfibus.h"
 #include "codecs/status_tables.h"
 #include "codecs/unit_tables.h"
+#include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
@@ -68,48 +68,24 @@ constexpr LayoutRow kScaleRows[] = {
      .kind = RowKind::kOpen,
      .control = id::cmdTRVScaleVolume},
 };
-constexpr LayoutRow kSimulateRows[] = {
-    {.caption = "Simulate Enable",
-     .kind = RowKind::kList,
-     .control = id::cmbLevelSimulate,
-     .note = "While it is enabled the device reports the value below instead of the measured one."},
-    {.caption = "Value", .kind = RowKind::kNum, .control = id::txtParameter(272)},
-    {.caption = "Status", .kind = RowKind::kList, .control = id::cmbTRDLevelSimStatus, .width = WidthClass::kW},
-};
-constexpr LayoutRow kSensorRows[] = {
-    {.kind = RowKind::kMsg, .control = id::lbArray(26), .note = "Shown while a sensor reads above 9000."},
-    {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = id::txtParameter(143), .live = true},
-    {.caption = "Delta Press",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(144),
-     .unit = id::lbArray(187),
-     .live = true},
-    {.caption = "Hi Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(334),
-     .unit = id::lbArray(495),
-     .second = id::txtParameter(333),
-     .note = "Capacitance reading.",
-     .live = true},
-    {.caption = "Lo Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(336),
-     .unit = id::lbArray(496),
-     .note = "Capacitance reading; its status is not shown.",
-     .live = true},
-    {.caption = "Primary Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(316),
-     .unit = id::lbArray(190),
-     .second = id::txtParameter(210),
-     .live = true},
-    {.caption = "Specific Weight", .kind = RowKind::kValue, .control = id::txtParameter(139), .live = true},
-    {.caption = "Temp.",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(301),
-     .unit = id::lbArray(498),
-     .live = true},
-};
+constexpr SimulateFields kSimulateFields{
+    .enable = id::cmbLevelSimulate, .value = id::txtParameter(272), .status = id::cmbTRDLevelSimStatus};
+constexpr auto kSimulateRows = SimulateRows(kSimulateFields);
+constexpr auto kSensorRows = SensorValueRows({.message = id::lbArray(26),
+                                              .diag = id::txtParameter(143),
+                                              .deltaPress = id::txtParameter(144),
+                                              .deltaPressUnit = id::lbArray(187),
+                                              .hi = id::txtParameter(334),
+                                              .hiUnit = id::lbArray(495),
+                                              .hiStatus = id::txtParameter(333),
+                                              .lo = id::txtParameter(336),
+                                              .loUnit = id::lbArray(496),
+                                              .primaryValue = id::txtParameter(316),
+                                              .primaryValueUnit = id::lbArray(190),
+                                              .primaryValueStatus = id::txtParameter(210),
+                                              .weight = id::txtParameter(139),
+                                              .temperature = id::txtParameter(301),
+                                              .temperatureUnit = id::lbArray(498)});
 constexpr LayoutGroup kGroups[] = {
     {.tab = 0, .caption = "Measuring Configuration", .rows = kSettingsRows},
     {.tab = 1, .rows = kScaleRows, .box = false},
@@ -157,12 +133,7 @@ void OnLevelSettingsAnswer(UserCntrl& c, const Answer& a) {
   f.lbArray(348).SetText(UnitCodeToText(a.Word("SnsHiUnit")));
 }
 
-void OnLevelSimulateAnswer(UserCntrl& c, const Answer& a) {
-  c.form.cmbLevelSimulate.SetIfAny(DecodeSimulateEnable(a.Number("TRDSimulateEnable")));
-  std::int32_t status = 0;
-  c.codecs.HexToFloatStatus(a.Text("TRDSimulateValue"), c.form.txtParameter(272), status);
-  c.form.cmbTRDLevelSimStatus.SetIfAny(StatusByteToText(status));
-}
+void OnLevelSimulateAnswer(UserCntrl& c, const Answer& a) { TakeSimulate(c, a, kSimulateFields); }
 
 // ---- writes
 
@@ -175,11 +146,7 @@ Operands WriteSettings(UserCntrl& c) {
   return operands;
 }
 
-Operands WriteSimulate(UserCntrl& c) {
-  return {EncodeSimulateEnable(c.form.cmbLevelSimulate.Text()),
-          Join({c.codecs.FloatToHex(c.form.txtParameter(272).Text()),
-                StatusTextToHex(c.form.cmbTRDLevelSimStatus.Text())})};
-}
+Operands WriteSimulate(UserCntrl& c) { return SimulateOperands(c, kSimulateFields); }
 
 // ---- buttons and tabs
 
@@ -248,12 +215,10 @@ constexpr ButtonRow kButtons[] = {
 };
 constexpr TabRow kTabs[] = {{id::SSTabTRDLevel, OnTab}};
 
-constexpr std::string_view kTypes[] = {"Pressure", "Flow", "Level", "Density"};
-constexpr std::string_view kLinearizations[] = {"No Linearization.", "User Defined(Table)"};
 constexpr std::string_view kEnableDisable[] = {"Enable", "Disable"};
 constexpr FillRow kFills[] = {
-    {id::cmbLevelPrimaryValueType, FillMoment::kLevel, kTypes},
-    {id::cmbLevelLinearizationType, FillMoment::kLevel, kLinearizations},
+    {id::cmbLevelPrimaryValueType, FillMoment::kLevel, kPrimaryValueTypes},
+    {id::cmbLevelLinearizationType, FillMoment::kLevel, kTableLinearizations},
     {id::cmbLevelCompensation, FillMoment::kLevel, kEnableDisable},
     {id::cmbLevelSimulate, FillMoment::kLevel, kEnableDisable},
     {id::cmbTRDLevelSimStatus, FillMoment::kLevel, kStatusListRows},

@@ -2,6 +2,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "navigation/tree.h"
+#include "pages/transducer_twins.h"
 #include "shell/user_cntrl.h"
 
 namespace htr60::pages::primary_value_type {
@@ -34,8 +35,7 @@ Operands WritePrimaryValueType(UserCntrl& c) { return {EncodePVType(c.form.cmbPV
 constexpr AnswerRow kAnswers[] = {{7900, OnPrimaryValueTypeAnswer}};
 constexpr WriteRow kWrites[] = {{kPage, kAnySubPage, 72, WritePrimaryValueType}};
 constexpr RereadRow kRereads[] = {{kPage, kAnySubPage, kRead}};
-constexpr std::string_view kTypes[] = {"Pressure", "Flow", "Level", "Density"};
-constexpr FillRow kFills[] = {{id::cmbPVType, FillMoment::kStart, kTypes}};
+constexpr FillRow kFills[] = {{id::cmbPVType, FillMoment::kStart, kPrimaryValueTypes}};
 constexpr NodeRow kNodes[] = {{.texts = {kPage}, .page = kPage, .frame = id::frmPrimaryValueType, .read = kRead}};
 
 }  // namespace

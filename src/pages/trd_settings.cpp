@@ -7,6 +7,7 @@
 #include "codecs/mStatusProfibus.h"
 #include "pages/calibration_units.h"
 #include "pages/pages.h"
+#include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
@@ -66,48 +67,24 @@ constexpr LayoutRow kScalesRows[] = {
      .control = id::cmdTrdOutScale},
     {.caption = "Temperature", .captionControl = id::cmdTemp, .kind = RowKind::kOpen, .control = id::cmdTemp},
 };
-constexpr LayoutRow kSimulateRows[] = {
-    {.caption = "Simulate Enable",
-     .kind = RowKind::kList,
-     .control = id::cmbPVSimulateEnable,
-     .note = "While enabled, value and status replace what is measured."},
-    {.caption = "Value", .kind = RowKind::kNum, .control = id::txtParameter(59)},
-    {.caption = "Status", .kind = RowKind::kList, .control = id::cmbTRDSimStatus, .width = WidthClass::kW},
-};
-constexpr LayoutRow kSensorValueRows[] = {
-    {.kind = RowKind::kMsg, .control = id::lbStatusSensorValue, .live = true},
-    {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = id::txtParameter(298), .live = true},
-    {.caption = "Delta Press",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(10),
-     .unit = id::lbArray(270),
-     .live = true},
-    {.caption = "Hi Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(61),
-     .unit = id::lbArray(489),
-     .second = id::txtParameter(300),
-     .note = "The capacitance that the Hi sensor reads.",
-     .live = true},
-    {.caption = "Lo Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(62),
-     .unit = id::lbArray(490),
-     .note = "The capacitance that the Lo sensor reads.",
-     .live = true},
-    {.caption = "Primary Value",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(60),
-     .unit = id::lbArray(279),
-     .second = id::txtParameter(299),
-     .live = true},
-    {.caption = "Specific Weight", .kind = RowKind::kValue, .control = id::txtParameter(317), .live = true},
-    {.caption = "Temp.",
-     .kind = RowKind::kValue,
-     .control = id::txtParameter(17),
-     .unit = id::lbArray(221),
-     .live = true},
-};
+constexpr SimulateFields kSimulateFields{
+    .enable = id::cmbPVSimulateEnable, .value = id::txtParameter(59), .status = id::cmbTRDSimStatus};
+constexpr auto kSimulateRows = SimulateRows(kSimulateFields);
+constexpr auto kSensorValueRows = SensorValueRows({.message = id::lbStatusSensorValue,
+                                                   .diag = id::txtParameter(298),
+                                                   .deltaPress = id::txtParameter(10),
+                                                   .deltaPressUnit = id::lbArray(270),
+                                                   .hi = id::txtParameter(61),
+                                                   .hiUnit = id::lbArray(489),
+                                                   .hiStatus = id::txtParameter(300),
+                                                   .lo = id::txtParameter(62),
+                                                   .loUnit = id::lbArray(490),
+                                                   .primaryValue = id::txtParameter(60),
+                                                   .primaryValueUnit = id::lbArray(279),
+                                                   .primaryValueStatus = id::txtParameter(299),
+                                                   .weight = id::txtParameter(317),
+                                                   .temperature = id::txtParameter(17),
+                                                   .temperatureUnit = id::lbArray(221)});
 constexpr LayoutGroup kSettingsGroups[] = {
     {.tab = 0, .caption = "Measuring Configuration", .rows = kMeasuringRows},
     {.tab = 0, .caption = "Square Root", .frame = id::frmzGroup(12), .rows = kSquareRootRows},
@@ -162,12 +139,7 @@ void OnTrdTempUnitAnswer(UserCntrl& c, const Answer& a) {
   c.form.cmbTempUnits.SetIfAny(UnitCodeToText(a.Word("TRDTempUnit")));
 }
 
-void OnTrdSimulateAnswer(UserCntrl& c, const Answer& a) {
-  c.form.cmbPVSimulateEnable.SetIfAny(DecodeSimulateEnable(a.Number("TRDSimulateEnable")));
-  std::int32_t status = 0;
-  c.codecs.HexToFloatStatus(a.Text("TRDSimulateValue"), c.form.txtParameter(59), status);
-  c.form.cmbTRDSimStatus.SetText(StatusByteToText(status));
-}
+void OnTrdSimulateAnswer(UserCntrl& c, const Answer& a) { TakeSimulate(c, a, kSimulateFields); }
 
 // ---- writes
 
@@ -178,10 +150,7 @@ Operands WriteTrdSettings(UserCntrl& c) {
 
 Operands WriteTrdTempUnit(UserCntrl& c) { return {UnitTextToCode(c.form.cmbTempUnits.Text())}; }
 
-Operands WriteTrdSimulate(UserCntrl& c) {
-  return {EncodeSimulateEnable(c.form.cmbPVSimulateEnable.Text()),
-          Join({c.codecs.FloatToHex(c.form.txtParameter(59).Text()), StatusTextToHex(c.form.cmbTRDSimStatus.Text())})};
-}
+Operands WriteTrdSimulate(UserCntrl& c) { return SimulateOperands(c, kSimulateFields); }
 
 // ---- buttons, tabs and list
 
@@ -253,13 +222,12 @@ constexpr BackRow kBacks[] = {{{kSquareRootPage, kTemperaturePage}, trd_scales::
 constexpr ButtonRow kButtons[] = {{id::cmdSquareRoot, OpenSquareRoot}, {id::cmdTemp, OpenTemperature}};
 constexpr TabRow kTabs[] = {{id::SSTabTRDSettings, OnSettingsTab}};
 constexpr ListRow kLists[] = {{id::cmbLinearizationType, OnLinearizationType}};
-constexpr std::string_view kTypes[] = {"Pressure", "Flow", "Level", "Density"};
 constexpr std::string_view kLinearizations[] = {"No Linearization.", "User Defined(Table)", "Square Root",
                                                 "Square Root & Table"};
 constexpr std::string_view kEnableDisable[] = {"Enable", "Disable"};
 constexpr FillRow kFills[] = {
     {id::cmbTempUnits, FillMoment::kStart, kTemperatureUnits},
-    {id::cmbPrimaryValueType, FillMoment::kTrd, kTypes},
+    {id::cmbPrimaryValueType, FillMoment::kTrd, kPrimaryValueTypes},
     {id::cmbLinearizationType, FillMoment::kTrd, kLinearizations},
     {id::cmbPVSimulateEnable, FillMoment::kTrd, kEnableDisable},
 };

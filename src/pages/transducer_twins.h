@@ -1,0 +1,93 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "codecs/mEnumeration.h"
+#include "codecs/mStatusProfibus.h"
+#include "shell/user_cntrl.h"
+
+/// What the settings pages of the measurement types have twice, once for each page's own controls.
+namespace htr60::pages {
+
+/// Rows of the lists of primary value types, one on each of four pages.
+inline constexpr std::string_view kPrimaryValueTypes[] = {"Pressure", "Flow", "Level", "Density"};
+
+/// Linearizations of the types that know no square root.
+inline constexpr std::string_view kTableLinearizations[] = {"No Linearization.", "User Defined(Table)"};
+
+/// The simulation of the transducer's value.
+struct SimulateFields {
+  ChoiceId enable;
+  TextId value;
+  ChoiceId status;
+};
+
+constexpr std::array<LayoutRow, 3> SimulateRows(const SimulateFields& fields) {
+  return {{
+      {.caption = "Simulate Enable",
+       .kind = RowKind::kList,
+       .control = fields.enable,
+       .note = "While enabled, value and status replace what is measured."},
+      {.caption = "Value", .kind = RowKind::kNum, .control = fields.value},
+      {.caption = "Status", .kind = RowKind::kList, .control = fields.status, .width = WidthClass::kW},
+  }};
+}
+
+inline void TakeSimulate(UserCntrl& c, const Answer& a, const SimulateFields& fields) {
+  c.form.At(fields.enable).SetIfAny(DecodeSimulateEnable(a.Number("TRDSimulateEnable")));
+  std::int32_t status = 0;
+  c.codecs.HexToFloatStatus(a.Text("TRDSimulateValue"), c.form.At(fields.value), status);
+  c.form.At(fields.status).SetText(StatusByteToText(status));
+}
+
+inline Operands SimulateOperands(UserCntrl& c, const SimulateFields& fields) {
+  return {
+      EncodeSimulateEnable(c.form.At(fields.enable).Text()),
+      Join({c.codecs.FloatToHex(c.form.At(fields.value).Text()), StatusTextToHex(c.form.At(fields.status).Text())})};
+}
+
+/// The live values of the tab "Sensor Value"; one answer fills both pages.
+struct SensorValueFields {
+  LabelId message;
+  TextId diag;
+  TextId deltaPress;
+  LabelId deltaPressUnit;
+  TextId hi;
+  LabelId hiUnit;
+  TextId hiStatus;
+  TextId lo;
+  LabelId loUnit;
+  TextId primaryValue;
+  LabelId primaryValueUnit;
+  TextId primaryValueStatus;
+  TextId weight;
+  TextId temperature;
+  LabelId temperatureUnit;
+};
+
+constexpr LayoutRow LiveValue(std::string_view caption, TextId value, LayoutUnit unit = {}, ControlId status = {},
+                              std::string_view note = {}) {
+  return {.caption = caption,
+          .kind = RowKind::kValue,
+          .control = value,
+          .unit = unit,
+          .second = status,
+          .note = note,
+          .live = true};
+}
+
+constexpr std::array<LayoutRow, 8> SensorValueRows(const SensorValueFields& f) {
+  return {{
+      {.kind = RowKind::kMsg, .control = f.message, .note = "Shown while a sensor reads above 9000.", .live = true},
+      {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = f.diag, .live = true},
+      LiveValue("Delta Press", f.deltaPress, ControlId{f.deltaPressUnit}),
+      LiveValue("Hi Value", f.hi, ControlId{f.hiUnit}, f.hiStatus, "Capacitance reading."),
+      LiveValue("Lo Value", f.lo, ControlId{f.loUnit}, {}, "Capacitance reading; its status is not shown."),
+      LiveValue("Primary Value", f.primaryValue, ControlId{f.primaryValueUnit}, f.primaryValueStatus),
+      LiveValue("Specific Weight", f.weight),
+      LiveValue("Temp.", f.temperature, ControlId{f.temperatureUnit}),
+  }};
+}
+
+}  // namespace htr60::pages
