@@ -16,7 +16,7 @@
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
 #include "codecs/mStatusProfibus.h"
-#include "codecs/numbers.h"
+#include "text/numbers.h"
 
 namespace htr60::automation {
 namespace {

@@ -5,40 +5,10 @@
 #include <utility>
 
 #include "automate/commands.h"
+#include "text/xml_escape.h"
 
 namespace htr60::automation {
 namespace {
-
-// Escapes what would end an attribute's value, and the white space that a parser would turn into blanks.
-void AppendEscaped(std::string& document, std::string_view value) {
-  for (const char character : value) {
-    switch (character) {
-      case '&':
-        document += "&amp;";
-        break;
-      case '<':
-        document += "&lt;";
-        break;
-      case '>':
-        document += "&gt;";
-        break;
-      case '"':
-        document += "&quot;";
-        break;
-      case '\t':
-        document += "&#9;";
-        break;
-      case '\n':
-        document += "&#10;";
-        break;
-      case '\r':
-        document += "&#13;";
-        break;
-      default:
-        document += character;
-    }
-  }
-}
 
 std::string DocumentOf(const Json& tags) {
   std::string document = "<Answer>";
@@ -47,10 +17,10 @@ std::string DocumentOf(const Json& tags) {
       throw CommandError("\"tags\" is not an array of pairs of texts");
     }
     document += "<Parameter tag=\"";
-    AppendEscaped(document, pair[0].get_ref<const std::string&>());
+    AppendXmlEscaped(document, pair[0].get_ref<const std::string&>());
     if (pair[1].is_string()) {
       document += "\" value=\"";
-      AppendEscaped(document, pair[1].get_ref<const std::string&>());
+      AppendXmlEscaped(document, pair[1].get_ref<const std::string&>());
     }
     document += "\"/>";
   }

@@ -16,7 +16,7 @@
 #include "form/widgets.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
-#include "simulator/settings.h"
+#include "simulator/manager/settings.h"
 
 namespace htr60::automation {
 

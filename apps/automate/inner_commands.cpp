@@ -7,8 +7,8 @@
 #include "automate/characterization.h"
 #include "automate/codec_operations.h"
 #include "automate/commands.h"
-#include "codecs/failure.h"
 #include "shell/members.h"
+#include "text/failure.h"
 
 namespace htr60::automation {
 namespace {

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <utility>
 
-#include "codecs/failure.h"
+#include "text/failure.h"
 
 namespace htr60::automation {
 namespace {

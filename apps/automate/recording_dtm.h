@@ -9,7 +9,7 @@
 
 #include "automate/fields.h"
 #include "shell/ports.h"
-#include "simulator/manager.h"
+#include "simulator/manager/manager.h"
 
 namespace htr60::automation {
 

@@ -4,11 +4,11 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-#include "codecs/failure.h"
 #include "desktop/mnemonics.h"
 #include "desktop/number_hints.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
+#include "text/failure.h"
 
 namespace htr60::desktop {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "codecs/failure.h"
+#include "text/failure.h"
 
 namespace htr60::desktop {
 namespace {

@@ -67,7 +67,7 @@ class PlainLabel final : public QLabel {
   PlainLabel(const QString& text, QWidget* parent);
 };
 
-/// Words behind a field: all of them where they fit, else the short form. They never take room from the field.
+/// Words after a field: all of them where they fit, else the short form. They never take room from the field.
 class WordsLabel final : public QWidget {
   Q_OBJECT
 

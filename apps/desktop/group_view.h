@@ -10,7 +10,7 @@
 
 namespace htr60::desktop {
 
-/// The unit behind a value: 16 characters wide, narrower where the page is.
+/// The unit after a value: 16 characters wide, narrower where the page is.
 class UnitLabel final : public QLabel {
   Q_OBJECT
 

@@ -8,7 +8,7 @@
 #include <memory>
 
 #include "desktop/core.h"
-#include "simulator/manager.h"
+#include "simulator/manager/manager.h"
 
 class QWidget;
 

@@ -224,12 +224,12 @@ void MainWindow::ShowAbout() {
                          .arg(QStringLiteral(HTR60_VERSION)));
 }
 
-// Pages are made when they are first shown, and a new widget is the last stop of Tab: the action area moves behind it.
+// Pages are made when they are first shown, and a new widget is the last stop of Tab: the action area moves after it.
 void MainWindow::PutActionsLast() {
   if (chained_ == page_->Current()) return;
   chained_ = page_->Current();
   QWidget* last = previousInFocusChain();
-  // Behind a widget that takes no focus nothing can be put.
+  // After a widget that takes no focus nothing can be put.
   while (last != this && (last->focusPolicy() == Qt::NoFocus || actions_->isAncestorOf(last))) {
     last = last->previousInFocusChain();
   }

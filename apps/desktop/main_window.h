@@ -74,7 +74,7 @@ class MainWindow final : public QMainWindow {
   std::vector<ControlId> openers_;  // the open buttons that led here, for Back
   ControlId opener_;
   FocusAfter focusAfter_ = FocusAfter::kStays;
-  const void* chained_ = nullptr;  // the page behind which the action area stands in the order of Tab
+  const void* chained_ = nullptr;  // the page after which the action area stands in the order of Tab
 };
 
 }  // namespace htr60::desktop

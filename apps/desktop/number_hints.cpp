@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "codecs/failure.h"
-#include "codecs/numbers.h"
+#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60::desktop {
 namespace {

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <stdexcept>
 
-#include "simulator/settings.h"
+#include "simulator/manager/settings.h"
 
 namespace htr60::desktop {
 

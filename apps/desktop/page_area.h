@@ -28,7 +28,7 @@ class PageArea final : public QWidget {
 
   /// Once a turn, with what has changed since the last; `handledCodes` are response codes.
   void Apply(const FormChanges& changes, const std::vector<int>& handledCodes);
-  /// A node has opened a page: its states begin anew. Called right behind `UserCntrl::Activate`, before the turn's
+  /// A node has opened a page: its states begin anew. Called right after `UserCntrl::Activate`, before the turn's
   /// `Apply`; the page asks the form which page is in front now. Open buttons on the page do this themselves.
   void PageActivated();
   /// Presses a button of the control as the operator does, and takes note of what it writes. For Write too.

@@ -89,7 +89,7 @@ void Tour::Tick() {
   ticks_.start();
   const TourStep& step = steps_[next_];
   const auto number = static_cast<int>(next_ + 1);
-  // A box that the step opens runs its own event loop: the ticks within it belong to the step behind.
+  // A box that the step opens runs its own event loop: the ticks within it belong to the step after it.
   ++next_;
   const Outcome outcome = Try(step);
   const bool late = sinceStep_.elapsed() > kPatienceMs;

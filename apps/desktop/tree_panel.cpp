@@ -87,7 +87,7 @@ bool TreePanel::Press(const QString& text) {
 
 void TreePanel::Activate(QTreeWidgetItem* item) {
   if (item == nullptr) return;
-  // Activating may rebuild the tree: the item is not touched behind the signal.
+  // Activating may rebuild the tree: the item is not touched after the signal.
   Q_EMIT NodeActivated(item->text(0), item->data(0, kPosition).toInt());
 }
 

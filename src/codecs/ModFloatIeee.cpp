@@ -4,12 +4,12 @@
 #include <bit>
 #include <cstddef>
 
-#include "codecs/decimal_text.h"
 #include "codecs/fraction_bits.h"
-#include "codecs/hex_digits.h"
-#include "codecs/numbers.h"
 #include "codecs/power_table.h"
-#include "codecs/utf8.h"
+#include "text/decimal_text.h"
+#include "text/hex_digits.h"
+#include "text/numbers.h"
+#include "text/utf8.h"
 
 namespace htr60 {
 namespace {
@@ -101,7 +101,7 @@ FixedText<8> FloatCodec::FloatToHex(std::string_view text) {
   return Join(negative);
 }
 
-/// Numbers as users and formats write them: digits, and up to 14 decimals behind the locale's separator. Their doubles
+/// Numbers as users and formats write them: digits, and up to 14 decimals after the locale's separator. Their doubles
 /// stay exact in 15-digit texts, so the bits are those of the decimal number, cut off: one multiplication.
 bool FloatCodec::EncodePlain(bool negative, std::string_view magnitude, FixedText<8>& hex) {
   static constexpr std::uint64_t kFiveTo14 = 6'103'515'625;
@@ -138,7 +138,7 @@ bool FloatCodec::EncodePlain(bool negative, std::string_view magnitude, FixedTex
     const int width = static_cast<int>(std::bit_width(number));
     exponentKnown_ = true;
     exponent_ = kBias + width - 1 - kMantissaSize;
-    // A number below 1 has its bits behind the leading one, and zeros behind those.
+    // A number below 1 has its bits after the leading one, and zeros after those.
     const std::uint64_t aligned =
         width > kMantissaSize ? number >> (width - 1 - kMantissaSize) : number << (kMantissaSize + 1 - width);
     mantissa_ = static_cast<std::uint32_t>(aligned) & kMantissaMask;
@@ -204,12 +204,12 @@ void FloatCodec::NormalizeMantissa(std::string_view text) {
   if (!text.empty() && text.front() == '1') {
     const std::size_t separator = text.find_first_of(",.", 1);
     const std::string_view before = text.substr(0, separator);
-    const std::string_view behind = separator == std::string_view::npos ? "" : text.substr(separator + 1);
+    const std::string_view after = separator == std::string_view::npos ? "" : text.substr(separator + 1);
     std::int64_t position = 1;
     for (const char byte : before) position += IsContinuation(byte) ? 0 : 1;
     SetExponent(position + 125);
     InlineText working(before);
-    SetMantissa(working.Append(behind));
+    SetMantissa(working.Append(after));
     return;
   }
   std::string_view rest = text;

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "codecs/fixed_text.h"
+#include "text/fixed_text.h"
 
 namespace htr60 {
 

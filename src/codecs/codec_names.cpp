@@ -3,7 +3,7 @@
 #include <array>
 
 #include "codecs/mEnumeration.h"
-#include "codecs/text_map.h"
+#include "text/text_map.h"
 
 namespace htr60 {
 namespace {

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "codecs/hex_digits.h"
+#include "text/hex_digits.h"
 
 namespace htr60 {
 namespace {

@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "codecs/ModFloatIeee.h"
-#include "codecs/fixed_text.h"
 #include "codecs/mFunctions.h"
-#include "codecs/numbers.h"
+#include "text/fixed_text.h"
+#include "text/numbers.h"
 
 namespace htr60 {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "codecs/numbers.h"
+#include "text/numbers.h"
 
 namespace htr60 {
 namespace {
@@ -28,7 +28,7 @@ void Double(Decimal15& value) {
 }
 
 /// Takes the first character off the text of `value` and leaves in `value` what its text from the third character on
-/// reads as behind "0" and the separator: a fraction where that is the locale's, else a whole number. False where
+/// reads as after "0" and the separator: a fraction where that is the locale's, else a whole number. False where
 /// nothing is left, or what is left is no number.
 bool TakeFirst(Decimal15& value, bool readsAsFraction, char& first) {
   const int count = DigitCount(value.digits);
@@ -59,7 +59,7 @@ bool TakeFirst(Decimal15& value, bool readsAsFraction, char& first) {
   return true;
 }
 
-/// The bits of a number of 15 digits, behind those in `bits`. False where the numbers leave the range.
+/// The bits of a number of 15 digits, after those in `bits`. False where the numbers leave the range.
 bool BitsOfDecimal(Decimal15 value, bool readsAsFraction, bool alreadyDoubled, FractionBitText& bits) {
   while (value.digits != 0 && bits.size() < kBits) {
     if (!InRange(value)) return false;

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "codecs/decimal_text.h"
-#include "codecs/fixed_text.h"
+#include "text/decimal_text.h"
+#include "text/fixed_text.h"
 
 namespace htr60 {
 

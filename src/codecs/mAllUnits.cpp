@@ -3,9 +3,9 @@
 #include <array>
 #include <cstddef>
 
-#include "codecs/hex_digits.h"
-#include "codecs/text_map.h"
 #include "codecs/unit_tables.h"
+#include "text/hex_digits.h"
+#include "text/text_map.h"
 
 namespace htr60 {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "codecs/enumeration_tables.h"
 #include "codecs/monit_tables.h"
-#include "codecs/text_map.h"
+#include "text/text_map.h"
 
 namespace htr60 {
 namespace {

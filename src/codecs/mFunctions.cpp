@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "codecs/ModFloatIeee.h"
-#include "codecs/hex_digits.h"
-#include "codecs/utf8.h"
+#include "text/hex_digits.h"
+#include "text/utf8.h"
 
 namespace htr60 {
 namespace {
@@ -17,7 +17,7 @@ class RecordReader {
 
   void Skip(int characters) { Take(static_cast<std::size_t>(characters)); }
 
-  /// A byte: two hexadecimal digits, or one where the text ends behind it.
+  /// A byte: two hexadecimal digits, or one where the text ends after it.
   bool Byte(std::int32_t& byte) {
     const std::string_view pair = Take(2);
     if (pair.empty() || pair.size() > 2) return false;

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "codecs/fixed_text.h"
+#include "text/fixed_text.h"
 
 namespace htr60 {
 
-// Record readers. `hex` holds two digits a byte, most significant byte first, the members of a record one behind the
+// Record readers. `hex` holds two digits a byte, most significant byte first, the members of a record one after the
 // other. Each reader stops at the first piece that it cannot read, or that does not fit; outputs from there on keep
 // their values. A floating-point piece is always read (see `HexToFloat`). Nothing is reported.
 

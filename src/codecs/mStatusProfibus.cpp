@@ -3,9 +3,9 @@
 #include <array>
 #include <cstddef>
 
-#include "codecs/hex_digits.h"
 #include "codecs/status_tables.h"
-#include "codecs/text_map.h"
+#include "text/hex_digits.h"
+#include "text/text_map.h"
 
 namespace htr60 {
 namespace {

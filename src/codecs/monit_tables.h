@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "codecs/text_map.h"
+#include "text/text_map.h"
 
 namespace htr60 {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "codecs/failure.h"
-#include "codecs/numbers.h"
+#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60::figures {
 namespace {

@@ -45,7 +45,7 @@ struct FigureMarker {
 struct FigureText {
   FigurePoint at;
   std::string text;
-  bool rightAligned = false;  ///< ends at `at` instead of beginning behind it
+  bool rightAligned = false;  ///< ends at `at` instead of beginning after it
 };
 
 struct FigureTick {

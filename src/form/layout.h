@@ -43,7 +43,7 @@ constexpr WidthClass WidthOf(RowKind kind) {
   }
 }
 
-/// What stands behind a value: a control with its place there, a fixed text, or an echo of a control placed elsewhere.
+/// What stands after a value: a control with its place there, a fixed text, or an echo of a control placed elsewhere.
 struct LayoutUnit {
   ControlId control{};
   std::string_view text{};
@@ -62,7 +62,7 @@ constexpr LayoutUnit Echo(ControlId control) {
   return unit;
 }
 
-/// One row: caption, control, unit. `second` stands behind the unit: the status of a value, the Y of a point.
+/// One row: caption, control, unit. `second` stands after the unit: the status of a value, the Y of a point.
 struct LayoutRow {
   std::string_view caption{};  ///< shown while `captionControl` is none or its text is empty
   ControlId captionControl{};  ///< label or button whose text is the caption
@@ -75,7 +75,7 @@ struct LayoutRow {
   std::string_view secondCaption{};
   WidthClass secondWidth = WidthClass::kKind;
   std::string_view note{};  ///< shown on request, beside the page's purpose
-  bool sameLine = false;    ///< stands behind the row before it
+  bool sameLine = false;    ///< stands after the row before it
   bool live = false;        ///< an answer of a polling timer replaces it
 };
 

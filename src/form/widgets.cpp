@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "codecs/failure.h"
 #include "form/form.h"
+#include "text/failure.h"
 
 namespace htr60 {
 

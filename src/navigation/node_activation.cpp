@@ -1,5 +1,5 @@
-#include "codecs/failure.h"
 #include "navigation/tree.h"
+#include "text/failure.h"
 
 namespace htr60 {
 namespace {

@@ -27,7 +27,7 @@ constexpr NodeSpec kBaseRest[] = {
     {2, "AI 1 View", "folder1"},       {2, "AI 2 View", "folder1"},       {2, "AI 3 View", "folder1"},
 };
 
-// Behind the measurement type's own node at position 6.
+// After the measurement type's own node at position 6.
 constexpr NodeSpec kTypeRest[] = {
     {4, "Analog Input 1", "forward2"},
     {4, "Analog Input 2", "forward2"},

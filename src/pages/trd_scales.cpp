@@ -1,11 +1,11 @@
 #include "pages/trd_scales.h"
 
-#include "codecs/failure.h"
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
 #include "pages/pages.h"
 #include "shell/page_steps.h"
+#include "text/failure.h"
 
 namespace htr60::pages::trd_scales {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <cstring>
 
-#include "codecs/failure.h"
 #include "codecs/mFunctions.h"
-#include "codecs/numbers.h"
+#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60 {
 namespace {

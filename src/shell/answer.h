@@ -39,10 +39,10 @@ class Answer {
   void Grow();
   std::uint32_t& SlotFor(std::uint32_t hash, std::string_view tag);
 
-  std::string text_;                  // tags and values, one behind the other
+  std::string text_;                  // tags and values, one after the other
   std::vector<Entry> entries_;        // in the order of the document, each tag once
   std::vector<std::uint32_t> table_;  // entry numbers from 1 by hash, open addressing, a power of two
-  mutable std::size_t next_ = 0;      // behind the entry found last: handlers take tags mostly in their order
+  mutable std::size_t next_ = 0;      // after the entry found last: handlers take tags mostly in their order
 };
 
 /// Reads answers one after the other with one parser and one set of buffers.

@@ -6,13 +6,13 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "codecs/fixed_text.h"
+#include "text/fixed_text.h"
 
 namespace htr60 {
 
 inline constexpr std::size_t kAttributeCount = 24;
 
-/// Operands of a request, from `Attribute1` upward; the positions behind them are "None". Written as a braced list, so
+/// Operands of a request, from `Attribute1` upward; the positions after them are "None". Written as a braced list, so
 /// that they are converted in the order of the attributes: the float codec remembers.
 class Operands {
  public:
@@ -39,7 +39,7 @@ class Operands {
   bool sends_ = true;
 };
 
-/// A record: the digits of its members one behind the other, converted in their order.
+/// A record: the digits of its members one after the other, converted in their order.
 inline InlineText Join(std::initializer_list<std::string_view> members) {
   InlineText record;
   for (const std::string_view member : members) record.Append(member);

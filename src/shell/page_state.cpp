@@ -1,9 +1,9 @@
 #include <iterator>
 
-#include "codecs/failure.h"
 #include "shell/guard.h"
 #include "shell/tables.h"
 #include "shell/user_cntrl.h"
+#include "text/failure.h"
 
 namespace htr60 {
 namespace {

@@ -6,7 +6,7 @@
 
 namespace htr60 {
 
-/// What a click on one tab does behind the common beginning: names, write button, read, timer.
+/// What a click on one tab does after the common beginning: names, write button, read, timer.
 struct TabStep {
   std::string_view page{};     ///< empty: unchanged
   std::string_view subPage{};  ///< empty: unchanged

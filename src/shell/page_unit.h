@@ -199,7 +199,7 @@ struct NodeRow {
   int interval = 0;
   bool readsOnce = false;  ///< the offline texts: read 91 once in the control's life, node expanded, Save enabled
   bool (*when)(UserCntrl&) = nullptr;      ///< the row counts only where this holds
-  Call<void, std::string_view> also = {};  ///< with the node's text, behind the page's names
+  Call<void, std::string_view> also = {};  ///< with the node's text, after the page's names
 };
 
 /// State that one page needs, made and destroyed with the control.

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "codecs/failure.h"
 #include "shell/guard.h"
 #include "shell/tables.h"
+#include "text/failure.h"
 
 namespace htr60 {
 namespace {

@@ -10,8 +10,8 @@
 
 #include "codecs/ModFloatIeee.h"
 #include "codecs/codecs.h"
-#include "codecs/failure.h"
 #include "plain/plain_codecs.h"
+#include "text/failure.h"
 
 namespace htr60 {
 namespace {

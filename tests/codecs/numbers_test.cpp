@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "codecs/codecs.h"
-#include "codecs/failure.h"
-#include "codecs/numbers.h"
 #include "plain/plain_codecs.h"
+#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60 {
 namespace {
@@ -83,7 +83,7 @@ TEST(Numbers, ReadsLongTextsToTheNearestDouble) {
     ASSERT_EQ(ParseLocaleNumber(text, '.'), std::strtod(text.c_str(), nullptr)) << text;
     ASSERT_EQ(ParseLeadingNumber(text), std::strtod(text.c_str(), nullptr)) << text;
   }
-  // A half-way number is decided by a digit far behind.
+  // A half-way number is decided by a digit far after it.
   const std::string half = "9007199254740993" + std::string(900, '0');
   EXPECT_EQ(ParseLeadingNumber(half + "E-900"), 9007199254740992.0);
   EXPECT_EQ(ParseLeadingNumber("9007199254740993." + std::string(900, '0') + "1"), 9007199254740994.0);

@@ -25,7 +25,7 @@ TEST(AnswerReader, TakesWellFormedDocumentsAlone) {
       {"empty", "", false},
       {"blank", "   ", false},
       {"two roots", "<A>" + tag + "</A><B/>", false},
-      {"text behind the root", "<A>" + tag + "</A>x", false},
+      {"text after the root", "<A>" + tag + "</A>x", false},
       {"doubled attribute", R"(<A><P tag="T" tag="U" value="1F"/></A>)", false},
       {"bare ampersand", "<A>" + tag + "a & b</A>", false},
       {"unknown entity", "<A>" + tag + "&nbsp;</A>", false},
@@ -41,9 +41,9 @@ TEST(AnswerReader, TakesWellFormedDocumentsAlone) {
       {"external entity", "<!DOCTYPE A [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><A>" + tag + "&e;</A>", false},
       {"NUL", std::string("<A>") + tag + std::string(1, '\0') + "</A>", false},
       {"control character", "<A>" + tag + "\x01</A>", false},
-      {"declaration behind a blank", " <?xml version='1.0'?><A>" + tag + "</A>", false},
+      {"declaration after a blank", " <?xml version='1.0'?><A>" + tag + "</A>", false},
   };
-  AnswerReader reader;  // one for all: a failed document must leave nothing behind
+  AnswerReader reader;  // one for all: a failed document must leave no trace
   for (const Case& c : kCases) {
     const Answer* answer = reader.Read(c.document);
     ASSERT_EQ(answer != nullptr, c.wellFormed) << c.name;

@@ -313,7 +313,7 @@ TEST(DensityScales, OnlyTheMeasuredTypeCanBeWritten) {
   driver.AnswerFills(6200, kOutputScale);
   EXPECT_EQ(driver.Member("CheckOutScaleAfterWrite"), -1);  // this answer does not consume it
   EXPECT_EQ(driver.Timer("TimerWriteCopyTrdOut")["enabled"], false);
-  // The write of the scale stands behind a button that is disabled here.
+  // The write of the scale belongs to a button that is disabled here.
   driver.SetMember("CheckOutScaleAfterWrite", 0);
   driver.Force("cmdWriteParameter");
   EXPECT_EQ(driver.Traffic(), Strings{"write 50: 4000000000000000, 044C"});

@@ -100,7 +100,7 @@ TEST(SensorValues, TheWarningNeedsAReadingAboveTheLimit) {
     for (const char* label : labels) EXPECT_EQ(driver.Visible(label), c.warns) << c.high << " " << c.low << label;
   }
   EXPECT_EQ(driver.Text("txtParameter(61)"), "3000.000");
-  // It is judged behind the Lo value: without one it stays as it was.
+  // It is judged after the Lo value: without one it stays as it was.
   driver.AnswerFills(4500, Readings(kAboveLimit, kHealthy));
   driver.AnswerFills(4500, Readings(kHealthy, kHealthy), "CapLoValue");
   EXPECT_TRUE(driver.Visible("lbArray(26)"));

@@ -12,8 +12,8 @@
 #include <utility>
 #include <vector>
 
-#include "simulator/manager.h"
-#include "simulator/wire.h"
+#include "simulator/device/wire.h"
+#include "simulator/manager/manager.h"
 
 namespace htr60::sim {
 

@@ -1,5 +1,5 @@
 #include "bench.h"
-#include "simulator/reads.h"
+#include "simulator/device/reads.h"
 
 namespace htr60::sim {
 namespace {

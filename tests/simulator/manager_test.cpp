@@ -1,5 +1,5 @@
 #include "bench.h"
-#include "codecs/failure.h"
+#include "text/failure.h"
 
 namespace htr60::sim {
 namespace {

@@ -1,8 +1,8 @@
 #include <cmath>
 
 #include "bench.h"
-#include "simulator/density.h"
-#include "simulator/units.h"
+#include "simulator/device/density.h"
+#include "simulator/device/units.h"
 
 namespace htr60::sim {
 namespace {
@@ -307,7 +307,7 @@ TEST(Physics, ChannelScalesOfTheSensors) {
 }
 
 TEST(Physics, QuietStretchesAreWorthTheSame) {
-  // A ramp behind a long calm, once watched and once not.
+  // A ramp after a long calm, once watched and once not.
   const json settings = json::parse(R"({"device":{"sensorLagMs":300,"parameters":{"ai1.damping":"40000000"}},
     "process":{"profile":[{"atMs":3600000,"rampMs":1000,"set":{"pressureHi":30000}}]}})");
   Bench watched(settings);

@@ -214,7 +214,7 @@ struct Page {
   int read;
   int write;
   const char* block;
-  std::vector<std::string> tags;  ///< behind the block, where there is one
+  std::vector<std::string> tags;  ///< after the block, where there is one
 };
 
 TEST(Writes, AnUnchangedPageChangesNothing) {

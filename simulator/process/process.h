@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "simulator/manager/settings.h"
+
+namespace htr60::sim {
+
+inline constexpr std::int64_t kCycleMs = 100;
+
+/// A uniform number in [0, 1), a pure function of its arguments.
+double UniformNumber(std::uint64_t seed, std::uint64_t stream, std::uint64_t number);
+
+/// What acts on the diaphragms: pressures or a vessel, noise, drift, temperatures, and their profile in time.
+/// Knows cycles, not the instrument.
+class Process {
+ public:
+  /// Default pressures by primary value type; a vessel's default distance is the height of the settings.
+  explicit Process(const Settings& settings);
+
+  /// Puts in what `change` names, from the next cycle on. A running ramp of a named quantity ends.
+  void Change(const ProcessChange& change);
+  void SetProfile(std::vector<ProfileStep> profile, std::int64_t fromMs);
+  void SetSeed(std::uint64_t seed) { seed_ = seed; }
+
+  /// Steps and ramps up to the cycle, and one cycle's drift.
+  void Advance(std::int64_t cycle);
+
+  /// Pressure on sensor 0 or 1 in Pa with its noise of this cycle.
+  double Applied(std::size_t sensor, std::int64_t cycle) const;
+  /// Accumulated drift in Pa.
+  double Drift(std::size_t sensor) const { return drift_[sensor]; }
+  double Temperature() const { return Get(Quantity::kTemperature); }
+  double Ambient() const { return Get(Quantity::kAmbient); }
+
+  /// Nothing changes by itself until the next step of the profile.
+  bool Quiet() const;
+  /// The first cycle at which the profile acts again.
+  std::optional<std::int64_t> NextStepCycle() const;
+
+ private:
+  struct Ramp {
+    std::size_t quantity = 0;
+    double from = 0;
+    double to = 0;
+    std::int64_t startMs = 0;
+    std::int64_t lengthMs = 0;
+  };
+
+  double Get(Quantity quantity) const { return values_[static_cast<std::size_t>(quantity)]; }
+  void Begin(const ProfileStep& step);
+  void SetFlags(const ProcessChange& change);
+  void EndRamp(std::size_t quantity);
+  double Static(std::size_t sensor) const;
+
+  std::array<double, kQuantities> values_{};
+  bool vessel_ = false;
+  bool reversed_ = false;
+  std::array<double, 2> drift_{};
+  std::vector<ProfileStep> profile_;
+  std::size_t nextStep_ = 0;
+  std::vector<Ramp> ramps_;
+  std::uint64_t seed_ = 1;
+};
+
+}  // namespace htr60::sim
