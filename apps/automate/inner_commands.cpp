@@ -2,9 +2,9 @@
 #include <array>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
-#include "automate/characterization.h"
 #include "automate/codec_operations.h"
 #include "automate/commands.h"
 #include "shell/members.h"
@@ -29,7 +29,11 @@ Action MembersOf(Host& host, Fields&) {
         value = member.held(control);
       }
     }
-    AddCharacterization(control, members);
+    for (const PageUnit* unit : control.Pages().units) {
+      for (const MemberRow& row : unit->members) {
+        std::visit([&](const auto& value) { members[std::string(row.name)] = value; }, row.get(control));
+      }
+    }
     return {{"members", std::move(members)}};
   };
 }

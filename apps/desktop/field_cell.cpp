@@ -78,8 +78,8 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
           [this, field](const QString& text) { context_.states.Type(field, ToUtf8(text)); });
   connect(entry, &TextEntry::PastedCells, this, &FieldCell::PastedCells);
   connect(entry, &TextEntry::Entered, this, [this] {
-    if (IsPassword()) {
-      Q_EMIT Pressed(id::cmdFactory);
+    if (row_.enterPresses) {
+      Q_EMIT Pressed(row_.enterPresses);
     } else {
       Q_EMIT Entered();
     }
@@ -155,7 +155,7 @@ void FieldCell::RefreshState() {
   }
   const Shape shape = ShapeOf(state);
   const Shape before = shape_->Current();
-  shape_->SetShape(shape == Shape::kNone ? ShapeOfStatus(control_, kind_, text) : shape);
+  shape_->SetShape(shape == Shape::kNone ? ShapeOfStatus(Role(), kind_, text) : shape);
   QStringList marks;
   if (!words_.isEmpty()) marks << words_;
   if (!hint_.isEmpty()) marks << hint_;

@@ -64,7 +64,9 @@ class FieldCell final : public QObject {
   void MakeChoice(FieldWidth width, QWidget* parent);
   void MakeButton(QWidget* parent);
   QString Text() const;
-  bool IsPassword() const { return control_ == id::txtPassword; }
+  /// The row's role is that of its first control.
+  RowRole Role() const { return control_ == row_.control ? row_.role : RowRole::kNone; }
+  bool IsPassword() const { return Role() == RowRole::kAccessCode; }
 
   PageContext context_;
   const LayoutRow& row_;

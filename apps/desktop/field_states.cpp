@@ -13,17 +13,6 @@ constexpr std::int64_t kVerdictMs = 10'000;
 constexpr std::int64_t kFadesMs = 30'000;
 constexpr std::string_view kWriting = "Writing Xmtr Data...";
 
-// Lists that order the device to do something: what it shows afterwards is no verdict on what was sent.
-constexpr ControlId kCommands[] = {id::cmbBackupRes(0), id::cmbBackupRes(1), id::cmbDensBackupRestore,
-                                   id::cmbFactoryReset};
-
-// The next pressure point is taken and emptied by its button: it is never read and has no state.
-constexpr ControlId kStateless = id::txtParameter(38);
-
-bool Is(ControlId control, std::span<const ControlId> set) {
-  return std::find(set.begin(), set.end(), control) != set.end();
-}
-
 bool CanBeEdited(RowKind kind) { return kind == RowKind::kEdit || kind == RowKind::kNum || kind == RowKind::kList; }
 
 int DecimalsOf(std::string_view number, char separator) {
@@ -49,6 +38,11 @@ const LayoutGroup* GroupOf(ControlId control, const PageLayout& page) {
     }
   }
   return nullptr;
+}
+
+// Whether the write button of `pressed` sends the fields of `group`, too.
+bool SentWith(const LayoutGroup& pressed, const LayoutGroup& group) {
+  return &group == &pressed || (pressed.sentTogether > 0 && group.sentTogether == pressed.sentTogether);
 }
 
 }  // namespace
@@ -82,15 +76,15 @@ FieldStates::FieldStates(UserCntrl& control, Clock now) : control_(control), now
 
 void FieldStates::Add(const LayoutRow& row, RowKind kind, ControlId control, const LayoutGroup& group,
                       const PageLayout& page) {
-  if (!control || !CanBeEdited(kind) || control == id::txtPassword || fieldOf_[control.ordinal] >= 0) return;
+  if (!control || !CanBeEdited(kind) || row.role == RowRole::kAccessCode || fieldOf_[control.ordinal] >= 0) return;
   Field field;
   field.control = control;
   field.page = &page;
   field.group = &group;
   field.list = kind == RowKind::kList;
   field.live = row.live;
-  field.command = Is(control, kCommands);
-  field.stateless = control == kStateless;
+  field.command = row.role == RowRole::kCommand;
+  field.stateless = row.role == RowRole::kStateless;
   field.sets = SetsOf(field.control);
   field.text = field.program = std::string(control_.form.TextOf(control));
   fieldOf_[control.ordinal] = static_cast<int>(fields_.size());
@@ -158,14 +152,10 @@ void FieldStates::TakeWritten(ButtonId button, const PageLayout& page) {
   const bool whole = button == id::cmdWriteParameter;
   const TabsInFront tabs = TabsOf(control_.form, page);
   const LayoutGroup* group = GroupOf(button, page);
-  // Either button of the output scale sends its upper and lower value and the unit together.
-  const bool scale = button == id::Command1 || button == id::Command2;
-  const LayoutGroup* other =
-      scale ? GroupOf(button == id::Command1 ? ControlId{id::Command2} : ControlId{id::Command1}, page) : nullptr;
   for (Field& field : fields_) {
     if (field.page != &page || field.stateless) continue;
-    const bool covered = whole ? StandsOn(*field.group, tabs.tab, tabs.innerTab)
-                               : field.group == group || (scale && field.group == other);
+    const bool covered =
+        whole ? StandsOn(*field.group, tabs.tab, tabs.innerTab) : group != nullptr && SentWith(*group, *field.group);
     if (!covered) continue;
     Look(field);
     if (field.state != FieldState::kNotWritten && !(field.command && field.edited)) continue;

@@ -12,19 +12,33 @@
 namespace htr60::desktop {
 namespace {
 
-struct Place {
-  ControlId control;
+struct Part {
+  IdentityItem item;
   const char* name;   // for assistive technology and the tooltip
   const char* shown;  // before the text
 };
-constexpr Place kPlaces[] = {
-    {id::txtParameter(0), "Tag", ""},
-    {id::txtParameter(1), "Manufacturer", ""},
-    {id::txtParameter(5), "Serial number", "SN "},
-    {id::txtParameter(4), "Firmware", "Firmware "},
-    {id::cmbPVType, "Measurement", ""},
-    {id::cmbWriteProtection, "Write protection", ""},
+constexpr Part kParts[] = {
+    {IdentityItem::kTag, "Tag", ""},
+    {IdentityItem::kManufacturer, "Manufacturer", ""},
+    {IdentityItem::kSerialNumber, "Serial number", "SN "},
+    {IdentityItem::kFirmware, "Firmware", "Firmware "},
+    {IdentityItem::kMeasurement, "Measurement", ""},
+    {IdentityItem::kWriteProtection, "Write protection", ""},
 };
+
+// The control that a row of some page declares for this part.
+ControlId ControlOf(IdentityItem item, const PageRegistry& pages) {
+  for (const PageUnit* unit : pages.units) {
+    for (const PageLayout& page : unit->layouts) {
+      for (const LayoutGroup& group : page.groups) {
+        for (const LayoutRow& row : group.rows) {
+          if (row.identity == item) return row.control;
+        }
+      }
+    }
+  }
+  return {};
+}
 
 struct Shown {
   std::uint32_t sets = 0;
@@ -33,6 +47,7 @@ struct Shown {
 
 Shown ShownIn(Form& form, ControlId control) {
   Shown shown;
+  if (!control) return shown;
   form.Visit(control, [&](auto& widget) {
     if constexpr (requires { widget.Sets(); }) shown = {widget.Sets(), ToQt(widget.Text())};
   });
@@ -75,8 +90,8 @@ void CopyLabel::contextMenuEvent(QContextMenuEvent* event) {
   menu.exec(event->globalPos());
 }
 
-IdentificationStrip::IdentificationStrip(Form& form, QWidget* parent)
-    : QFrame(parent), form_(form), padlock_(new QLabel(this)) {
+IdentificationStrip::IdentificationStrip(UserCntrl& control, QWidget* parent)
+    : QFrame(parent), form_(control.form), padlock_(new QLabel(this)) {
   setFrameShape(QFrame::NoFrame);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
@@ -98,16 +113,16 @@ IdentificationStrip::IdentificationStrip(Form& form, QWidget* parent)
   padlock_->setPixmap(QIcon(QStringLiteral(":/htr60/padlock.svg")).pixmap(QSize(side, side), devicePixelRatioF()));
   padlock_->setAccessibleName(tr("Write protection is on"));
   padlock_->hide();
-  for (const Place& place : kPlaces) {
+  for (const Part& part : kParts) {
     auto* bar = new QFrame(this);
     bar->setFrameShape(QFrame::VLine);
     bar->setForegroundRole(QPalette::Mid);
     line->addWidget(bar);
-    if (place.control == id::cmbWriteProtection) line->addWidget(padlock_);
+    if (part.item == IdentityItem::kWriteProtection) line->addWidget(padlock_);
     auto* label = new CopyLabel(this);
-    if (place.control == id::txtParameter(0)) label->setFont(bold);
+    if (part.item == IdentityItem::kTag) label->setFont(bold);
     line->addWidget(label);
-    items_.push_back({place.control, label});
+    items_.push_back({ControlOf(part.item, control.Pages()), label});
   }
   line->addStretch(1);
   Apply();
@@ -119,16 +134,16 @@ void IdentificationStrip::Apply() {
     const Shown shown = ShownIn(form_, item.control);
     if (shown.sets == item.sets && !item.label->FullText().isEmpty()) continue;
     item.sets = shown.sets;
-    const Place& place = kPlaces[i];
+    const Part& part = kParts[i];
     // A list shows its first row or nothing before any answer: only what the program set counts.
     const QString text = shown.sets == 0 ? QString() : shown.text.trimmed();
-    const QString name = tr(place.name);
-    item.label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(place.shown) + text);
+    const QString name = tr(part.name);
+    item.label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(part.shown) + text);
     item.label->setToolTip(text.isEmpty() ? QString() : name + QStringLiteral(": ") + text);
     item.label->setAccessibleName(name);
     item.label->setAccessibleDescription(text.isEmpty() ? tr("not read") : text);
-    if (item.control == id::txtParameter(0)) tag_ = text;
-    if (item.control == id::cmbWriteProtection) padlock_->setVisible(text == QLatin1String("Write Locked"));
+    if (part.item == IdentityItem::kTag) tag_ = text;
+    if (part.item == IdentityItem::kWriteProtection) padlock_->setVisible(text == QLatin1String("Write Locked"));
   }
 }
 

@@ -35,7 +35,7 @@ class IdentificationStrip final : public QFrame {
   Q_OBJECT
 
  public:
-  IdentificationStrip(Form& form, QWidget* parent);
+  IdentificationStrip(UserCntrl& control, QWidget* parent);
   void Apply();
   /// The tag as the device holds it, without the blanks around it; empty while it was not read.
   QString Tag() const;

@@ -56,7 +56,7 @@ void MainWindow::MakeLayout() {
   auto* column = new QVBoxLayout(all);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  strip_ = new IdentificationStrip(control_.form, all);
+  strip_ = new IdentificationStrip(control_, all);
   splitter_ = new QSplitter(Qt::Horizontal, all);
   splitter_->setChildrenCollapsible(false);
   panels_ = new StatusPanels(all);

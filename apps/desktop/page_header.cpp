@@ -12,10 +12,6 @@ namespace {
 constexpr std::string_view kReading = "Reading Xmtr Data...";
 constexpr int kTrafficPanel = 4;
 
-constexpr bool Polls(TimerId timer) {
-  return timer != TimerId::TimerInit && timer != TimerId::TimerReadAfterWrite && timer != TimerId::TimerWriteCopyTrdOut;
-}
-
 std::int64_t Now() { return QDateTime::currentMSecsSinceEpoch(); }
 
 }  // namespace
@@ -84,7 +80,7 @@ bool PageHeader::Reading() {
 int PageHeader::PollingInterval() {
   for (std::size_t i = 0; i < kTimerCount; ++i) {
     const Timer& timer = control_.form.At(static_cast<TimerId>(i));
-    if (Polls(timer.Id()) && timer.Running()) return timer.Interval();
+    if (control_.IsPolling(timer.Id()) && timer.Running()) return timer.Interval();
   }
   return 0;
 }

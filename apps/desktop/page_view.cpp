@@ -68,7 +68,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
   for (const LayoutInnerStrip& inner : page.innerStrips) AddStrip(inner.strip, inner.tab, *column);
 
   scroll_ = new PageScroll(this);
-  content_ = new Content(page.frame == id::frmDeviceView, scroll_);
+  content_ = new Content(page.signalFlow, scroll_);
   flow_ = new GroupFlow(content_);
   flow_->setContentsMargins(0, 0, 0, gap);
   flow_->setSpacing(gap);

@@ -8,16 +8,6 @@
 namespace htr60::desktop {
 namespace {
 
-// Rows whose every other text is a fault.
-constexpr ControlId kVerdicts[] = {
-    id::txtParameter(298), id::txtParameter(143),       id::txtParameter(145),  // Sensor Diag
-    id::txtParameter(43),  id::txtParameter(361),       id::txtParameter(362), id::txtParameter(363),
-    id::txtParameter(364), id::txtParameter(258),       id::txtParameter(271),  // Calibration Result
-    id::ListAIAlarm,       id::ListAICurrentStateAlarm, id::LstAlarmAIView,
-};
-constexpr ControlId kSimulates[] = {id::cmbPVSimulateEnable, id::cmbPressSimulateEnable, id::cmbLevelSimulate,
-                                    id::cmbSimulateEnable, id::lbDeviceView(10)};
-
 constexpr std::string_view kWarnings[] = {"Table Not Initialised", "Disconnected", "Not Initialized"};
 constexpr std::string_view kFine[] = {"New Table is Valid", "None", "No Alarm"};
 constexpr std::string_view kNoBoard = "Sensor electronic board failure or disconnected";
@@ -111,14 +101,14 @@ Shape ShapeOf(FieldState state) {
   return Shape::kNone;
 }
 
-Shape ShapeOfStatus(ControlId control, RowKind kind, std::string_view text) {
+Shape ShapeOfStatus(RowRole role, RowKind kind, std::string_view text) {
   if (text.empty()) return Shape::kNone;
-  if (Has(kSimulates, control)) return text == "Active" || text == "Enable" ? Shape::kWarning : Shape::kNone;
+  if (role == RowRole::kSimulate) return text == "Active" || text == "Enable" ? Shape::kWarning : Shape::kNone;
   if (!HoldsStatus(kind)) return Shape::kNone;
   if (text.starts_with("Good") || Has(kFine, text)) return Shape::kNone;
   if (text.starts_with("Uncertain") || Has(kWarnings, text)) return Shape::kWarning;
   if (text.starts_with("Bad") || text.starts_with("Not Monotonous") || text == kNoBoard) return Shape::kFault;
-  return Has(kVerdicts, control) ? Shape::kFault : Shape::kNone;
+  return role == RowRole::kVerdict ? Shape::kFault : Shape::kNone;
 }
 
 QColor AccentColor(const QPalette& palette) {

@@ -28,7 +28,7 @@ enum class Shape : std::uint8_t {
 Shape ShapeOf(FieldState state);
 
 /// The shape before a status, a verdict, an alarm, a message. The text itself is never touched.
-Shape ShapeOfStatus(ControlId control, RowKind kind, std::string_view text);
+Shape ShapeOfStatus(RowRole role, RowKind kind, std::string_view text);
 
 /// The operator's states, and what the operator must look at; both follow the palette.
 QColor AccentColor(const QPalette& palette);

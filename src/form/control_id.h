@@ -35,20 +35,54 @@ using PictureId = KindId<ControlKind::kPicture>;
 
 namespace ordinals {
 
-enum Ordinal : std::uint16_t {
 #define HTR60_CONTROL(name) name,
 #define HTR60_CONTROL_ARRAY(name) name, name##_last = name + std::size(indexes::name) - 1,
-#include "form/each_control.h"
-  count
-};
+// Closes the block of a kind; the next ordinal is that of the end.
+#define HTR60_END(kind) kind##End, kind##Last = kind##End - 1,
 
-// First ordinal of each kind's block: the first entry of the kind in controls.def.
-inline constexpr std::uint16_t kFirst[] = {txtParameter,      lbArray,   CmdWriteMeasType, cmbAITarget, ListAIAlarm,
-                                           SSTabCalibWithRef, frmzGroup, PictMessageTable, count};
+// One pass a kind, so that its ordinals stand together whatever the order of the list is.
+enum Ordinal : std::uint16_t {
+#define HTR60_TEXT HTR60_CONTROL
+#define HTR60_TEXT_ARRAY HTR60_CONTROL_ARRAY
+#include "form/controls.def"
+  HTR60_END(kText)
+#define HTR60_LABEL HTR60_CONTROL
+#define HTR60_LABEL_ARRAY HTR60_CONTROL_ARRAY
+#include "form/controls.def"
+      HTR60_END(kLabel)
+#define HTR60_BUTTON HTR60_CONTROL
+#include "form/controls.def"
+          HTR60_END(kButton)
+#define HTR60_CHOICE HTR60_CONTROL
+#define HTR60_CHOICE_ARRAY HTR60_CONTROL_ARRAY
+#include "form/controls.def"
+              HTR60_END(kChoice)
+#define HTR60_LISTBOX HTR60_CONTROL
+#include "form/controls.def"
+                  HTR60_END(kListBox)
+#define HTR60_TABS HTR60_CONTROL
+#define HTR60_TABS_ARRAY HTR60_CONTROL_ARRAY
+#include "form/controls.def"
+                      HTR60_END(kTabs)
+#define HTR60_FRAME HTR60_CONTROL
+#define HTR60_FRAME_ARRAY HTR60_CONTROL_ARRAY
+#include "form/controls.def"
+                          HTR60_END(kFrame)
+#define HTR60_PICTURE HTR60_CONTROL
+#include "form/controls.def"
+                              HTR60_END(kPicture)
+};
+#undef HTR60_CONTROL
+#undef HTR60_CONTROL_ARRAY
+#undef HTR60_END
+
+// First ordinal of each kind's block, and the end of the last.
+inline constexpr std::uint16_t kFirst[] = {0,           kTextEnd, kLabelEnd, kButtonEnd, kChoiceEnd,
+                                           kListBoxEnd, kTabsEnd, kFrameEnd, kPictureEnd};
 
 }  // namespace ordinals
 
-inline constexpr std::size_t kControlCount = ordinals::count;
+inline constexpr std::size_t kControlCount = ordinals::kPictureEnd;
 
 constexpr std::size_t CountOf(ControlKind kind) {
   const auto k = static_cast<std::size_t>(kind);
@@ -59,6 +93,12 @@ constexpr ControlKind KindOf(ControlId control) {
   std::size_t k = 0;
   while (control.ordinal >= ordinals::kFirst[k + 1]) ++k;
   return static_cast<ControlKind>(k);
+}
+
+/// Place of a control among those of its kind.
+template <ControlKind kKind>
+constexpr std::size_t SlotOf(KindId<kKind> control) {
+  return static_cast<std::size_t>(control.ordinal - ordinals::kFirst[static_cast<std::size_t>(kKind)]);
 }
 
 /// Place of `index` in a rising list of existing indexes; throws, and so does not compile, where it does not exist.
@@ -100,7 +140,8 @@ namespace id {
 #define HTR60_FRAME_ARRAY(name) HTR60_ID_ARRAY(kFrame, name)
 #define HTR60_PICTURE(name) HTR60_ID(kPicture, name)
 #include "form/controls.def"
-#include "form/undef_controls.h"
+#undef HTR60_ID
+#undef HTR60_ID_ARRAY
 
 }  // namespace id
 }  // namespace htr60

@@ -30,12 +30,9 @@ constexpr auto kByName = [] {
   return sorted;
 }();
 
-constexpr std::string_view kTimers[kTimerCount] = {
-    "TimerInit",        "TimerReadAfterWrite",  "TimerReadPressure",  "TimerReadTemp",
-    "TimerAIOut",       "TimerDeviceView",      "TimerAIView",        "TimerChar",
-    "TimerMonit1",      "TimerMonit2",          "TimerMonit3",        "TimerMonit4",
-    "TimerSensorValue", "TimerDiagnosisTab3",   "TimerDiagnosisTab4", "TimerMonitCalib",
-    "TimerCalibRef",    "TimerWriteCopyTrdOut",
+constexpr std::string_view kTimers[] = {
+#define HTR60_TIMER(name, interval) #name,
+#include "form/timers.def"
 };
 
 }  // namespace

@@ -13,6 +13,5 @@
 #define HTR60_FRAME_ARRAY HTR60_CONTROL_ARRAY
 #define HTR60_PICTURE HTR60_CONTROL
 #include "form/controls.def"
-#include "form/undef_controls.h"
 #undef HTR60_CONTROL
 #undef HTR60_CONTROL_ARRAY

@@ -23,7 +23,6 @@ Form::Form(FormEvents& events) : events_(events) {
     timers_[i].id_ = static_cast<TimerId>(i);
   }
   SetStartState();
-  frameShownLast_ = id::frmInfo;
   TakeChanges();
   announcing_ = true;
 }
@@ -81,6 +80,13 @@ FormChanges Form::TakeChanges() {
   changes_.controls.reserve(taken.controls.size());
   for (const ControlId control : taken.controls) marked_.reset(control.ordinal);
   return taken;
+}
+
+void Form::DeclarePage(FrameId frame, bool shown) {
+  Frame& page = At(frame);
+  page.isPage_ = true;
+  page.visible_ = shown;
+  if (shown) frameShownLast_ = frame;
 }
 
 void Form::ForgetFrameShown() {

@@ -21,12 +21,6 @@ class ControlArray {
   Widget* first_;
 };
 
-/// Page frames stand on the page stack; group boxes and the tree's frame do not.
-constexpr bool IsPageFrame(FrameId frame) {
-  return frame.ordinal >= ordinals::frmAI && frame.ordinal < ordinals::PictMessageTable &&
-         frame.ordinal != ordinals::frmTreeView;
-}
-
 /// What has changed since a view last asked.
 struct FormChanges {
   std::vector<ControlId> controls;  ///< each once, in the order of their first change
@@ -55,11 +49,9 @@ class Form {
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
 
-#define HTR60_MEMBER(type, store, kind, name) \
-  type& name = store[ordinals::name - ordinals::kFirst[static_cast<int>(ControlKind::kind)]];
+#define HTR60_MEMBER(type, store, kind, name) type& name = store[SlotOf(id::name)];
 #define HTR60_MEMBER_ARRAY(type, store, kind, name) \
-  ControlArray<type, indexes::name> name{           \
-      &store[ordinals::name - ordinals::kFirst[static_cast<int>(ControlKind::kind)]]};
+  ControlArray<type, indexes::name> name{&store[SlotOf(KindId<ControlKind::kind>{{ordinals::name}})]};
 #define HTR60_TEXT(name) HTR60_MEMBER(TextField, texts_, kText, name)
 #define HTR60_TEXT_ARRAY(name) HTR60_MEMBER_ARRAY(TextField, texts_, kText, name)
 #define HTR60_LABEL(name) HTR60_MEMBER(Label, labels_, kLabel, name)
@@ -74,7 +66,6 @@ class Form {
 #define HTR60_FRAME_ARRAY(name) HTR60_MEMBER_ARRAY(Frame, frames_, kFrame, name)
 #define HTR60_PICTURE(name) HTR60_MEMBER(Picture, pictures_, kPicture, name)
 #include "form/controls.def"
-#include "form/undef_controls.h"
 #undef HTR60_MEMBER
 #undef HTR60_MEMBER_ARRAY
 
@@ -82,14 +73,14 @@ class Form {
   TreeView treeView{*this};
   StatusBar statusBar{*this};
 
-  TextField& At(TextId control) { return texts_[Slot(control, ControlKind::kText)]; }
-  Label& At(LabelId control) { return labels_[Slot(control, ControlKind::kLabel)]; }
-  Button& At(ButtonId control) { return buttons_[Slot(control, ControlKind::kButton)]; }
-  ChoiceList& At(ChoiceId control) { return choices_[Slot(control, ControlKind::kChoice)]; }
-  ListBox& At(ListBoxId control) { return listBoxes_[Slot(control, ControlKind::kListBox)]; }
-  TabStrip& At(TabsId control) { return tabs_[Slot(control, ControlKind::kTabs)]; }
-  Frame& At(FrameId control) { return frames_[Slot(control, ControlKind::kFrame)]; }
-  Picture& At(PictureId control) { return pictures_[Slot(control, ControlKind::kPicture)]; }
+  TextField& At(TextId control) { return texts_[SlotOf(control)]; }
+  Label& At(LabelId control) { return labels_[SlotOf(control)]; }
+  Button& At(ButtonId control) { return buttons_[SlotOf(control)]; }
+  ChoiceList& At(ChoiceId control) { return choices_[SlotOf(control)]; }
+  ListBox& At(ListBoxId control) { return listBoxes_[SlotOf(control)]; }
+  TabStrip& At(TabsId control) { return tabs_[SlotOf(control)]; }
+  Frame& At(FrameId control) { return frames_[SlotOf(control)]; }
+  Picture& At(PictureId control) { return pictures_[SlotOf(control)]; }
   Timer& At(TimerId timer) { return timers_[static_cast<std::size_t>(timer)]; }
   const Timer& At(TimerId timer) const { return timers_[static_cast<std::size_t>(timer)]; }
 
@@ -107,6 +98,8 @@ class Form {
   FormChanges TakeChanges();
   bool HasChanges() const { return changes_.any(); }
 
+  /// `frame` is a page: one of those of which the one shown last stands in front. `shown`: it does from the start.
+  void DeclarePage(FrameId frame, bool shown);
   /// The page frame shown last since the last common hide; none where none was.
   FrameId FrameShownLast() const { return frameShownLast_; }
   void ForgetFrameShown();
@@ -120,9 +113,6 @@ class Form {
   friend class Timer;
   friend class TreeView;
 
-  static constexpr std::size_t Slot(ControlId control, ControlKind kind) {
-    return static_cast<std::size_t>(control.ordinal - ordinals::kFirst[static_cast<std::size_t>(kind)]);
-  }
   void Mark(ControlId control);
   void MarkTree();
   void MarkStatus();

@@ -62,6 +62,27 @@ constexpr LayoutUnit Echo(ControlId control) {
   return unit;
 }
 
+/// What a row's control is beyond its kind, for those who look at it.
+enum class RowRole : std::uint8_t {
+  kNone,
+  kCommand,     ///< list that orders the device to do something: what it shows afterwards is no verdict
+  kStateless,   ///< taken and emptied by its button: never read, has no state
+  kVerdict,     ///< every text that is not known to be good or doubtful is a fault
+  kSimulate,    ///< says whether something simulated replaces what is measured
+  kAccessCode,  ///< shown as asterisks, in no tooltip, marker, copy or log
+};
+
+/// Which part of the line that says who the instrument is a row gives.
+enum class IdentityItem : std::uint8_t {
+  kNone,
+  kTag,
+  kManufacturer,
+  kSerialNumber,
+  kFirmware,
+  kMeasurement,
+  kWriteProtection,
+};
+
 /// One row: caption, control, unit. `second` stands after the unit: the status of a value, the Y of a point.
 struct LayoutRow {
   std::string_view caption{};  ///< shown while `captionControl` is none or its text is empty
@@ -77,6 +98,9 @@ struct LayoutRow {
   std::string_view note{};  ///< shown on request, beside the page's purpose
   bool sameLine = false;    ///< stands after the row before it
   bool live = false;        ///< an answer of a polling timer replaces it
+  RowRole role = RowRole::kNone;
+  IdentityItem identity = IdentityItem::kNone;
+  ButtonId enterPresses{};  ///< button that Enter in the field presses
 };
 
 /// A group of rows on a page, on a tab, or on an inner tab.
@@ -92,6 +116,7 @@ struct LayoutGroup {
   bool separate = false;  ///< starts a new line of groups
   PictureId panel{};      ///< the waiting panel across the page area: no place in the page's flow
   bool byTop = false;     ///< stands in the order of its frame's top among the groups so marked
+  int sentTogether = 0;   ///< groups of a page with the same number above 0: each one's write button sends them all
 };
 
 struct LayoutInnerStrip {
@@ -108,9 +133,10 @@ struct LayoutTitle {
 /// Which figure a page draws.
 enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot };
 
-/// What stands on one page frame, in reading order.
+/// A page frame and what stands on it, in reading order. Without titles it has no layout yet, and views show none.
 struct PageLayout {
   FrameId frame{};
+  bool staysShown = false;  ///< the common hide leaves it: once shown its flag stays set
   std::span<const LayoutTitle> titles{};
   std::string_view purpose{};
   std::span<const int> reads{};  ///< codes whose answers fill the page
@@ -120,6 +146,7 @@ struct PageLayout {
   FigureKind figure = FigureKind::kNone;
   bool figureAlone = false;  ///< the figure is as large as the page
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
+  bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
 };
 
 }  // namespace htr60

@@ -1,4 +1,5 @@
 #include "form/form.h"
+#include "form/tab_captions.h"
 
 namespace htr60 {
 namespace {
@@ -180,54 +181,6 @@ constexpr ControlId kHidden[] = {
     id::txtParameter(202),
 };
 
-constexpr std::string_view kTwoSensors[] = {"Hi Sensor ", "Lo Sensor "};
-constexpr std::string_view kSensorFlange[] = {"Sensor", "Flange"};
-constexpr std::string_view kTrdSettings[] = {"Settings", "Scales/Units", "Simulate", "Sensor Value"};
-constexpr std::string_view kDensity[] = {"Settings", "Scales/Units",   "Advanced", "Backup Restore",
-                                         "Simulate", "HTR Range Code", "Others"};
-constexpr std::string_view kAi[] = {"Basic Settings", "Scales",     "Alarm/Warning", "Fail Safe",
-                                    "Simulate",       "Mode Block", "AI Graphic"};
-constexpr std::string_view kLcd[] = {"Monit 1", "Monit 2", "Monit 3", "User Prmt", "LCD Switch", "LCD Bargraph"};
-constexpr std::string_view kCalib[] = {"Diff. Pressure", "Temperature", "Sensor"};
-constexpr std::string_view kDensityCalib[] = {"Measured Type", "Lower", "Upper", "Temperature", "Sensor"};
-constexpr std::string_view kCalibWithRef[] = {"Cal Unit", "Hi Press Cal Sensor", "Lo Press Cal Sensor"};
-constexpr std::string_view kUpperLower[] = {"Upper", "Lower"};
-constexpr std::string_view kDiagnosis[] = {"Sensor", "Sensor Value", "Dynamic Values"};
-constexpr std::string_view kFactory[] = {"Backup Restore",    "GSD",           "Reset", "Write Protect",
-                                         " Hi/Lo Sensor Cal", "Factory Sensor"};
-constexpr std::string_view kFactorySensor[] = {"Hi Sensor ",  "Lo Sensor ",         "Polynomial",
-                                               "Gain/OffSet", "Backup/Zero Filter", "Calibration"};
-
-struct StartTabs {
-  TabsId strip;
-  std::span<const std::string_view> captions;
-};
-
-constexpr StartTabs kTabs[] = {
-    {id::SSTabInfoSensors, kTwoSensors},
-    {id::SSTabInfoSensor, kSensorFlange},
-    {id::SSTabInfoSensorLo, kSensorFlange},
-    {id::SSTabTRDSettings, kTrdSettings},
-    {id::SSTabDensity, kDensity},
-    {id::SSTabTRDLevel, kTrdSettings},
-    {id::SSTabAI, kAi},
-    {id::SSTabLCD, kLcd},
-    {id::SSTabCalib, kCalib},
-    {id::SSTabDensityCalib, kDensityCalib},
-    {id::SSTabCalibWithRef(0), kCalibWithRef},
-    {id::SSTabCalibWithRef(1), kUpperLower},
-    {id::SSTabCalibWithRef(2), kUpperLower},
-    {id::SSTabDiagnosis, kDiagnosis},
-    {id::SSTabFactory, kFactory},
-    {id::SSTabFactorySensorInfo, kFactorySensor},
-    {id::SSTabSensorHiFactory, kSensorFlange},
-    {id::SSTabSensorLoFactory, kSensorFlange},
-};
-
-// Design intervals in ms, in the order of TimerId.
-constexpr int kIntervals[kTimerCount] = {120,  600,  1080, 1560, 2040, 3000, 3480, 4440, 4920,
-                                         5400, 4920, 5400, 4440, 3480, 3960, 2520, 3000, 3960};
-
 void SetText(TextField& widget, std::string_view text) { widget.SetText(text); }
 void SetText(Label& widget, std::string_view text) { widget.SetText(text); }
 void SetText(Button& widget, std::string_view text) { widget.SetText(text); }
@@ -243,11 +196,8 @@ void Form::SetStartState() {
   for (const ControlId control : kHidden) {
     Visit(control, [](auto& widget) { widget.SetVisible(false); });
   }
-  for (Frame& frame : frames_) {
-    if (IsPageFrame(FrameId{frame.Id()})) frame.SetVisible(frame.Id() == id::frmInfo);
-  }
-  for (const StartTabs& start : kTabs) At(start.strip).SetCaptions(start.captions);
-  for (std::size_t i = 0; i < kTimerCount; ++i) timers_[i].interval_ = kIntervals[i];
+  for (const TabCaptions& strip : kTabCaptions) At(strip.strip).SetCaptions(strip.captions);
+  for (std::size_t i = 0; i < kTimerCount; ++i) timers_[i].interval_ = kDesignIntervals[i];
   frmzGroup(34).SetTop(3120);
   frmzGroup(61).SetTop(4560);
   frmGroupParameter(0).SetHeight(960);

@@ -119,7 +119,7 @@ void Frame::SetHeight(int height) {
 
 void Frame::SetVisible(bool visible) {
   Control::SetVisible(visible);
-  if (visible && IsPageFrame(FrameId{Id()}) && !(form_->frameShownLast_ == Id())) {
+  if (visible && isPage_ && !(form_->frameShownLast_ == Id())) {
     form_->frameShownLast_ = FrameId{Id()};
     Mark();
   }

@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstdint>
-#include <initializer_list>
+#include <iterator>
 #include <span>
 #include <string>
 #include <string_view>
@@ -157,7 +157,7 @@ class Frame : public Control {
  public:
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);
-  /// Place and size in the form's units, kept for the groups that the program moves or resizes.
+  /// Place and size in the form's units, kept for the groups that the program moves or resizes; 0 for the others.
   int Top() const { return top_; }
   int Height() const { return height_; }
   void SetTop(int top);
@@ -165,9 +165,11 @@ class Frame : public Control {
   void SetVisible(bool visible);
 
  private:
+  friend class Form;
   std::string text_;
   int top_ = 0;
   int height_ = 0;
+  bool isPage_ = false;
 };
 
 class Picture : public Control {};
@@ -224,26 +226,14 @@ class StatusBar {
 
 /// The timers, in the order of their numbers at the timer port.
 enum class TimerId : std::uint8_t {
-  TimerInit,
-  TimerReadAfterWrite,
-  TimerReadPressure,
-  TimerReadTemp,
-  TimerAIOut,
-  TimerDeviceView,
-  TimerAIView,
-  TimerChar,
-  TimerMonit1,
-  TimerMonit2,
-  TimerMonit3,
-  TimerMonit4,
-  TimerSensorValue,
-  TimerDiagnosisTab3,
-  TimerDiagnosisTab4,
-  TimerMonitCalib,
-  TimerCalibRef,
-  TimerWriteCopyTrdOut,
+#define HTR60_TIMER(name, interval) name,
+#include "form/timers.def"
 };
-inline constexpr std::size_t kTimerCount = 18;
+inline constexpr int kDesignIntervals[] = {
+#define HTR60_TIMER(name, interval) interval,
+#include "form/timers.def"
+};
+inline constexpr std::size_t kTimerCount = std::size(kDesignIntervals);
 
 /// Fires while it is enabled and its interval is above 0. Setting the interval begins the wait anew; enabling an
 /// enabled timer changes nothing.

@@ -1,16 +1,19 @@
+#include <algorithm>
+
 #include "navigation/tree.h"
-#include "text/failure.h"
 
 namespace htr60 {
 namespace {
 
-constexpr int kBlocksPosition = 4;
+constexpr int kSelectedWhileDisconnected = 4;  // a position, whatever node stands there
 constexpr int kStateRead = 91;
 
 const NodeRow* FindRow(UserCntrl& c, std::string_view text) {
   for (const PageUnit* unit : c.Pages().units) {
     for (const NodeRow& row : unit->nodes) {
-      if (row.texts.Has(text) && (row.when == nullptr || row.when(c))) return &row;
+      const bool named =
+          std::any_of(row.texts.begin(), row.texts.end(), [&](const NodeText& node) { return node.text == text; });
+      if (named && (row.when == nullptr || row.when(c))) return &row;
     }
   }
   return nullptr;
@@ -33,7 +36,7 @@ void ActivateConnected(UserCntrl& c, const NodeRow& row, std::string_view text, 
   if (row.frame) c.form.At(row.frame).SetVisible(true);
   if (row.strip) c.form.At(row.strip).SetIndex(0);
   c.form.cmdWriteParameter.SetEnabled(row.writeEnabled);
-  if (row.firstVisit != nullptr) c.FirstVisit(row.firstVisit, row.fills);
+  if (row.firstVisit != nullptr) c.FirstVisit(row.firstVisit);
   if (row.polls) c.StartTimer(row.timer, row.interval);
   const bool asks = row.readsOnce && c.OfflineAsked == kClear;
   if (asks) c.OfflineAsked = kSet;
@@ -50,15 +53,14 @@ void ActivateDisconnected(UserCntrl& c, std::string_view text, int position) {
     ShowOfflineNode(c, position);
   } else {
     c.ShowBox("Device is Disconnected!", "Information");
-    c.form.treeView.Select(kBlocksPosition);
-    c.form.treeView.SetExpanded(kBlocksPosition, true);
+    c.form.treeView.Select(kSelectedWhileDisconnected);
+    c.form.treeView.SetExpanded(kSelectedWhileDisconnected, true);
   }
   if (c.OfflineAsked != kClear) return;
   // Here the stored document goes out as it stands, and panel 4 keeps its text.
   c.OfflineAsked = kSet;
   c.RequestCode = std::to_string(kStateRead);
-  if (c.ParameterAccess == nullptr) throw RuntimeFailure("not attached");
-  c.ParameterAccess->ReadRequest(c.RequestCode, c.RequestXml, c.RequestResult);
+  c.ReadQuietly();
 }
 
 }  // namespace

@@ -14,18 +14,26 @@ namespace {
 
 constexpr NameSet kPages{"Analog Input 1", "Analog Input 2", "Analog Input 3"};
 
-void SelectBlock(UserCntrl& c) { c.SelectBlockOfPage(); }
+// The pages end in the number of their block.
+void SelectBlock(UserCntrl& c) {
+  if (kPages.Has(c.CurrentPage)) c.BlockSelector = c.CurrentPage.back();
+}
 
 void SelectNodesBlock(UserCntrl& c, std::string_view node) { c.BlockSelector = node.substr(node.size() - 1); }
 
 Operands BlockOfPage(UserCntrl& c) {
-  c.SelectBlockOfPage();
+  SelectBlock(c);
   return {c.BlockSelector.empty() ? "None" : c.BlockSelector};
 }
 
+constexpr PageLayout kLayouts[] = {
+    {.frame = id::frmAI},
+    {.frame = id::frmAITOTGraphic, .staysShown = true},
+};
+
 constexpr AnswerRow kAnswers[] = {{1000}, {1100}, {1200}, {1300}, {1400}, {3700}, {8000}};
 // The block is chosen on every tab, also on the one whose own buttons write.
-constexpr BeforeWriteRow kBeforeWrites[] = {{kPages, SelectBlock}};
+constexpr PageStepRow kBlockSteps[] = {{kPages, SelectBlock}};
 constexpr RereadRow kRereads[] = {
     {kPages, "AI Basic Settings", 10}, {kPages, "AI Scales", 80},   {kPages, "AI Alarm/Warning", 11},
     {kPages, "AI Fail Safe", 12},      {kPages, "AI Simulate", 13}, {kPages, "AI Mode Block", 14},
@@ -48,33 +56,38 @@ constexpr auto kScaleUnits = [] {
 constexpr std::string_view kSimulate[] = {"Disable", "Active"};
 constexpr std::string_view kConfigs[] = {"Config 1", "Config 2"};
 constexpr FillRow kFills[] = {
-    {id::cmbSimulateEnable, FillMoment::kStart, kSimulate},
-    {id::cmbAIConfig, FillMoment::kStart, kConfigs},
-    {id::cmbAITarget(0), FillMoment::kAi, kModes},
-    {id::cmbAITarget(1), FillMoment::kAi, kModes},
-    {id::cmbAIUnitOutScale, FillMoment::kAi, kUnitListRows},
-    {id::cmbAIFailSafeType, FillMoment::kAi, kFailSafes},
-    {id::cmbTRDScaleAI, FillMoment::kAi, kScaleUnits},
-    {id::cmbAIStatusSim, FillMoment::kAi, kStatusListRows},
-    {id::cmbStatusAIModeBlock, FillMoment::kAi, kStatusListRows},
+    {id::cmbSimulateEnable, kAtStart, kSimulate},
+    {id::cmbAIConfig, kAtStart, kConfigs},
+    {id::cmbAITarget(0), &UserCntrl::FirstVisitAi, kModes},
+    {id::cmbAITarget(1), &UserCntrl::FirstVisitAi, kModes},
+    {id::cmbAIUnitOutScale, &UserCntrl::FirstVisitAi, kUnitListRows},
+    {id::cmbAIFailSafeType, &UserCntrl::FirstVisitAi, kFailSafes},
+    {id::cmbTRDScaleAI, &UserCntrl::FirstVisitAi, kScaleUnits},
+    {id::cmbAIStatusSim, &UserCntrl::FirstVisitAi, kStatusListRows},
+    {id::cmbStatusAIModeBlock, &UserCntrl::FirstVisitAi, kStatusListRows},
 };
+constexpr NodeText BlockNode(std::string_view text) {
+  return {.text = text, .parent = "Blocks", .picture = "forward2"};
+}
+constexpr NodeText kNodeTexts[] = {BlockNode(kPages[0]), BlockNode(kPages[1]), BlockNode(kPages[2])};
 constexpr NodeRow kNodes[] = {
-    {.texts = kPages,
+    {.texts = kNodeTexts,
      .subPage = "AI Basic Settings",
      .frame = id::frmAI,
      .strip = id::SSTabAI,
      .read = 10,
      .firstVisit = &UserCntrl::FirstVisitAi,
-     .fills = FillMoment::kAi,
      .also = SelectNodesBlock},
 };
 
 }  // namespace
 
 constexpr PageUnit kUnit{
+    .layouts = kLayouts,
     .answers = kAnswers,
-    .beforeWrites = kBeforeWrites,
+    .beforeWrites = kBlockSteps,
     .rereads = kRereads,
+    .beforeRereads = kBlockSteps,
     .backs = kBacks,
     .polls = kPolls,
     .fills = kFills,

@@ -5,18 +5,20 @@
 namespace htr60::pages::auto_zero_trim {
 namespace {
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmAutoZeroTrim}};
+
 constexpr AnswerRow kAnswers[] = {{5700}};
 constexpr RereadRow kRereads[] = {{"Auto Zero Trim", kAnySubPage, 57}};
 
 constexpr std::string_view kTrueFalse[] = {"True", "False"};
 constexpr std::string_view kSelections[] = {"Using Zero Trim", "Using LRV"};
 constexpr FillRow kFills[] = {
-    {id::cmbAZTrimEnable, FillMoment::kStart, kTrueFalse},
-    {id::CmbAZTrimSelection, FillMoment::kStart, kSelections},
+    {id::cmbAZTrimEnable, kAtStart, kTrueFalse},
+    {id::CmbAZTrimSelection, kAtStart, kSelections},
 };
 
 }  // namespace
 
-constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .fills = kFills};
+constexpr PageUnit kUnit{.layouts = kLayouts, .answers = kAnswers, .rereads = kRereads, .fills = kFills};
 
 }  // namespace htr60::pages::auto_zero_trim

@@ -10,6 +10,11 @@ bool IsNoDensity(UserCntrl& c) { return c.form.cmbPVType.Text() != "Density"; }
 
 void KeepNodeText(UserCntrl& c, std::string_view node) { c.CalibNodeText = node; }
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmCalib},
+                                   {.frame = id::frmCalibPressLowerUpper},
+                                   {.frame = id::frmCalibTemp},
+                                   {.frame = id::frmCalibGraphic}};
+
 constexpr AnswerRow kAnswers[] = {{1500}, {1600}, {1700}, {1800}, {1900}, {3500}, {3600}};
 constexpr RereadRow kRereads[] = {
     {"Calibration", "Calib Upper/Lower", 15},
@@ -30,26 +35,36 @@ constexpr PollRow kPolls[] = {
     {TimerId::TimerReadTemp, 36, PollDocument::kStored},
 };
 constexpr FillRow kFills[] = {
-    {id::cmbCalibUnit, FillMoment::kCalib, kCalibrationUnits},
-    {id::cmbCalibTempUnit, FillMoment::kCalib, kTemperatureUnits},
+    {id::cmbCalibUnit, &UserCntrl::FirstVisitCalib, kCalibrationUnits},
+    {id::cmbCalibTempUnit, &UserCntrl::FirstVisitCalib, kTemperatureUnits},
+    {id::cmbDensityTemp, &UserCntrl::FirstVisitCalib, kTemperatureUnits},
 };
+constexpr NodeText CalibrationNode(std::string_view parent, TreeShape tree) {
+  return {.text = "Calibration", .parent = parent, .picture = "konqueror8", .trees = tree};
+}
+constexpr NodeText kCalibrationTexts[] = {
+    CalibrationNode("Pressure/Flow", TreeShape::kPressureFlow),
+    CalibrationNode("Level", TreeShape::kLevel),
+    ByTextAlone("Calibration."),
+};
+constexpr NodeText kBackupText[] = {ByTextAlone("Cal Backup & Restore")};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Calibration", "Calibration."},
+    {.texts = kCalibrationTexts,
      .page = "Calibration",
      .subPage = "Calib Upper/Lower",
      .frame = id::frmCalib,
      .strip = id::SSTabCalib,
      .read = 15,
      .firstVisit = &UserCntrl::FirstVisitCalib,
-     .fills = FillMoment::kCalib,
      .when = IsNoDensity,
      .also = KeepNodeText},
-    {.texts = {"Cal Backup & Restore"}, .page = "Lower/Upper"},
+    {.texts = kBackupText, .page = "Lower/Upper"},
 };
 
 }  // namespace
 
 constexpr PageUnit kUnit{
+    .layouts = kLayouts,
     .answers = kAnswers,
     .rereads = kRereads,
     .backs = kBacks,

@@ -11,8 +11,10 @@ constexpr NameSet kPages{"Cal With Ref", "Cal With Ref_", "Cal With Ref-1", "Cal
 
 void StopPolling(UserCntrl& c) { c.StopPollingTimers(); }
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmCalWithRef}, {.frame = id::frmCalWithoutRef}};
+
 constexpr AnswerRow kAnswers[] = {{5600}, {7300}, {7400}, {7500}, {7600}, {7700}, {7800}};
-constexpr BeforeWriteRow kBeforeWrites[] = {{kPages, StopPolling}};
+constexpr PageStepRow kBeforeWrites[] = {{kPages, StopPolling}};
 constexpr RereadRow kRereads[] = {
     {kPages, "Cal Unit", 77},        {kPages, "Hi Press - Sns1", 73}, {kPages, "Lo Press - Sns1", 74},
     {kPages, "Hi Press - Sns2", 75}, {kPages, "Lo Press - Sns2", 76}, {"Cal Without Ref", kAnySubPage, 56},
@@ -25,11 +27,12 @@ constexpr BackRow kBacks[] = {
     {"Cal With Ref-2", {.page = "Density Calib", .frame = id::frmDensityCalib, .write = ButtonState::kDisabled}},
 };
 constexpr PollRow kPolls[] = {{TimerId::TimerCalibRef, 78, PollDocument::kStored}};
-constexpr FillRow kFills[] = {{id::cmbCalUnit, FillMoment::kCalRef, kCalibrationUnits}};
+constexpr FillRow kFills[] = {{id::cmbCalUnit, &UserCntrl::FirstVisitCalRef, kCalibrationUnits}};
 
 }  // namespace
 
 constexpr PageUnit kUnit{
+    .layouts = kLayouts,
     .answers = kAnswers,
     .beforeWrites = kBeforeWrites,
     .rereads = kRereads,

@@ -67,13 +67,15 @@ constexpr LayoutRow kCommandRows[] = {
      .captionControl = id::lbParameter(4),
      .kind = RowKind::kList,
      .control = id::cmbDensBackupRestore,
-     .note = "A command: the device carries it out when it is written."},
+     .note = "A command: the device carries it out when it is written.",
+     .role = RowRole::kCommand},
 };
 constexpr LayoutRow kSimulateRows[] = {
     {.caption = "Simulate Enable",
      .kind = RowKind::kList,
      .control = id::cmbPressSimulateEnable,
-     .note = "While it is enabled the device calculates with the two values below."},
+     .note = "While it is enabled the device calculates with the two values below.",
+     .role = RowRole::kSimulate},
     {.caption = "Pressure", .kind = RowKind::kNum, .control = id::txtParameter(136)},
     {.caption = "Temperature", .kind = RowKind::kNum, .control = id::txtParameter(338)},
 };
@@ -258,32 +260,35 @@ constexpr ButtonRow kButtons[] = {
     {id::cmdDensTrdOutputScale, OpenDensityScale},
     {id::CmdWriteMeasType, SendMeasuredType},
 };
-constexpr TabRow kTabs[] = {{id::SSTabDensity, OnTab}};
+constexpr TabRow kTabs[] = {{id::SSTabDensity, kSteps, OnTab}};
 
 constexpr std::string_view kMountings[] = {"Reverse", "Direct"};
 constexpr std::string_view kDisableEnable[] = {"Disable", "Enable"};
 constexpr std::string_view kRanges[] = {"Range 1 (0.5 @ 1.8 g/cm³)", "Range 2 (1.0 @ 2.5 g/cm³)",
                                         "Range 3 (2.0 @ 5.0 g/cm³)"};
 constexpr FillRow kFills[] = {
-    {id::cmbMeasType, FillMoment::kStart, kMeasuredTypes},
-    {id::cmbDensityPrimaryValueType, FillMoment::kDensity, kPrimaryValueTypes},
-    {id::cmbDensityLinearizationType, FillMoment::kDensity, kTableLinearizations},
-    {id::cmbMeasuredType, FillMoment::kDensity, kMeasuredTypes},
-    {id::cmbMeasType, FillMoment::kDensity, kMeasuredTypes},
-    {id::cmbPositionMounting, FillMoment::kDensity, kMountings},
-    {id::cmbDensBackupRestore, FillMoment::kDensity, kBackupRows},
-    {id::cmbPressSimulateEnable, FillMoment::kDensity, kDisableEnable},
-    {id::cmbDensityRangeCode, FillMoment::kDensity, kRanges},
+    {id::cmbMeasType, kAtStart, kMeasuredTypes},
+    {id::cmbDensityPrimaryValueType, &UserCntrl::FirstVisitDensity, kPrimaryValueTypes},
+    {id::cmbDensityLinearizationType, &UserCntrl::FirstVisitDensity, kTableLinearizations},
+    {id::cmbMeasuredType, &UserCntrl::FirstVisitDensity, kMeasuredTypes},
+    {id::cmbMeasType, &UserCntrl::FirstVisitDensity, kMeasuredTypes},
+    {id::cmbPositionMounting, &UserCntrl::FirstVisitDensity, kMountings},
+    {id::cmbDensBackupRestore, &UserCntrl::FirstVisitDensity, kBackupRows},
+    {id::cmbPressSimulateEnable, &UserCntrl::FirstVisitDensity, kDisableEnable},
+    {id::cmbDensityRangeCode, &UserCntrl::FirstVisitDensity, kRanges},
 };
+constexpr NodeText kNodeTexts[] = {{.text = "Density/Concentration",
+                                    .parent = "Primary Value Type",
+                                    .picture = "forward2",
+                                    .trees = TreeShape::kDensity}};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Density/Concentration"},
+    {.texts = kNodeTexts,
      .page = kPage,
      .subPage = "Settings",
      .frame = id::frmTRDDensity,
      .strip = id::SSTabDensity,
      .read = kSettingsRead,
-     .firstVisit = &UserCntrl::FirstVisitDensity,
-     .fills = FillMoment::kDensity},
+     .firstVisit = &UserCntrl::FirstVisitDensity},
 };
 
 }  // namespace

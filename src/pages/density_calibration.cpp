@@ -13,24 +13,30 @@ void KeepNodeText(UserCntrl& c, std::string_view node) { c.CalibNodeText = node;
 
 constexpr NameSet kPages{"Density Calib", "Density Self Calib"};
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmDensityCalib}};
+
 constexpr AnswerRow kAnswers[] = {{6400}, {6500}, {6600}};
 constexpr RereadRow kRereads[] = {{kPages, "Measured Type", 66}, {kPages, {"Lower", "Upper"}, 64}};
 // The page's name stays: until a tab or node is chosen, the temperature page's write goes on.
 constexpr BackRow kBacks[] = {{"Density Calib Temp", {.frame = id::frmDensityCalib}}};
 constexpr PollRow kPolls[] = {{TimerId::TimerMonitCalib, 65, PollDocument::kFresh}};
 constexpr FillRow kFills[] = {
-    {id::cmbCalibMeasuredType, FillMoment::kDensityCalib, kMeasuredTypes},
-    {id::cmbDensityTemp, FillMoment::kDensityCalib, kTemperatureUnits},
+    {id::cmbCalibMeasuredType, &UserCntrl::FirstVisitDensityCalib, kMeasuredTypes},
+    {id::cmbCalibTempUnit, &UserCntrl::FirstVisitDensityCalib, kTemperatureUnits},
+    {id::cmbDensityTemp, &UserCntrl::FirstVisitDensityCalib, kTemperatureUnits},
+};
+constexpr NodeText kNodeTexts[] = {
+    {.text = "Calibration", .parent = "Density/Concentration", .picture = "konqueror8", .trees = TreeShape::kDensity},
+    ByTextAlone("Calibration."),
 };
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Calibration", "Calibration."},
+    {.texts = kNodeTexts,
      .page = "Density Calib",
      .subPage = "Measured Type",
      .frame = id::frmDensityCalib,
      .strip = id::SSTabDensityCalib,
      .read = 66,
      .firstVisit = &UserCntrl::FirstVisitDensityCalib,
-     .fills = FillMoment::kDensityCalib,
      .when = IsDensity,
      .also = KeepNodeText},
 };
@@ -38,6 +44,7 @@ constexpr NodeRow kNodes[] = {
 }  // namespace
 
 constexpr PageUnit kUnit{
+    .layouts = kLayouts,
     .answers = kAnswers,
     .rereads = kRereads,
     .backs = kBacks,

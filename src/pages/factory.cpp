@@ -19,6 +19,8 @@ void OnFactoryAnswer(UserCntrl& c, const Answer& a) {
   c.form.cmbAgile.SetIfAny(DecodeAgile(a.Number("Agile")));
 }
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmfactory}, {.frame = id::frmFactoryPassword}};
+
 constexpr AnswerRow kAnswers[] = {{4000, OnFactoryAnswer}, {4400}};
 constexpr RereadRow kRereads[] = {{"Factory", kAnySubPage, 40}};
 constexpr BackRow kBacks[] = {
@@ -32,26 +34,27 @@ constexpr std::string_view kResets[] = {"No Function", "Factory Reset Parameters
                                         "Factory Reset Address"};
 constexpr std::string_view kProtection[] = {"Write Locked", "Write Unlocked"};
 constexpr FillRow kFills[] = {
-    {id::cmbBackupRes(0), FillMoment::kFactory, kBackupRows},
-    {id::cmbBackupRes(1), FillMoment::kFactory, kBackupRows},
-    {id::cmbDensBackupRestore, FillMoment::kFactory, kBackupRows},
-    {id::cmbAgile, FillMoment::kFactory, kAgile},
-    {id::cmbFactoryReset, FillMoment::kFactory, kResets},
-    {id::cmbWriteProtect, FillMoment::kFactory, kProtection},
+    {id::cmbBackupRes(0), &UserCntrl::FirstVisitFactory, kBackupRows},
+    {id::cmbBackupRes(1), &UserCntrl::FirstVisitFactory, kBackupRows},
+    {id::cmbDensBackupRestore, &UserCntrl::FirstVisitFactory, kBackupRows},
+    {id::cmbAgile, &UserCntrl::FirstVisitFactory, kAgile},
+    {id::cmbFactoryReset, &UserCntrl::FirstVisitFactory, kResets},
+    {id::cmbWriteProtect, &UserCntrl::FirstVisitFactory, kProtection},
 };
+constexpr NodeText kNodeTexts[] = {{.text = "Factory", .parent = "Blocks", .picture = "konqueror8"}};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Factory"},
+    {.texts = kNodeTexts,
      .page = "Factory",
      .subPage = "Backup Restore",
      .frame = id::frmfactory,
      .strip = id::SSTabFactory,
      .read = 40,
-     .firstVisit = &UserCntrl::FirstVisitFactory,
-     .fills = FillMoment::kFactory},
+     .firstVisit = &UserCntrl::FirstVisitFactory},
 };
 
 }  // namespace
 
-constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .backs = kBacks, .fills = kFills, .nodes = kNodes};
+constexpr PageUnit kUnit{
+    .layouts = kLayouts, .answers = kAnswers, .rereads = kRereads, .backs = kBacks, .fills = kFills, .nodes = kNodes};
 
 }  // namespace htr60::pages::factory

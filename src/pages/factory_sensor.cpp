@@ -5,6 +5,8 @@
 namespace htr60::pages::factory_sensor {
 namespace {
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmFactorySensorInfo}};
+
 constexpr AnswerRow kAnswers[] = {{4600}, {4700}, {4800}, {4900}, {5000}, {5500}};
 constexpr RereadRow kRereads[] = {
     {"Factory Sensor", {"Factory Sensor", "Factory Sensor Lo"}, 46},
@@ -43,7 +45,7 @@ constexpr std::string_view kDiaphragms[] = {
 constexpr std::string_view kModels[] = {"Gauge", "Absolute", "Other/Special"};
 
 constexpr FillRow AtSensor(ChoiceId list, std::span<const std::string_view> rows) {
-  return {list, FillMoment::kSensor, rows};
+  return {list, &UserCntrl::FirstVisitSensor, rows};
 }
 constexpr FillRow kFills[] = {
     AtSensor(id::cmbFlangeType, kFlangeTypes),
@@ -74,6 +76,6 @@ constexpr FillRow kFills[] = {
 
 }  // namespace
 
-constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .fills = kFills};
+constexpr PageUnit kUnit{.layouts = kLayouts, .answers = kAnswers, .rereads = kRereads, .fills = kFills};
 
 }  // namespace htr60::pages::factory_sensor

@@ -5,7 +5,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
-#include "navigation/tree.h"
+#include "pages/primary_value_type.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
 
@@ -25,11 +25,21 @@ constexpr LayoutRow kIdentificationRows[] = {
      .kind = RowKind::kEdit,
      .control = id::txtParameter(0),
      .width = WidthClass::kW,
-     .note = "The name of this measuring point, up to 32 characters."},
-    {.caption = "Manufacturer ID", .kind = RowKind::kText, .control = id::txtParameter(1)},
+     .note = "The name of this measuring point, up to 32 characters.",
+     .identity = IdentityItem::kTag},
+    {.caption = "Manufacturer ID",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(1),
+     .identity = IdentityItem::kManufacturer},
     {.caption = "Ordering Code", .kind = RowKind::kText, .control = id::txtParameter(3)},
-    {.caption = "Firmware Version", .kind = RowKind::kText, .control = id::txtParameter(4)},
-    {.caption = "Device SN", .kind = RowKind::kText, .control = id::txtParameter(5)},
+    {.caption = "Firmware Version",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(4),
+     .identity = IdentityItem::kFirmware},
+    {.caption = "Device SN",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(5),
+     .identity = IdentityItem::kSerialNumber},
     {.caption = "GSD Ident. Num Sel", .kind = RowKind::kText, .control = id::txtParameter(6)},
     {.caption = "Modem Version",
      .captionControl = id::lbArray(7),
@@ -49,7 +59,8 @@ constexpr LayoutRow kIdentificationRows[] = {
     {.caption = "Write Protection",
      .kind = RowKind::kList,
      .control = id::cmbWriteProtection,
-     .note = "A locked device refuses every other write."},
+     .note = "A locked device refuses every other write.",
+     .identity = IdentityItem::kWriteProtection},
 };
 constexpr LayoutRow kDetailsRows[] = {
     {.caption = "Sensor Details",
@@ -197,7 +208,7 @@ std::string SensorVersionText(std::string_view raw) {
 }
 
 void OnIdentificationAnswer(UserCntrl& c, const Answer& a) {
-  ApplyPrimaryValueType(c, a.Number("TRDPVType"));
+  primary_value_type::ApplyPrimaryValueType(c, a.Number("TRDPVType"));
   c.form.txtParameter(0).SetText(HexToTextField(a.Text("PHYTag")));
   c.form.txtParameter(1).SetText(ManufacturerText(a.Word("PHYManufacturer")));
   c.form.txtParameter(3).SetText(HexToTextFieldStrict(a.Text("TRDOrderingCode")));
@@ -326,17 +337,20 @@ constexpr RereadRow kRereads[] = {{kPage, kAnySubPage, kIdentificationRead}};
 constexpr BackRow kBacks[] = {{kSensorPage, {.page = kPage, .frame = id::frmInfo}}};
 constexpr ButtonRow kButtons[] = {{id::cmdSensorDetails, OpenSensorDetails}};
 constexpr TabRow kTabs[] = {
-    {id::SSTabInfoSensors, OnOuterTab},
-    {id::SSTabInfoSensor, OnInnerTab},
-    {id::SSTabInfoSensorLo, OnInnerTab},
+    {.strip = id::SSTabInfoSensors, .run = OnOuterTab},
+    {.strip = id::SSTabInfoSensor, .run = OnInnerTab},
+    {.strip = id::SSTabInfoSensorLo, .run = OnInnerTab},
 };
 constexpr std::string_view kProtection[] = {"Write Locked", "Write Unlocked"};
-constexpr FillRow kFills[] = {{id::cmbWriteProtection, FillMoment::kStart, kProtection}};
+constexpr FillRow kFills[] = {{id::cmbWriteProtection, kAtStart, kProtection}};
+constexpr NodeText kNodeTexts[] = {
+    ByTextAlone("Identification"),
+    {.text = "OnLine Parameterize", .picture = "window_list"},
+    {.text = "Blocks", .parent = "OnLine Parameterize", .picture = "edittrash"},
+    {.text = "Device Identification", .parent = "OnLine Parameterize", .picture = "folder1"},
+};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Identification", "OnLine Parameterize", "Blocks", "Device Identification"},
-     .page = kPage,
-     .frame = id::frmInfo,
-     .read = kIdentificationRead},
+    {.texts = kNodeTexts, .page = kPage, .frame = id::frmInfo, .read = kIdentificationRead},
 };
 
 }  // namespace
@@ -351,6 +365,7 @@ constexpr PageUnit kUnit{
     .tabs = kTabs,
     .fills = kFills,
     .nodes = kNodes,
+    .start = {.frame = id::frmInfo, .read = kIdentificationRead, .page = kPage},
 };
 
 }  // namespace htr60::pages::identification

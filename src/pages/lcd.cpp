@@ -28,6 +28,8 @@ Operands MonitoredParameter(UserCntrl& c, int monitor) {
   return {c.form.At(kMonitors[monitor].block).Text(), c.form.At(kMonitors[monitor].index).Text()};
 }
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmLCD}};
+
 constexpr AnswerRow kAnswers[] = {{2900}, {3000}, {3100}, {3200}, {3300}, {3400}, {4100}};
 constexpr RereadRow kRereads[] = {
     {"LCD", "Monit1", 29, {StartLive, 0}},
@@ -35,11 +37,12 @@ constexpr RereadRow kRereads[] = {
     {"LCD", "Monit3", 31, {StartLive, 2}},
     {"LCD", "Monit4", 32, {StartLive, 3}},
 };
+// A write on any page ends them; the re-read of a monitor starts its own again.
 constexpr PollRow kPolls[] = {
-    {TimerId::TimerMonit1, 41, PollDocument::kOwn, {MonitoredParameter, 0}},
-    {TimerId::TimerMonit2, 41, PollDocument::kOwn, {MonitoredParameter, 1}},
-    {TimerId::TimerMonit3, 41, PollDocument::kOwn, {MonitoredParameter, 2}},
-    {TimerId::TimerMonit4, 41, PollDocument::kOwn, {MonitoredParameter, 3}},
+    {TimerId::TimerMonit1, 41, PollDocument::kOwn, {MonitoredParameter, 0}, true},
+    {TimerId::TimerMonit2, 41, PollDocument::kOwn, {MonitoredParameter, 1}, true},
+    {TimerId::TimerMonit3, 41, PollDocument::kOwn, {MonitoredParameter, 2}, true},
+    {TimerId::TimerMonit4, 41, PollDocument::kOwn, {MonitoredParameter, 3}, true},
 };
 
 constexpr std::string_view kBlocks[] = {"Physical",       "Transducer",     "Analog Input 1",
@@ -48,33 +51,33 @@ constexpr std::string_view kPoints[] = {"1", "2", "3", "4"};
 constexpr std::string_view kFalseTrue[] = {"False", "True"};
 constexpr std::string_view kSwitch[] = {"1", "2", "3"};
 constexpr FillRow kFills[] = {
-    {id::cmbFunctionBlockMonit1, FillMoment::kLcd, kBlocks},
-    {id::cmbDecimalPointMonit(0), FillMoment::kLcd, kPoints},
-    {id::cmbAlphaNumFieldMonit1, FillMoment::kLcd, kFalseTrue},
-    {id::cmbLCDStatusMonit1, FillMoment::kLcd, kStatusListRows},
-    {id::cmbLCDSwitch, FillMoment::kLcd, kSwitch},
-    {id::cmbLCDBargraph, FillMoment::kLcd, kFalseTrue},
-    {id::cmbFunctionBlockMonit2, FillMoment::kMonit2, kBlocks},
-    {id::cmbDecimalPointMonit(1), FillMoment::kMonit2, kPoints},
-    {id::cmbAlphaNumFieldMonit2, FillMoment::kMonit2, kFalseTrue},
-    {id::cmbLCDStatusMonit2, FillMoment::kMonit2, kStatusListRows},
-    {id::cmbFunctionBlockMonit3, FillMoment::kMonit3, kBlocks},
-    {id::cmbDecimalPointMonit(2), FillMoment::kMonit3, kPoints},
-    {id::cmbAlphaNumFieldMonit3, FillMoment::kMonit3, kFalseTrue},
-    {id::cmbLCDStatusMonit3, FillMoment::kMonit3, kStatusListRows},
-    {id::cmbFunctionBlockMonit4, FillMoment::kMonit4, kBlocks},
-    {id::cmbDecimalPointMonit(3), FillMoment::kMonit4, kPoints},
-    {id::cmbLCDStatusMonit4, FillMoment::kMonit4, kStatusListRows},
+    {id::cmbFunctionBlockMonit1, &UserCntrl::FirstVisitLcd, kBlocks},
+    {id::cmbDecimalPointMonit(0), &UserCntrl::FirstVisitLcd, kPoints},
+    {id::cmbAlphaNumFieldMonit1, &UserCntrl::FirstVisitLcd, kFalseTrue},
+    {id::cmbLCDStatusMonit1, &UserCntrl::FirstVisitLcd, kStatusListRows},
+    {id::cmbLCDSwitch, &UserCntrl::FirstVisitLcd, kSwitch},
+    {id::cmbLCDBargraph, &UserCntrl::FirstVisitLcd, kFalseTrue},
+    {id::cmbFunctionBlockMonit2, &UserCntrl::FirstVisitMonit2, kBlocks},
+    {id::cmbDecimalPointMonit(1), &UserCntrl::FirstVisitMonit2, kPoints},
+    {id::cmbAlphaNumFieldMonit2, &UserCntrl::FirstVisitMonit2, kFalseTrue},
+    {id::cmbLCDStatusMonit2, &UserCntrl::FirstVisitMonit2, kStatusListRows},
+    {id::cmbFunctionBlockMonit3, &UserCntrl::FirstVisitMonit3, kBlocks},
+    {id::cmbDecimalPointMonit(2), &UserCntrl::FirstVisitMonit3, kPoints},
+    {id::cmbAlphaNumFieldMonit3, &UserCntrl::FirstVisitMonit3, kFalseTrue},
+    {id::cmbLCDStatusMonit3, &UserCntrl::FirstVisitMonit3, kStatusListRows},
+    {id::cmbFunctionBlockMonit4, &UserCntrl::FirstVisitMonit4, kBlocks},
+    {id::cmbDecimalPointMonit(3), &UserCntrl::FirstVisitMonit4, kPoints},
+    {id::cmbLCDStatusMonit4, &UserCntrl::FirstVisitMonit4, kStatusListRows},
 };
+constexpr NodeText kNodeTexts[] = {{.text = "LCD Config", .parent = "Blocks", .picture = "forward2"}};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"LCD Config"},
+    {.texts = kNodeTexts,
      .page = "LCD",
      .subPage = "Monit1",
      .frame = id::frmLCD,
      .strip = id::SSTabLCD,
      .read = 29,
      .firstVisit = &UserCntrl::FirstVisitLcd,
-     .fills = FillMoment::kLcd,
      .polls = true,
      .timer = TimerId::TimerMonit1,
      .interval = kLiveInterval},
@@ -82,6 +85,7 @@ constexpr NodeRow kNodes[] = {
 
 }  // namespace
 
-constexpr PageUnit kUnit{.answers = kAnswers, .rereads = kRereads, .polls = kPolls, .fills = kFills, .nodes = kNodes};
+constexpr PageUnit kUnit{
+    .layouts = kLayouts, .answers = kAnswers, .rereads = kRereads, .polls = kPolls, .fills = kFills, .nodes = kNodes};
 
 }  // namespace htr60::pages::lcd

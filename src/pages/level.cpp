@@ -213,25 +213,26 @@ constexpr ButtonRow kButtons[] = {
     {id::cmdTRDLevelOutputScale, OpenLevelScale},
     {id::cmdTRVScaleVolume, OpenVolumeScale},
 };
-constexpr TabRow kTabs[] = {{id::SSTabTRDLevel, OnTab}};
+constexpr TabRow kTabs[] = {{id::SSTabTRDLevel, kSteps, OnTab}};
 
 constexpr std::string_view kEnableDisable[] = {"Enable", "Disable"};
 constexpr FillRow kFills[] = {
-    {id::cmbLevelPrimaryValueType, FillMoment::kLevel, kPrimaryValueTypes},
-    {id::cmbLevelLinearizationType, FillMoment::kLevel, kTableLinearizations},
-    {id::cmbLevelCompensation, FillMoment::kLevel, kEnableDisable},
-    {id::cmbLevelSimulate, FillMoment::kLevel, kEnableDisable},
-    {id::cmbTRDLevelSimStatus, FillMoment::kLevel, kStatusListRows},
+    {id::cmbLevelPrimaryValueType, &UserCntrl::FirstVisitLevel, kPrimaryValueTypes},
+    {id::cmbLevelLinearizationType, &UserCntrl::FirstVisitLevel, kTableLinearizations},
+    {id::cmbLevelCompensation, &UserCntrl::FirstVisitLevel, kEnableDisable},
+    {id::cmbLevelSimulate, &UserCntrl::FirstVisitLevel, kEnableDisable},
+    {id::cmbTRDLevelSimStatus, &UserCntrl::FirstVisitLevel, kStatusListRows},
 };
+constexpr NodeText kNodeTexts[] = {
+    {.text = "Level", .parent = "Primary Value Type", .picture = "forward2", .trees = TreeShape::kLevel}};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Level"},
+    {.texts = kNodeTexts,
      .page = kPage,
      .subPage = "Settings",
      .frame = id::frmTRDLevel,
      .strip = id::SSTabTRDLevel,
      .read = kSettingsRead,
-     .firstVisit = &UserCntrl::FirstVisitLevel,
-     .fills = FillMoment::kLevel},
+     .firstVisit = &UserCntrl::FirstVisitLevel},
 };
 
 }  // namespace

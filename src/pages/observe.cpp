@@ -36,13 +36,18 @@ Operands BlockOfView(UserCntrl& c) {
   return {c.BlockSelector.empty() ? "None" : c.BlockSelector};
 }
 
+constexpr PageLayout kLayouts[] = {{.frame = id::frmDeviceView, .signalFlow = true}, {.frame = id::frmAIView}};
+
 constexpr AnswerRow kAnswers[] = {{2600}, {2700}};
 constexpr PollRow kPolls[] = {
     {TimerId::TimerDeviceView, 26, PollDocument::kStored},
     {TimerId::TimerAIView, 27, PollDocument::kOwn, BlockOfView},
 };
+constexpr NodeText kObserveText[] = {{.text = "Observe", .picture = "window_list"}};
+constexpr NodeText ViewNode(std::string_view text) { return {.text = text, .parent = "Observe", .picture = "folder1"}; }
+constexpr NodeText kViewTexts[] = {ViewNode(kViews[0].page), ViewNode(kViews[1].page), ViewNode(kViews[2].page)};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Observe"},
+    {.texts = kObserveText,
      .page = "Observe",
      .frame = id::frmDeviceView,
      .writeEnabled = false,
@@ -50,7 +55,7 @@ constexpr NodeRow kNodes[] = {
      .polls = true,
      .timer = TimerId::TimerDeviceView,
      .interval = kInterval},
-    {.texts = {"AI 1 View", "AI 2 View", "AI 3 View"},
+    {.texts = kViewTexts,
      .frame = id::frmAIView,
      .writeEnabled = false,
      .read = 27,
@@ -62,6 +67,6 @@ constexpr NodeRow kNodes[] = {
 
 }  // namespace
 
-constexpr PageUnit kUnit{.answers = kAnswers, .polls = kPolls, .nodes = kNodes};
+constexpr PageUnit kUnit{.layouts = kLayouts, .answers = kAnswers, .polls = kPolls, .nodes = kNodes};
 
 }  // namespace htr60::pages::observe

@@ -10,14 +10,18 @@ void OnOfflineStateAnswer(UserCntrl&, const Answer&) {}
 
 constexpr AnswerRow kAnswers[] = {{9100, OnOfflineStateAnswer}};
 
-constexpr NodeRow OfflineNode(NameSet texts, std::string_view page) {
+constexpr NodeText kBlocksTexts[] = {ByTextAlone("Blocks."), ByTextAlone("OffLine Parameterize")};
+constexpr NodeText kTransducerText[] = {ByTextAlone("Transducer.")};
+constexpr NodeText kAnalogInputText[] = {ByTextAlone("Analog Input.")};
+constexpr NodeText kTotalizerText[] = {ByTextAlone("Totalizer.")};
+constexpr NodeRow OfflineNode(std::span<const NodeText> texts, std::string_view page) {
   return {.texts = texts, .page = page, .writeEnabled = false, .readsOnce = true};
 }
 constexpr NodeRow kNodes[] = {
-    OfflineNode({"Blocks.", "OffLine Parameterize"}, "OffLine Blocks"),
-    OfflineNode({"Transducer."}, "OffLine Transducer"),
-    OfflineNode({"Analog Input."}, "OffLine Analog Input"),
-    OfflineNode({"Totalizer."}, "OffLine Totalizer"),
+    OfflineNode(kBlocksTexts, "OffLine Blocks"),
+    OfflineNode(kTransducerText, "OffLine Transducer"),
+    OfflineNode(kAnalogInputText, "OffLine Analog Input"),
+    OfflineNode(kTotalizerText, "OffLine Totalizer"),
 };
 constexpr BackRow kBacks[] = {
     {{"OffLine TRD Input", "OffLine TRD Output", "OffLine TRD Temp"}, {.page = "OffLine Transducer"}},

@@ -1,7 +1,10 @@
-#include "pages/pages.h"
+#include "pages/primary_value_type.h"
+
+#include <optional>
 
 #include "codecs/mEnumeration.h"
 #include "navigation/tree.h"
+#include "pages/pages.h"
 #include "pages/transducer_twins.h"
 #include "shell/user_cntrl.h"
 
@@ -15,7 +18,8 @@ constexpr LayoutRow kRows[] = {
     {.caption = "Primary Value Type",
      .kind = RowKind::kList,
      .control = id::cmbPVType,
-     .note = "A change sets the transducer to the defaults of the new type."},
+     .note = "A change sets the transducer to the defaults of the new type.",
+     .identity = IdentityItem::kMeasurement},
 };
 constexpr LayoutGroup kGroups[] = {{.caption = "Primary Value Type", .rows = kRows}};
 constexpr LayoutTitle kTitle[] = {{"", "Primary Value Type"}};
@@ -28,6 +32,25 @@ constexpr PageLayout kLayouts[] = {
      .groups = kGroups},
 };
 
+// The types that share a tree: a change between them leaves it as it stands.
+struct TypeTree {
+  std::string_view type;
+  TreeShape shape;
+};
+constexpr TypeTree kTypeTreeRows[] = {
+    {"Pressure", TreeShape::kPressureFlow},
+    {"Flow", TreeShape::kPressureFlow},
+    {"Level", TreeShape::kLevel},
+    {"Density", TreeShape::kDensity},
+};
+
+std::optional<TreeShape> TreeOf(std::string_view type) {
+  for (const TypeTree& row : kTypeTreeRows) {
+    if (row.type == type) return row.shape;
+  }
+  return std::nullopt;
+}
+
 void OnPrimaryValueTypeAnswer(UserCntrl& c, const Answer& a) { ApplyPrimaryValueType(c, a.Number("TRDPVType")); }
 
 Operands WritePrimaryValueType(UserCntrl& c) { return {EncodePVType(c.form.cmbPVType.Text())}; }
@@ -35,10 +58,22 @@ Operands WritePrimaryValueType(UserCntrl& c) { return {EncodePVType(c.form.cmbPV
 constexpr AnswerRow kAnswers[] = {{7900, OnPrimaryValueTypeAnswer}};
 constexpr WriteRow kWrites[] = {{kPage, kAnySubPage, 72, WritePrimaryValueType}};
 constexpr RereadRow kRereads[] = {{kPage, kAnySubPage, kRead}};
-constexpr FillRow kFills[] = {{id::cmbPVType, FillMoment::kStart, kPrimaryValueTypes}};
-constexpr NodeRow kNodes[] = {{.texts = {kPage}, .page = kPage, .frame = id::frmPrimaryValueType, .read = kRead}};
+constexpr FillRow kFills[] = {{id::cmbPVType, kAtStart, kPrimaryValueTypes}};
+constexpr NodeText kNodeTexts[] = {{.text = kPage, .parent = "Blocks", .picture = "forward2"}};
+constexpr NodeRow kNodes[] = {{.texts = kNodeTexts, .page = kPage, .frame = id::frmPrimaryValueType, .read = kRead}};
 
 }  // namespace
+
+void ApplyPrimaryValueType(UserCntrl& c, std::int32_t code) {
+  c.form.cmbPVType.SetIfAny(DecodePVType(code));
+  const std::string& type = c.form.cmbPVType.Text();
+  const auto shape = TreeOf(type);
+  if (shape && shape != TreeOf(c.PreviousPVType)) {
+    c.form.treeView.Clear();
+    BuildTree(c, *shape);
+  }
+  c.PreviousPVType = type;
+}
 
 constexpr PageUnit kUnit{
     .layouts = kLayouts,

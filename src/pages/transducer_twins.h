@@ -28,7 +28,8 @@ constexpr std::array<LayoutRow, 3> SimulateRows(const SimulateFields& fields) {
       {.caption = "Simulate Enable",
        .kind = RowKind::kList,
        .control = fields.enable,
-       .note = "While enabled, value and status replace what is measured."},
+       .note = "While enabled, value and status replace what is measured.",
+       .role = RowRole::kSimulate},
       {.caption = "Value", .kind = RowKind::kNum, .control = fields.value},
       {.caption = "Status", .kind = RowKind::kList, .control = fields.status, .width = WidthClass::kW},
   }};
@@ -80,7 +81,7 @@ constexpr LayoutRow LiveValue(std::string_view caption, TextId value, LayoutUnit
 constexpr std::array<LayoutRow, 8> SensorValueRows(const SensorValueFields& f) {
   return {{
       {.kind = RowKind::kMsg, .control = f.message, .note = "Shown while a sensor reads above 9000.", .live = true},
-      {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = f.diag, .live = true},
+      {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = f.diag, .live = true, .role = RowRole::kVerdict},
       LiveValue("Delta Press", f.deltaPress, ControlId{f.deltaPressUnit}),
       LiveValue("Hi Value", f.hi, ControlId{f.hiUnit}, f.hiStatus, "Capacitance reading."),
       LiveValue("Lo Value", f.lo, ControlId{f.loUnit}, {}, "Capacitance reading; its status is not shown."),

@@ -90,8 +90,8 @@ constexpr LayoutRow kMeasureTypeRows[] = {
      .control = id::CmdWriteMeasType},
 };
 constexpr LayoutGroup kOutputGroups[] = {
-    {.caption = "Transducer Output Scale", .frame = id::frmzGroup(14), .rows = kOutputRows},
-    {.caption = "Transducer Output Unit", .frame = id::frmzGroup(33), .rows = kOutputUnitRows},
+    {.caption = "Transducer Output Scale", .frame = id::frmzGroup(14), .rows = kOutputRows, .sentTogether = 1},
+    {.caption = "Transducer Output Unit", .frame = id::frmzGroup(33), .rows = kOutputUnitRows, .sentTogether = 1},
     {.caption = "Sensor Limits", .frame = id::frmzGroup(34), .rows = kOutputLimitRows, .byTop = true},
     {.caption = "Measure Type", .frame = id::frmzGroup(61), .rows = kMeasureTypeRows, .byTop = true},
 };

@@ -1,6 +1,3 @@
-#include <array>
-#include <cstddef>
-
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
@@ -163,7 +160,7 @@ void OpenTemperature(UserCntrl& c) {
                .read = kTemperatureRead});
 }
 
-constexpr std::array<TabStep, 4> kTabSteps = {{
+constexpr TabStep kTabSteps[] = {
     {.page = kPage, .subPage = kSettings, .write = ButtonState::kEnabled, .read = kSettingsRead},
     {.write = ButtonState::kDisabled},
     {.page = kPage, .subPage = kSimulate, .write = ButtonState::kEnabled, .read = kSimulateRead},
@@ -174,12 +171,12 @@ constexpr std::array<TabStep, 4> kTabSteps = {{
      .polls = true,
      .timer = TimerId::TimerSensorValue,
      .interval = 5000},
-}};
+};
 
 void OnSettingsTab(UserCntrl& c, int tab) {
   // Rows that stand are those of an earlier visit of the tab.
   if (tab == kSimulateTab && c.form.cmbTRDSimStatus.Rows().empty()) c.form.cmbTRDSimStatus.Fill(StatusListRows());
-  RunTab(c, kTabSteps.at(static_cast<std::size_t>(tab)));
+  RunTab(c, kTabSteps[tab]);
 }
 
 struct ShownParts {
@@ -220,26 +217,29 @@ constexpr RereadRow kRereads[] = {
 };
 constexpr BackRow kBacks[] = {{{kSquareRootPage, kTemperaturePage}, trd_scales::kToTrdSettings}};
 constexpr ButtonRow kButtons[] = {{id::cmdSquareRoot, OpenSquareRoot}, {id::cmdTemp, OpenTemperature}};
-constexpr TabRow kTabs[] = {{id::SSTabTRDSettings, OnSettingsTab}};
+constexpr TabRow kTabs[] = {{id::SSTabTRDSettings, kTabSteps, OnSettingsTab}};
 constexpr ListRow kLists[] = {{id::cmbLinearizationType, OnLinearizationType}};
 constexpr std::string_view kLinearizations[] = {"No Linearization.", "User Defined(Table)", "Square Root",
                                                 "Square Root & Table"};
 constexpr std::string_view kEnableDisable[] = {"Enable", "Disable"};
 constexpr FillRow kFills[] = {
-    {id::cmbTempUnits, FillMoment::kStart, kTemperatureUnits},
-    {id::cmbPrimaryValueType, FillMoment::kTrd, kPrimaryValueTypes},
-    {id::cmbLinearizationType, FillMoment::kTrd, kLinearizations},
-    {id::cmbPVSimulateEnable, FillMoment::kTrd, kEnableDisable},
+    {id::cmbTempUnits, kAtStart, kTemperatureUnits},
+    {id::cmbPrimaryValueType, &UserCntrl::FirstVisitTrd, kPrimaryValueTypes},
+    {id::cmbLinearizationType, &UserCntrl::FirstVisitTrd, kLinearizations},
+    {id::cmbPVSimulateEnable, &UserCntrl::FirstVisitTrd, kEnableDisable},
 };
+constexpr NodeText kNodeTexts[] = {{.text = "Pressure/Flow",
+                                    .parent = "Primary Value Type",
+                                    .picture = "forward2",
+                                    .trees = TreeShape::kPressureFlow}};
 constexpr NodeRow kNodes[] = {
-    {.texts = {"Pressure/Flow"},
+    {.texts = kNodeTexts,
      .page = kPage,
      .subPage = kSettings,
      .frame = id::frmTRDSettings,
      .strip = id::SSTabTRDSettings,
      .read = kSettingsRead,
-     .firstVisit = &UserCntrl::FirstVisitTrd,
-     .fills = FillMoment::kTrd},
+     .firstVisit = &UserCntrl::FirstVisitTrd},
 };
 
 }  // namespace

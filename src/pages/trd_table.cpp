@@ -120,14 +120,14 @@ std::array<FixedText<16>, kMostPoints> CurvePairs(UserCntrl& c) {
   return pairs;
 }
 
-// "No" does not keep the curve back: the answer is an operand.
+// "No" does not keep the curve back: the answer is an operand. All others are taken before the question, for an answer
+// may come while its box is open.
 Operands WriteTrdTable(UserCntrl& c) {
-  const std::array<FixedText<16>, kMostPoints> pairs = CurvePairs(c);
-  const bool enable = c.AskYesNo("Do you want to enable table?", "Warning");
   Operands operands{EncodeNrPoints(c.form.cmbNrPoints.Text())};
+  const std::array<FixedText<16>, kMostPoints> pairs = CurvePairs(c);
   for (std::size_t i = 0; i + 1 < kMostPoints; i += 2) operands.Add(Join({pairs[i], pairs[i + 1]}));
   operands.Add(pairs[kMostPoints - 1]);
-  operands.Add(enable ? "Yes" : "No");
+  operands.Add(c.AskYesNo("Do you want to enable table?", "Warning") ? "Yes" : "No");
   return operands;
 }
 
@@ -155,7 +155,9 @@ void OnNumberOfPoints(UserCntrl& c) {
 // ---- tables
 
 constexpr AnswerRow kAnswers[] = {{900, OnTrdTableAnswer}};
-constexpr WriteRow kWrites[] = {{kPage, kAnySubPage, 6, WriteTrdTable}};
+// The device checks the curve, so its re-read waits longer.
+constexpr WriteRow kWrites[] = {
+    {.pages = kPage, .subPages = kAnySubPage, .code = 6, .operands = WriteTrdTable, .rereadMs = 4000}};
 constexpr RereadRow kRereads[] = {{kPage, kAnySubPage, kRead, ShowWaiting}};
 constexpr BackRow kBacks[] = {
     {kPage, trd_scales::kToTrdSettings},
@@ -165,7 +167,7 @@ constexpr ButtonRow kButtons[] = {{id::cmdTablePoints, OpenTrdTable}, {id::cmdPi
 constexpr ListRow kLists[] = {{id::cmbNrPoints, OnNumberOfPoints}};
 constexpr std::string_view kNumbers[] = {"2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10", "11",
                                          "12", "13", "14", "15", "16", "17", "18", "19", "20", "21"};
-constexpr FillRow kFills[] = {{id::cmbNrPoints, FillMoment::kStart, kNumbers}};
+constexpr FillRow kFills[] = {{id::cmbNrPoints, kAtStart, kNumbers}};
 
 }  // namespace
 

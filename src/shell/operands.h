@@ -1,11 +1,13 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <initializer_list>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
+#include "text/failure.h"
 #include "text/fixed_text.h"
 
 namespace htr60 {
@@ -17,8 +19,12 @@ inline constexpr std::size_t kAttributeCount = 24;
 class Operands {
  public:
   Operands() = default;
-  Operands(std::initializer_list<InlineText> values) : count_(values.size()) {
-    std::copy(values.begin(), values.end(), values_.begin());
+  template <class... Values>
+  requires(sizeof...(Values) > 0 && (std::is_convertible_v<Values, InlineText> && ...))
+      // NOLINTNEXTLINE(google-explicit-constructor): a write returns its operands as a braced list.
+      Operands(Values&&... values)
+      : values_{InlineText(std::forward<Values>(values))...}, count_(sizeof...(Values)) {
+    static_assert(sizeof...(Values) <= kAttributeCount, "more operands than a document has attributes");
   }
   /// A write that sends nothing: its check failed, or it did something else instead.
   static Operands Nothing() {
@@ -31,7 +37,11 @@ class Operands {
   std::string_view operator[](std::size_t position) const {
     return position < count_ ? values_[position].View() : std::string_view("None");
   }
-  void Add(InlineText value) { values_.at(count_++) = std::move(value); }
+  /// Throws where the document has no attribute left.
+  void Add(InlineText value) {
+    if (count_ == values_.size()) throw RuntimeFailure("more operands than a document has attributes");
+    values_[count_++] = std::move(value);
+  }
 
  private:
   std::array<InlineText, kAttributeCount> values_;

@@ -1,73 +1,32 @@
-#include <iterator>
+#include <string>
 
 #include "shell/guard.h"
 #include "shell/tables.h"
 #include "shell/user_cntrl.h"
-#include "text/failure.h"
 
 namespace htr60 {
 namespace {
 
-constexpr TimerId kPollingTimers[] = {
-    TimerId::TimerReadPressure,  TimerId::TimerReadTemp,   TimerId::TimerAIOut,       TimerId::TimerDeviceView,
-    TimerId::TimerAIView,        TimerId::TimerChar,       TimerId::TimerMonit1,      TimerId::TimerMonit2,
-    TimerId::TimerMonit3,        TimerId::TimerMonit4,     TimerId::TimerSensorValue, TimerId::TimerDiagnosisTab3,
-    TimerId::TimerDiagnosisTab4, TimerId::TimerMonitCalib, TimerId::TimerCalibRef,
-};
-
-// frmAITOTGraphic is not among them: once shown its flag stays set.
-constexpr FrameId kHiddenTogether[] = {
-    id::frmAI,
-    id::frmCalib,
-    id::frmCalibPressLowerUpper,
-    id::frmCalibTemp,
-    id::frmChar,
-    id::frmInfo,
-    id::frmInfoSensor,
-    id::frmLCD,
-    id::frmTRDOutputScale,
-    id::frmTRDSettings,
-    id::frmTRDTable,
-    id::frmFactorySensorInfo,
-    id::frmTRDTempUnits,
-    id::frmDeviceView,
-    id::frmAIView,
-    id::frmSquareRoot,
-    id::frmPictureTable,
-    id::frmfactory,
-    id::frmCalibGraphic,
-    id::frmMethodChar,
-    id::frmDiagnosis,
-    id::frmFactoryPassword,
-    id::frmResultChar,
-    id::frmTRDInputScale,
-    id::frmAutoZeroTrim,
-    id::frmConstants,
-    id::frmSolidCoefficients,
-    id::frmConcentration,
-    id::frmDensityCalib,
-    id::frmTRDLevel,
-    id::frmTRDDensity,
-    id::frmCalWithoutRef,
-    id::frmCalWithRef,
-    id::frmPrimaryValueType,
-};
+constexpr int kStateRead = 90;
 
 }  // namespace
 
 void UserCntrl::HideAllFrames() {
-  form.PictMessageTable.SetVisible(false);
-  for (const FrameId frame : kHiddenTogether) form.At(frame).SetVisible(false);
+  for (const PictureId panel : tables_->panels) form.At(panel).SetVisible(false);
+  for (const FrameId frame : tables_->hidden) form.At(frame).SetVisible(false);
   form.ForgetFrameShown();
 }
 
 void UserCntrl::StopPollingTimers() {
-  for (const TimerId timer : kPollingTimers) form.At(timer).SetEnabled(false);
+  for (const PollRow* row : tables_->polls) {
+    if (row != nullptr) form.At(row->timer).SetEnabled(false);
+  }
 }
 
+bool UserCntrl::IsPolling(TimerId timer) const { return tables_->polls[static_cast<std::size_t>(timer)] != nullptr; }
+
 bool UserCntrl::HasHandler(TimerId timer) const {
-  return timer == TimerId::TimerInit || timer == TimerId::TimerReadAfterWrite ||
-         tables_->polls[static_cast<std::size_t>(timer)] != nullptr;
+  return timer == TimerId::TimerInit || timer == TimerId::TimerReadAfterWrite || IsPolling(timer);
 }
 
 void UserCntrl::TimerChanged(const Timer& timer, bool armed) {
@@ -94,14 +53,12 @@ void UserCntrl::TimerDue(int timer) noexcept {
 
 void UserCntrl::OnTimerInit() {
   form.At(TimerId::TimerInit).SetEnabled(false);
-  // The first two reads leave panel 4 as it is.
-  for (const char* code : {"90", "1"}) {
-    RequestCode = code;
+  for (const int code : {kStateRead, registry_.start.read}) {
+    RequestCode = std::to_string(code);
     StoreDocument({});
-    if (ParameterAccess == nullptr) throw RuntimeFailure("not attached");
-    ParameterAccess->ReadRequest(RequestCode, RequestXml, RequestResult);
+    ReadQuietly();
   }
-  CurrentPage = "Identification";
+  CurrentPage = registry_.start.page;
 }
 
 void UserCntrl::OnPoll(const PollRow& row) {

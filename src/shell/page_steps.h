@@ -6,17 +6,6 @@
 
 namespace htr60 {
 
-/// What a click on one tab does after the common beginning: names, write button, read, timer.
-struct TabStep {
-  std::string_view page{};     ///< empty: unchanged
-  std::string_view subPage{};  ///< empty: unchanged
-  ButtonState write = ButtonState::kUnchanged;
-  int read = 0;  ///< 0: none
-  bool polls = false;
-  TimerId timer = TimerId::TimerInit;  ///< with `polls`, started after the read
-  int interval = 0;
-};
-
 /// The general form of a tab handler: `RequestCode` "0", polling stopped, then the step. The read's code is the step's
 /// own, for handlers of inner strips that ran meanwhile leave theirs in `RequestCode`.
 void RunTab(UserCntrl& c, const TabStep& step);

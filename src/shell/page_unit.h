@@ -4,7 +4,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
 
 #include "form/control_id.h"
 #include "form/layout.h"
@@ -97,10 +101,11 @@ struct WriteRow {
   SubPages subPages;
   int code;
   Call<Operands> operands;
+  int rereadMs = 2000;  ///< from the write to the re-read
 };
 
-/// A step of `cmdWriteParameter` on a page, before its sub-page is looked at.
-struct BeforeWriteRow {
+/// A step on a page, before the row of its sub-page is looked for.
+struct PageStepRow {
   NameSet pages{};
   Call<void> run;
 };
@@ -133,10 +138,23 @@ struct ButtonRow {
   Call<void> run;
 };
 
-/// The click handler of a tab strip; the argument is the tab now in front.
+/// What a click on one tab does after the common beginning: names, write button, read, timer.
+struct TabStep {
+  std::string_view page{};     ///< empty: unchanged
+  std::string_view subPage{};  ///< empty: unchanged
+  ButtonState write = ButtonState::kUnchanged;
+  int read = 0;  ///< 0: none
+  bool polls = false;
+  TimerId timer = TimerId::TimerInit;  ///< with `polls`, started after the read
+  int interval = 0;
+};
+
+/// The click of a tab strip. `run` takes the tab now in front; without it the tab's step runs as it stands. `steps`,
+/// where there are any, are one a tab: a table shorter or longer than the strip does not compile.
 struct TabRow {
   TabsId strip{};
-  Call<void, int> run;
+  std::span<const TabStep> steps{};
+  Call<void, int> run = {};
 };
 
 /// The change handler of a list.
@@ -157,49 +175,86 @@ struct PollRow {
   int read;
   PollDocument document = PollDocument::kFresh;
   Call<Operands> operands = {};
+  bool endsAtWrite = false;  ///< `cmdWriteParameter` stops it; the re-read may start it again
 };
 
-/// When a choice list is filled. Each but the first is the first visit of a page or a tab.
-enum class FillMoment : std::uint8_t {
-  kStart,
-  kSensor,
-  kTrd,
-  kDensity,
-  kLevel,
-  kAi,
-  kFactory,
-  kLcd,
-  kMonit2,
-  kMonit3,
-  kMonit4,
-  kCalib,
-  kCalRef,
-  kDensityCalib,
-};
+/// When a list is filled: at start, or at the first visit of a page or a tab, which clears that member of the control.
+using FirstVisitFlag = std::int16_t UserCntrl::*;
+inline constexpr FirstVisitFlag kAtStart = nullptr;
 
 struct FillRow {
   ChoiceId list;
-  FillMoment moment;
+  FirstVisitFlag moment;
   std::span<const std::string_view> rows{};
 };
 
+/// The shapes of the tree: before the primary value type is known, and one for each group of types.
+enum class TreeShape : std::uint8_t { kBase, kPressureFlow, kDensity, kLevel };
+inline constexpr std::size_t kTreeShapes = 4;
+
+/// A set of shapes.
+class TreeShapes {
+ public:
+  template <class... Shapes>
+  requires(std::is_same_v<Shapes, TreeShape>&&...)
+      // NOLINTNEXTLINE(google-explicit-constructor): a node names one shape or a braced list of shapes.
+      constexpr TreeShapes(Shapes... shapes)
+      : bits_(static_cast<std::uint8_t>((BitOf(shapes) | ... | 0U))) {}
+  constexpr bool Has(TreeShape shape) const { return (bits_ & BitOf(shape)) != 0; }
+  constexpr bool Any() const { return bits_ != 0; }
+  constexpr bool Meets(TreeShapes other) const { return (bits_ & other.bits_) != 0; }
+
+ private:
+  static constexpr unsigned BitOf(TreeShape shape) { return 1U << static_cast<unsigned>(shape); }
+  std::uint8_t bits_;
+};
+inline constexpr TreeShapes kEveryTree{TreeShape::kBase, TreeShape::kPressureFlow, TreeShape::kDensity,
+                                       TreeShape::kLevel};
+
+/// A text that activates a row, and where it stands in the tree. Its place among the nodes is that of the table of
+/// contents.
+struct NodeText {
+  std::string_view text{};
+  std::string_view parent{};  ///< text of the node above it; empty: top level
+  std::string_view picture{};
+  TreeShapes trees = kEveryTree;
+  bool byTextAlone = false;  ///< in no tree of this version: a frame or a script activates it by name
+};
+
+constexpr NodeText ByTextAlone(std::string_view text) {
+  return {.text = text, .trees = TreeShapes(), .byTextAlone = true};
+}
+
 /// What activating a node of the tree does while the device is not disconnected.
 struct NodeRow {
-  NameSet texts{};
+  std::span<const NodeText> texts{};
   std::string_view page{};     ///< empty: the node's text
   std::string_view subPage{};  ///< empty: unchanged
   FrameId frame{};
   TabsId strip{};  ///< set to tab 0
   bool writeEnabled = true;
-  int read = 0;  ///< 0: none
-  std::int16_t UserCntrl::*firstVisit = nullptr;
-  FillMoment fills = FillMoment::kStart;  ///< with `firstVisit`
+  int read = 0;                         ///< 0: none
+  FirstVisitFlag firstVisit = nullptr;  ///< fills the lists of that moment, once
   bool polls = false;
   TimerId timer = TimerId::TimerInit;  ///< with `polls`
   int interval = 0;
   bool readsOnce = false;  ///< the offline texts: read 91 once in the control's life, node expanded, Save enabled
   bool (*when)(UserCntrl&) = nullptr;      ///< the row counts only where this holds
   Call<void, std::string_view> also = {};  ///< with the node's text, after the page's names
+};
+
+/// The page that is shown when the control is made; what is read and which page is current once `TimerInit` is due.
+struct StartPage {
+  FrameId frame{};
+  int read = 0;
+  std::string_view page{};
+};
+
+/// State that scripts know by name beside the members of the control.
+using MemberValue = std::variant<int, std::vector<std::string>>;
+struct MemberRow {
+  std::string_view name;
+  MemberValue (*get)(UserCntrl&);
 };
 
 /// State that one page needs, made and destroyed with the control.
@@ -218,8 +273,9 @@ struct PageUnit {
   std::span<const PageLayout> layouts{};
   std::span<const AnswerRow> answers{};
   std::span<const WriteRow> writes{};
-  std::span<const BeforeWriteRow> beforeWrites{};
+  std::span<const PageStepRow> beforeWrites{};
   std::span<const RereadRow> rereads{};
+  std::span<const PageStepRow> beforeRereads{};
   std::span<const BackRow> backs{};
   std::span<const ButtonRow> buttons{};
   std::span<const TabRow> tabs{};
@@ -229,14 +285,25 @@ struct PageUnit {
   std::span<const NodeRow> nodes{};
   std::span<const ControlId> workingFields{};  ///< controls with no place on any page
   PageState state{};
+  std::span<const MemberRow> members{};
+  StartPage start{};  ///< of one unit alone
 };
 
-/// The units of a control and what navigates between them, handed in at its creation.
+/// One node of a tree as it is built: its position is that in the row, from 1.
+struct TreeEntry {
+  std::string_view text{};
+  int parent = 0;  ///< position, 0: top level
+  std::string_view picture{};
+};
+
+/// The units of a control, what follows from them, and what navigates between them; handed in at its creation.
 struct PageRegistry {
   std::span<const PageUnit* const> units{};
-  void (*buildBaseTree)(UserCntrl&);
+  std::array<std::span<const TreeEntry>, kTreeShapes> trees{};  ///< by shape
+  StartPage start{};
+  void (*buildTree)(UserCntrl&, TreeShape) = nullptr;
   /// The operator activates a node: its text, and its position or 0 where the tree has no such node.
-  void (*onTreeNodeClick)(UserCntrl&, std::string_view text, int position);
+  void (*onTreeNodeClick)(UserCntrl&, std::string_view text, int position) = nullptr;
 };
 
 }  // namespace htr60

@@ -17,6 +17,10 @@ class IUpdateUI {
 };
 
 /// Core interface of the DTM manager. A call that fails throws `RuntimeFailure`.
+///
+/// Inside a call of this and the next interface a manager may pump messages: the operator's acts, timers, `Init` and
+/// `PrepareToRelease` may run there, further calls included, and the frame may let the control go. What is handed to a
+/// call stays valid until it returns, and the interface called is held. Answers alone do not come inside a call.
 class IDtmCore {
  public:
   virtual ~IDtmCore() = default;

@@ -5,10 +5,6 @@
 namespace htr60 {
 namespace {
 
-std::size_t SlotOf(ControlId control, ControlKind kind) {
-  return static_cast<std::size_t>(control.ordinal - ordinals::kFirst[static_cast<std::size_t>(kind)]);
-}
-
 template <class Row>
 void Append(std::vector<const Row*>& rows, std::span<const Row> more) {
   for (const Row& row : more) rows.push_back(&row);
@@ -24,10 +20,17 @@ UserCntrl::Tables::Tables(const PageRegistry& registry) {
     Append(rereads, unit->rereads);
     Append(backs, unit->backs);
     Append(fills, unit->fills);
-    for (const ButtonRow& row : unit->buttons) buttons[SlotOf(row.button, ControlKind::kButton)] = row.run;
-    for (const TabRow& row : unit->tabs) tabs[SlotOf(row.strip, ControlKind::kTabs)] = row.run;
-    for (const ListRow& row : unit->lists) lists[SlotOf(row.list, ControlKind::kChoice)] = row.run;
+    Append(beforeRereads, unit->beforeRereads);
+    for (const ButtonRow& row : unit->buttons) buttons[SlotOf(row.button)] = row.run;
+    for (const TabRow& row : unit->tabs) tabs[SlotOf(row.strip)] = &row;
+    for (const ListRow& row : unit->lists) lists[SlotOf(row.list)] = row.run;
     for (const PollRow& row : unit->polls) polls[static_cast<std::size_t>(row.timer)] = &row;
+    for (const PageLayout& layout : unit->layouts) {
+      if (!layout.staysShown) hidden.push_back(layout.frame);
+      for (const LayoutGroup& group : layout.groups) {
+        if (group.panel) panels.push_back(group.panel);
+      }
+    }
   }
   std::sort(answers.begin(), answers.end(), [](const AnswerRow& a, const AnswerRow& b) { return a.code < b.code; });
 }

@@ -7,8 +7,8 @@
 
 namespace htr60 {
 
-/// The rows of all units, laid out for look-up: answers sorted by code, events by the control that raises them, the
-/// rest in the order of the units.
+/// The rows of all units, laid out for look-up: answers sorted by code, events and timers by their number, the rest in
+/// the order of the units.
 struct UserCntrl::Tables {
   explicit Tables(const PageRegistry& registry);
 
@@ -23,14 +23,17 @@ struct UserCntrl::Tables {
 
   std::vector<AnswerRow> answers;
   std::vector<const WriteRow*> writes;
-  std::vector<const BeforeWriteRow*> beforeWrites;
+  std::vector<const PageStepRow*> beforeWrites;
   std::vector<const RereadRow*> rereads;
+  std::vector<const PageStepRow*> beforeRereads;
   std::vector<const BackRow*> backs;
   std::vector<const FillRow*> fills;
   std::array<Call<void>, CountOf(ControlKind::kButton)> buttons;
-  std::array<Call<void, int>, CountOf(ControlKind::kTabs)> tabs;
+  std::array<const TabRow*, CountOf(ControlKind::kTabs)> tabs{};
   std::array<Call<void>, CountOf(ControlKind::kChoice)> lists;
   std::array<const PollRow*, kTimerCount> polls{};
+  std::vector<FrameId> hidden;    // the frames that are hidden together
+  std::vector<PictureId> panels;  // hidden with them
 };
 
 }  // namespace htr60

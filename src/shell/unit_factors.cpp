@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "shell/guard.h"
 #include "shell/user_cntrl.h"
 
 namespace htr60 {
@@ -29,12 +30,12 @@ double FactorOf(std::string_view unit) {
 
 }  // namespace
 
-void UserCntrl::GetFactor1Unit(std::string_view Kvalue) {
-  form.txtParameter(197).SetText(codecs.NumberToText(FactorOf(Kvalue)));
+void UserCntrl::GetFactor1Unit(std::string_view Kvalue) noexcept {
+  Guarded([&] { form.txtParameter(197).SetText(codecs.NumberToText(FactorOf(Kvalue))); });
 }
 
-void UserCntrl::GetFactor2Unit(std::string_view Kvalue) {
-  form.txtParameter(198).SetText(codecs.NumberToText(FactorOf(Kvalue)));
+void UserCntrl::GetFactor2Unit(std::string_view Kvalue) noexcept {
+  Guarded([&] { form.txtParameter(198).SetText(codecs.NumberToText(FactorOf(Kvalue))); });
 }
 
 }  // namespace htr60

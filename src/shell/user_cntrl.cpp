@@ -1,8 +1,10 @@
 #include "shell/user_cntrl.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shell/guard.h"
+#include "shell/page_steps.h"
 #include "shell/tables.h"
 #include "text/failure.h"
 
@@ -32,6 +34,9 @@ class Receiver final : public IUpdateUI {
 UserCntrl::UserCntrl(const Ports& ports, const PageRegistry& registry)
     : codecs(ports.decimalSeparator), ports_(ports), registry_(registry), tables_(std::make_unique<Tables>(registry)) {
   for (const PageUnit* unit : registry_.units) {
+    for (const PageLayout& layout : unit->layouts) {
+      form.DeclarePage(layout.frame, layout.frame == registry_.start.frame);
+    }
     states_.push_back(unit->state.make != nullptr ? unit->state.make() : nullptr);
   }
 }
@@ -41,7 +46,8 @@ UserCntrl::~UserCntrl() {
     if (states_[i] != nullptr) registry_.units[i]->state.destroy(states_[i]);
   }
   for (std::size_t i = 0; i < kTimerCount; ++i) {
-    if (form.At(static_cast<TimerId>(i)).Running()) ports_.timers.Disarm(static_cast<int>(i));
+    if (!form.At(static_cast<TimerId>(i)).Running()) continue;
+    Ignoring([&] { ports_.timers.Disarm(static_cast<int>(i)); });
   }
 }
 
@@ -49,16 +55,11 @@ std::shared_ptr<UserCntrl> UserCntrl::Create(const Ports& ports, const PageRegis
   const std::shared_ptr<UserCntrl> control(new UserCntrl(ports, registry));
   control->receiver_ = std::make_shared<Receiver>(control);
   control->Guarded([&] {
-    registry.buildBaseTree(*control);
-    control->PrepareScreens();
+    registry.buildTree(*control, TreeShape::kBase);
+    control->FillLists(kAtStart);
     control->StartTimer(TimerId::TimerInit, 2000);
   });
   return control;
-}
-
-void UserCntrl::PrepareScreens() {
-  form.txtPassword.SetText("");
-  FillLists(FillMoment::kStart);
 }
 
 bool UserCntrl::Init(std::string_view invokeId, std::string_view /*functionCall*/, std::shared_ptr<IDtm> dtm) noexcept {
@@ -71,8 +72,10 @@ bool UserCntrl::Init(std::string_view invokeId, std::string_view /*functionCall*
     if (DtmCore == nullptr) throw RuntimeFailure("no core interface");
     ParameterAccess = dtm->ParameterAccess();
     if (ParameterAccess == nullptr) throw RuntimeFailure("no parameter access");
+    const std::shared_ptr<IDtmCore> core = DtmCoreForEvents;
+    const std::string id = InvokeId;
     bool flag = false;
-    DtmCoreForEvents->RegisterUI(kClassName, InvokeId, receiver_, 0, flag);
+    core->RegisterUI(kClassName, id, receiver_, 0, flag);
     attached = true;
   });
   return attached;
@@ -80,9 +83,10 @@ bool UserCntrl::Init(std::string_view invokeId, std::string_view /*functionCall*
 
 bool UserCntrl::PrepareToRelease() noexcept {
   Guarded([&] {
-    if (DtmCore != nullptr) {
+    if (const std::shared_ptr<IDtmCore> core = DtmCore) {
+      const std::string id = InvokeId;
       bool flag = false;
-      DtmCore->UnregisterUI(InvokeId, -1, flag);
+      core->UnregisterUI(id, -1, flag);
     }
     DtmCore.reset();
     ParameterAccess.reset();
@@ -126,7 +130,9 @@ void UserCntrl::Dispatch(std::int32_t responseCode, std::string_view document) {
   }
   if (const Answer* answer = reader->Read(document)) {
     Guarded([&] { row->run(*this, *answer); });
-    handledCodes_.push_back(responseCode);
+    if (std::find(handledCodes_.begin(), handledCodes_.end(), responseCode) == handledCodes_.end()) {
+      handledCodes_.push_back(responseCode);
+    }
     Changed();
   } else if (row->unreadable) {
     Guarded([&] { row->unreadable(*this); });
@@ -140,9 +146,7 @@ void UserCntrl::Click(ButtonId button) noexcept {
   Guarded([&] {
     if (button == id::cmdBack) return OnBack();
     if (button == id::cmdWriteParameter) return OnWriteParameter();
-    const Call<void>& run = tables_->buttons[static_cast<std::size_t>(
-        button.ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kButton)])];
-    if (run) run(*this);
+    if (const Call<void>& run = tables_->buttons[SlotOf(button)]) run(*this);
   });
 }
 
@@ -155,14 +159,17 @@ void UserCntrl::Pick(ChoiceId list, std::size_t row) noexcept {
 }
 
 void UserCntrl::ClickTab(TabsId strip, int index) noexcept {
-  Guarded([&] { form.At(strip).SetIndex(index); });
+  Guarded([&] {
+    TabStrip& tabs = form.At(strip);
+    if (index >= 0 && index < static_cast<int>(tabs.Captions().size())) tabs.SetIndex(index);
+  });
 }
 
 void UserCntrl::Activate(std::string_view text, int position) noexcept {
   Guarded([&] {
-    lastActivated_ = text;
-    if (position > 0) form.treeView.Select(position);
     const std::string node(text);  // a rebuild of the tree during a message box must not take the text away
+    lastActivated_ = node;
+    if (position > 0) form.treeView.Select(position);
     registry_.onTreeNodeClick(*this, node, position);
   });
 }
@@ -172,15 +179,17 @@ void UserCntrl::SetList(ChoiceId list, std::string_view text) noexcept {
 }
 
 void UserCntrl::TabChanged(const TabStrip& strip) {
-  const Call<void, int>& run = tables_->tabs[static_cast<std::size_t>(
-      strip.Id().ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kTabs)])];
-  if (run) Guarded([&] { run(*this, strip.Index()); });
+  const TabRow* row = tables_->tabs[SlotOf(TabsId{strip.Id()})];
+  if (row == nullptr) return;
+  Guarded([&] {
+    const int tab = strip.Index();
+    if (row->run) return row->run(*this, tab);
+    RunTab(*this, row->steps[static_cast<std::size_t>(tab)]);
+  });
 }
 
 void UserCntrl::ListChanged(const ChoiceList& list) {
-  const Call<void>& run = tables_->lists[static_cast<std::size_t>(
-      list.Id().ordinal - ordinals::kFirst[static_cast<std::size_t>(ControlKind::kChoice)])];
-  if (run) Guarded([&] { run(*this); });
+  if (const Call<void>& run = tables_->lists[SlotOf(ChoiceId{list.Id()})]) Guarded([&] { run(*this); });
 }
 
 void UserCntrl::Changed() {
@@ -206,9 +215,19 @@ void UserCntrl::ReadStored(int code) {
 void UserCntrl::ReadBlock(int code) { Read(code, {BlockSelector.empty() ? "None" : BlockSelector}); }
 
 void UserCntrl::SendRead() {
-  if (ParameterAccess == nullptr) throw RuntimeFailure("not attached");
-  ParameterAccess->ReadRequest(RequestCode, RequestXml, RequestResult);
+  ReadQuietly();
   form.statusBar.SetText(kTrafficPanel, kReading);
+}
+
+// A foreign manager may do anything inside a call: whatever it is handed belongs to the call, not to the control.
+void UserCntrl::ReadQuietly() {
+  const std::shared_ptr<IDtmParameterAccess> access = ParameterAccess;
+  if (access == nullptr) throw RuntimeFailure("not attached");
+  const std::string code = RequestCode;
+  const std::string document = RequestXml;
+  std::string result;
+  access->ReadRequest(code, document, result);
+  RequestResult = std::move(result);
 }
 
 void UserCntrl::StoreDocument(const Operands& operands) {
@@ -225,9 +244,13 @@ void UserCntrl::SmallWrite(int code, const Operands& operands, int rereadMs) {
   SendWrite(RequestCode);
 }
 
-void UserCntrl::SendWrite(std::string_view code) {
-  if (ParameterAccess == nullptr) throw RuntimeFailure("not attached");
-  ParameterAccess->WriteRequest(code, RequestXml, RequestResult);
+void UserCntrl::SendWrite(std::string code) {
+  const std::shared_ptr<IDtmParameterAccess> access = ParameterAccess;
+  if (access == nullptr) throw RuntimeFailure("not attached");
+  const std::string document = RequestXml;
+  std::string result;
+  access->WriteRequest(code, document, result);
+  RequestResult = std::move(result);
 }
 
 void UserCntrl::ArmReread(int milliseconds) {
@@ -241,13 +264,13 @@ void UserCntrl::StartTimer(TimerId timer, int intervalMs) {
   form.At(timer).SetEnabled(true);
 }
 
-void UserCntrl::FirstVisit(Flag UserCntrl::*flag, FillMoment moment) {
+void UserCntrl::FirstVisit(FirstVisitFlag flag) {
   if (this->*flag == kClear) return;
   this->*flag = kClear;
-  FillLists(moment);
+  FillLists(flag);
 }
 
-void UserCntrl::FillLists(FillMoment moment) {
+void UserCntrl::FillLists(FirstVisitFlag moment) {
   for (const FillRow* row : tables_->fills) {
     if (row->moment == moment) form.At(row->list).Fill(row->rows);
   }
@@ -261,13 +284,6 @@ BoxButton UserCntrl::ShowBox(std::string_view text, std::string_view caption, Bo
 bool UserCntrl::AskYesNo(std::string_view text, std::string_view caption, BoxIcon icon) {
   static constexpr BoxButton kYesNo[] = {BoxButton::kYes, BoxButton::kNo};
   return ports_.boxes.Show({text, caption, icon, kYesNo}) == BoxButton::kYes;
-}
-
-void UserCntrl::SelectBlockOfPage() {
-  constexpr std::string_view kBlockPage = "Analog Input ";
-  if (CurrentPage.size() != kBlockPage.size() + 1 || !CurrentPage.starts_with(kBlockPage)) return;
-  const char block = CurrentPage.back();
-  if (block >= '1' && block <= '3') BlockSelector = block;
 }
 
 void* UserCntrl::StateSlot(const PageUnit& unit) {

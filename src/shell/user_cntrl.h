@@ -45,14 +45,15 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   /// The request document of 24 attribute values; "None" marks an unused one. Keeps no state and sends nothing.
   static std::string DocXML(std::span<const std::string_view, kAttributeCount> values);
   /// Fills `txtParameter(197)` or `(198)` with the amount of unit `Kvalue` in one inH2O at 68 °F, 1 for other units.
-  void GetFactor1Unit(std::string_view Kvalue);
-  void GetFactor2Unit(std::string_view Kvalue);
+  void GetFactor1Unit(std::string_view Kvalue) noexcept;
+  void GetFactor2Unit(std::string_view Kvalue) noexcept;
 
   // What the operator does; the host has checked that the control is enabled and to be seen.
 
   void Click(ButtonId button) noexcept;
   void Type(TextId field, std::string_view text) noexcept;
   void Pick(ChoiceId list, std::size_t row) noexcept;
+  /// Nothing where the strip has no such tab.
   void ClickTab(TabsId strip, int index) noexcept;
   /// Activates a node by its text; `position` is the node's, or 0 where the tree has no such node.
   void Activate(std::string_view text, int position) noexcept;
@@ -74,17 +75,17 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   void ReadBlock(int code);
   /// Sends `RequestCode`, whatever it is, with a fresh document.
   void ReadFresh();
+  /// Sends `RequestCode` with the stored document as it stands, and panel 4 keeps its text.
+  void ReadQuietly();
   /// A page's own write button: stores the document, announces, arms the re-read, sends.
   void SmallWrite(int code, const Operands& operands, int rereadMs = 2000);
   void StartTimer(TimerId timer, int intervalMs);
-  /// The first visit of a page: clears `flag` and fills the lists of `moment`; nothing on later visits.
-  void FirstVisit(Flag UserCntrl::*flag, FillMoment moment);
-  void FillLists(FillMoment moment);
+  /// The first visit of a page: clears `flag` and fills the lists of that moment; nothing on later visits.
+  void FirstVisit(FirstVisitFlag flag);
+  void FillLists(FirstVisitFlag moment);
   BoxButton ShowBox(std::string_view text, std::string_view caption, BoxIcon icon = BoxIcon::kInformation);
   /// Yes or No; closing counts as No.
   bool AskYesNo(std::string_view text, std::string_view caption, BoxIcon icon = BoxIcon::kNone);
-  /// "1", "2", "3" into `BlockSelector` where the current page is an Analog Input page; otherwise it stays.
-  void SelectBlockOfPage();
   /// The state of the unit whose `PageUnit::state` was made of `State`.
   template <class State>
   State& StateOf(const PageUnit& unit) {
@@ -93,8 +94,10 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
 
   // What a view asks once a turn.
 
-  /// Response codes whose handlers have run since the last call.
+  /// Response codes whose handlers have run since the last call, each once.
   std::vector<int> TakeHandledCodes();
+  /// Whether a page reads by this timer again and again.
+  bool IsPolling(TimerId timer) const;
   const PageRegistry& Pages() const { return registry_; }
   /// Node texts of the registry's rows are not looked at by a view; this is the node activated last.
   const std::string& LastActivated() const { return lastActivated_; }
@@ -156,12 +159,11 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   template <class Handler>
   void Guarded(Handler&& handler) noexcept;
 
-  void PrepareScreens();
   void UpdateConnectionState(std::string_view answer);
   void Dispatch(std::int32_t responseCode, std::string_view document);
   void StoreDocument(const Operands& operands);
   void SendRead();
-  void SendWrite(std::string_view code);
+  void SendWrite(std::string code);
   void ArmReread(int milliseconds);
 
   void OnTimerInit();
@@ -169,6 +171,7 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   void OnPoll(const PollRow& row);
   void OnBack();
   void OnWriteParameter();
+  void RunSteps(const std::vector<const PageStepRow*>& rows);
   bool HasHandler(TimerId timer) const;
   void* StateSlot(const PageUnit& unit);
 

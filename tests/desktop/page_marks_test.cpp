@@ -34,39 +34,39 @@ TEST(NumberHints, NameWhatIsOdd) {
 }
 
 TEST(StatusShapes, StandBeforeWhatMustBeLookedAt) {
-  constexpr ControlId kStatus = id::txtParameter(299);
-  constexpr ControlId kDiag = id::txtParameter(298);
-  constexpr ControlId kResult = id::txtParameter(43);
-  constexpr ControlId kTable = id::txtParameter(45);
+  constexpr RowRole kPlain = RowRole::kNone;
+  constexpr RowRole kVerdict = RowRole::kVerdict;
+  constexpr RowRole kSimulate = RowRole::kSimulate;
   struct {
-    ControlId control;
+    RowRole role;
     RowKind kind;
     const char* text;
     Shape shape;
   } constexpr kCases[] = {
-      {kStatus, RowKind::kStatus, "", Shape::kNone},
-      {kStatus, RowKind::kStatus, "Good (Non Cascade) - Ok", Shape::kNone},
-      {kStatus, RowKind::kStatus, "Uncertain - Last usable value", Shape::kWarning},
-      {kStatus, RowKind::kStatus, "Bad - Sensor Failure", Shape::kFault},
-      {kStatus, RowKind::kStatus, "Other", Shape::kNone},
-      {kDiag, RowKind::kStatus, "None", Shape::kNone},
-      {kDiag, RowKind::kStatus, "Excessive Sensor Gain", Shape::kFault},
-      {kResult, RowKind::kStatus, "Good", Shape::kNone},
-      {kResult, RowKind::kStatus, "Excess correction", Shape::kFault},
-      {kResult, RowKind::kStatus, "", Shape::kNone},
-      {kTable, RowKind::kStatus, "New Table is Valid", Shape::kNone},
-      {kTable, RowKind::kStatus, "Table Not Initialised", Shape::kWarning},
-      {kTable, RowKind::kStatus, "Not Monotonous Decreasing", Shape::kFault},
-      {id::ListAIAlarm, RowKind::kListBox, "No Alarm", Shape::kNone},
-      {id::ListAIAlarm, RowKind::kListBox, "HI_HI_Alarm", Shape::kFault},
-      {id::txtParameter(142), RowKind::kText, "Disconnected", Shape::kWarning},
-      {id::lbStatusSensorValue, RowKind::kMsg, "Sensor electronic board failure or disconnected", Shape::kFault},
-      {id::cmbSimulateEnable, RowKind::kList, "Active", Shape::kWarning},
-      {id::cmbSimulateEnable, RowKind::kList, "Disable", Shape::kNone},
-      {id::cmbAgile, RowKind::kList, "Enable", Shape::kNone},
-      {id::txtParameter(0), RowKind::kEdit, "Bad pump", Shape::kNone},
+      {kPlain, RowKind::kStatus, "", Shape::kNone},
+      {kPlain, RowKind::kStatus, "Good (Non Cascade) - Ok", Shape::kNone},
+      {kPlain, RowKind::kStatus, "Uncertain - Last usable value", Shape::kWarning},
+      {kPlain, RowKind::kStatus, "Bad - Sensor Failure", Shape::kFault},
+      {kPlain, RowKind::kStatus, "Other", Shape::kNone},
+      {kVerdict, RowKind::kStatus, "None", Shape::kNone},
+      {kVerdict, RowKind::kStatus, "Excessive Sensor Gain", Shape::kFault},
+      {kVerdict, RowKind::kStatus, "Good", Shape::kNone},
+      {kVerdict, RowKind::kStatus, "Excess correction", Shape::kFault},
+      {kVerdict, RowKind::kStatus, "", Shape::kNone},
+      {kPlain, RowKind::kStatus, "New Table is Valid", Shape::kNone},
+      {kPlain, RowKind::kStatus, "Table Not Initialised", Shape::kWarning},
+      {kPlain, RowKind::kStatus, "Not Monotonous Decreasing", Shape::kFault},
+      {kVerdict, RowKind::kListBox, "No Alarm", Shape::kNone},
+      {kVerdict, RowKind::kListBox, "HI_HI_Alarm", Shape::kFault},
+      {kPlain, RowKind::kText, "Disconnected", Shape::kWarning},
+      {kPlain, RowKind::kMsg, "Sensor electronic board failure or disconnected", Shape::kFault},
+      {kSimulate, RowKind::kList, "Active", Shape::kWarning},
+      {kSimulate, RowKind::kList, "Enable", Shape::kWarning},
+      {kSimulate, RowKind::kList, "Disable", Shape::kNone},
+      {kPlain, RowKind::kList, "Enable", Shape::kNone},
+      {kPlain, RowKind::kEdit, "Bad pump", Shape::kNone},
   };
-  for (const auto& row : kCases) EXPECT_EQ(ShapeOfStatus(row.control, row.kind, row.text), row.shape) << row.text;
+  for (const auto& row : kCases) EXPECT_EQ(ShapeOfStatus(row.role, row.kind, row.text), row.shape) << row.text;
 }
 
 TEST(Shapes, DifferFromEachOtherInGrey) {

@@ -295,7 +295,7 @@ TEST_F(FieldStatesTest, CountsAreOfWhatCanBeSeen) {
 TEST_F(FieldStatesTest, AListFilledAnewHasNoEdit) {
   Set(kMode, "Enable");
   states_.Pick(kMode, 1);
-  control_->FillLists(FillMoment::kStart);
+  control_->FillLists(kAtStart);
   Turn();
   EXPECT_EQ(states_.Of(kMode), FieldState::kAsRead);
 }

@@ -36,9 +36,9 @@ inline constexpr LayoutRow kTextRows[] = {
     {.caption = "Points", .captionControl = id::cmdTablePoints, .kind = RowKind::kOpen, .control = id::cmdTablePoints},
 };
 inline constexpr LayoutRow kCommandRows[] = {
-    {.caption = "Reset", .kind = RowKind::kList, .control = id::cmbFactoryReset},
+    {.caption = "Reset", .kind = RowKind::kList, .control = id::cmbFactoryReset, .role = RowRole::kCommand},
     {.caption = "Live", .kind = RowKind::kNum, .control = id::txtParameter(125), .live = true},
-    {.caption = "Next", .kind = RowKind::kNum, .control = id::txtParameter(38)},
+    {.caption = "Next", .kind = RowKind::kNum, .control = id::txtParameter(38), .role = RowRole::kStateless},
 };
 inline constexpr LayoutRow kLimitRows[] = {
     {.caption = "Limit", .kind = RowKind::kNum, .control = id::txtParameter(92)}};
@@ -77,12 +77,14 @@ inline constexpr WriteRow kTestWrites[] = {{"Test", kAnySubPage, 1, WriteTestPag
 inline constexpr ButtonRow kTestButtons[] = {{id::cmdWriteCalPoint, WriteTestGroup}, {id::cmdTablePoints, OpenSecond}};
 inline constexpr std::string_view kModes[] = {"Enable", "Disable"};
 inline constexpr std::string_view kResets[] = {"No Function", "Warm Startup"};
-inline constexpr FillRow kTestFills[] = {{id::cmbPVSimulateEnable, FillMoment::kStart, kModes},
-                                         {id::cmbFactoryReset, FillMoment::kStart, kResets}};
+inline constexpr FillRow kTestFills[] = {{id::cmbPVSimulateEnable, kAtStart, kModes},
+                                         {id::cmbFactoryReset, kAtStart, kResets}};
 inline constexpr PageUnit kTestUnit{
     .layouts = kTestLayouts, .writes = kTestWrites, .buttons = kTestButtons, .fills = kTestFills};
 inline constexpr const PageUnit* kTestUnits[] = {&kTestUnit};
-inline constexpr PageRegistry kTestPages{kTestUnits, [](UserCntrl&) {}, [](UserCntrl&, std::string_view, int) {}};
+inline constexpr PageRegistry kTestPages{.units = kTestUnits,
+                                         .buildTree = [](UserCntrl&, TreeShape) {},
+                                         .onTreeNodeClick = [](UserCntrl&, std::string_view, int) {}};
 
 struct SilentPorts : IMessageBoxes, ITimers, IIcons {
   BoxButton Show(const MessageBox& /*box*/) override { return BoxButton::kOk; }
