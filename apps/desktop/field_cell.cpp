@@ -117,7 +117,7 @@ void FieldCell::Refresh() {
       break;
     }
     case RowKind::kListBox:
-      static_cast<ReadList*>(widget_)->Show(control_, form.At(ListBoxId{control_}).Rows());
+      static_cast<ReadList*>(widget_)->Show(Role(), form.At(ListBoxId{control_}).Rows());
       break;
     case RowKind::kMsg:
     case RowKind::kFixed:

@@ -203,14 +203,14 @@ ReadList::ReadList(FieldWidth width, QWidget* parent) : QListWidget(parent), wid
   setFrameShape(QFrame::StyledPanel);
 }
 
-void ReadList::Show(ControlId control, const std::vector<std::string>& rows) {
+void ReadList::Show(RowRole role, const std::vector<std::string>& rows) {
   clear();
   const int side = fontMetrics().ascent();
   setIconSize({side, side});
   for (const std::string& row : rows) {
     auto* item = new QListWidgetItem(ToQt(row), this);
     item->setToolTip(ToQt(row));
-    const auto shape = ShapeOfStatus(control, RowKind::kListBox, row);
+    const auto shape = ShapeOfStatus(role, RowKind::kListBox, row);
     if (shape == desktop::Shape::kNone) continue;
     QPixmap picture(QSize(side, side) * devicePixelRatioF());
     picture.setDevicePixelRatio(devicePixelRatioF());

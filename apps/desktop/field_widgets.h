@@ -119,7 +119,7 @@ class ReadList final : public QListWidget {
 
  public:
   ReadList(FieldWidth width, QWidget* parent);
-  void Show(ControlId control, const std::vector<std::string>& rows);
+  void Show(RowRole role, const std::vector<std::string>& rows);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -94,7 +94,7 @@ PageArea::PageArea(UserCntrl& control, QWidget* parent)
   column->setSpacing(fontMetrics().averageCharWidth() / 2);
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
-      if (page.titles.empty()) continue;  // no layout yet
+      if (!page.IsLaidOut()) continue;
       layouts_.push_back(&page);
       for (const LayoutGroup& group : page.groups) {
         if (!group.panel) continue;

@@ -133,7 +133,7 @@ struct LayoutTitle {
 /// Which figure a page draws.
 enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot };
 
-/// A page frame and what stands on it, in reading order. Without titles it has no layout yet, and views show none.
+/// A page frame and what stands on it, in reading order. A frame alone is not laid out yet, and views show no page.
 struct PageLayout {
   FrameId frame{};
   bool staysShown = false;  ///< the common hide leaves it: once shown its flag stays set
@@ -147,6 +147,8 @@ struct PageLayout {
   bool figureAlone = false;  ///< the figure is as large as the page
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
   bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
+
+  constexpr bool IsLaidOut() const { return !titles.empty(); }
 };
 
 }  // namespace htr60

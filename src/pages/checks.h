@@ -262,3 +262,29 @@ constexpr Finding StartOnce(NamedUnits<N> units) {
 }
 
 }  // namespace htr60::checks
+
+// A wrong table does not compile: the message names the unit, the table and the row, counted from 1.
+#define HTR60_CHECK_TABLE(check, units, why)                                       \
+  static_assert(htr60::checks::Right<htr60::checks::check(units)>::kChecked, why); \
+  static_assert(htr60::checks::Tell(htr60::checks::check(units)), why)
+
+// clang-format off
+#define HTR60_CHECK_TABLES(units)                                                                                    \
+  HTR60_CHECK_TABLE(AnswersOnce, units, "an answer code stands twice");                                              \
+  HTR60_CHECK_TABLE(WritesOnce, units, "a page and sub-page of a write stand twice, or beside a row for any");       \
+  HTR60_CHECK_TABLE(RereadsOnce, units, "a page and sub-page of a re-read stand twice, or beside a row for any");    \
+  HTR60_CHECK_TABLE(BacksOnce, units, "a way back stands twice");                                                    \
+  HTR60_CHECK_TABLE(ButtonsOnce, units, "a button has two handlers");                                                \
+  HTR60_CHECK_TABLE(TabsOnce, units, "a tab strip has two handlers");                                                \
+  HTR60_CHECK_TABLE(ListsOnce, units, "a list has two handlers");                                                    \
+  HTR60_CHECK_TABLE(PollsOnce, units, "a timer reads twice");                                                        \
+  HTR60_CHECK_TABLE(FillsOnce, units, "a list is filled twice at one moment");                                       \
+  HTR60_CHECK_TABLE(StepsFit, units, "a step table is not as long as its strip, or a strip has nothing to run");     \
+  HTR60_CHECK_TABLE(FramesOnce, units, "a page frame is declared twice");                                            \
+  HTR60_CHECK_TABLE(FramesDeclared, units, "a frame is shown that no unit declares as its page");                    \
+  HTR60_CHECK_TABLE(PlacedOnce, units, "a control has two places");                                                  \
+  HTR60_CHECK_TABLE(NodesOnce, units, "a node's text stands twice without a condition, or twice in one tree");       \
+  HTR60_CHECK_TABLE(NodesInContents, units, "a node's text is in no tree and not by text alone, or in no contents"); \
+  HTR60_CHECK_TABLE(ParentsFirst, units, "a node's parent does not stand before it in the same tree");               \
+  HTR60_CHECK_TABLE(StartOnce, units, "not one unit has the page of the start")
+// clang-format on

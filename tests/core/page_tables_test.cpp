@@ -298,6 +298,19 @@ TEST(Lists, AreFilledAtTheirMoment) {
   }
 }
 
+// Either calibration page fills the temperature lists of both.
+TEST(Lists, EitherCalibrationFillsBothTemperatureLists) {
+  for (const char* type : {"0000", "0081"}) {
+    Driver d(Driver::Captured());
+    d.AnswerTags(7900, {{"TRDPVType", type}});
+    d.Init();
+    d.Activate("Calibration");
+    for (const char* list : {"cmbCalibTempUnit", "cmbDensityTemp"}) {
+      EXPECT_EQ(d.Get(list).at("items"), Json::array({"K", "°C", "°F"})) << type << " " << list;
+    }
+  }
+}
+
 TEST(Lists, AClosedListTakesItsRowsAlone) {
   Driver d(Driver::Captured());
   d.Init();

@@ -159,6 +159,24 @@ TEST(TrdTable, TheQuestionDecidesAnOperandAndNothingElse) {
   }
 }
 
+// What an answer changes while the question is open is not in that write: neither the points nor their number.
+TEST(TrdTable, AllOperandsAreTakenBeforeTheQuestion) {
+  const auto written = [](const Json& during) {
+    PageDriver driver;
+    OpenTable(driver);
+    driver.AnswerFills(900, TableAnswer(5));
+    driver.Ok({{"do", "boxes"}, {"answers", Json::array({{{"answer", "Yes"}, {"during", during}}})}});
+    driver.Click("cmdWriteParameter");
+    EXPECT_EQ(driver.Text("cmbNrPoints"), during.empty() ? "5" : "21");
+    return driver.Requests().at(0)["attributes"];
+  };
+  Json tags = Json::array();
+  for (const Filled& row : TableAnswer(21)) tags.push_back(Json::array({row.tag, row.value}));
+  for (std::size_t i = 2; i < 23; ++i) tags[i][1] = "3F8000003F800000";
+  const Json answer = {{"do", "answer"}, {"code", 900}, {"tags", tags}};
+  EXPECT_EQ(written(Json::array({answer})), written(Json::array()));
+}
+
 TEST(TrdTable, TheReReadComesAfterFourSecondsAndWaits) {
   PageDriver driver;
   OpenTable(driver);
