@@ -96,16 +96,47 @@ struct NumberRow {
   std::string_view name;
   double value;
 };
+// clang-format off
 constexpr std::array kNumbers = std::to_array<NumberRow>({
-    {"minSpan", 0.374}, {"sqrtPoint", 10},    {"cutOff", 5},    {"debugPressure", 0},      {"debugTemp", 20},
-    {"deadBand", 0},    {"gravity", 9.80665}, {"height", 0.5},  {"dilatation", 0x1p-16},   {"pressCoeff", 0},
-    {"zeroTemp", 20},   {"heightTemp", 20},   {"limDensHi", 5}, {"limDensLo", 0.5},        {"limTempHi", 100},
-    {"limTempLo", 0},   {"kDens", 1},         {"kTemp", 20},    {"solidHi", 100},          {"solidLo", 0},
-    {"solid[0]", -100}, {"solid[1]", 100},    {"solid[2]", 0},  {"solid[3]", 0},           {"solid[4]", 0},
-    {"solid[5]", 0},    {"tempMax", 100},     {"tempMin", -40}, {"calTemp", 20},           {"gainTemp", 1},
-    {"offsetTemp", 0},  {"densHi", 1.8},      {"densLo", 0.5},  {"densPressHi", 8.825985}, {"densPressLo", 2.4516625},
-    {"azRef", 0},       {"azBand", 0.05},
+    {"minSpan", 0.374},
+    {"sqrtPoint", 10},
+    {"cutOff", 5},
+    {"debugPressure", 0},
+    {"debugTemp", 20},
+    {"deadBand", 0},
+    {"gravity", 9.80665},
+    {"height", 0.5},
+    {"dilatation", 0x1p-16},
+    {"pressCoeff", 0},
+    {"zeroTemp", 20},
+    {"heightTemp", 20},
+    {"limDensHi", 5},
+    {"limDensLo", 0.5},
+    {"limTempHi", 100},
+    {"limTempLo", 0},
+    {"kDens", 1},
+    {"kTemp", 20},
+    {"solidHi", 100},
+    {"solidLo", 0},
+    {"solid[0]", -100},
+    {"solid[1]", 100},
+    {"solid[2]", 0},
+    {"solid[3]", 0},
+    {"solid[4]", 0},
+    {"solid[5]", 0},
+    {"tempMax", 100},
+    {"tempMin", -40},
+    {"calTemp", 20},
+    {"gainTemp", 1},
+    {"offsetTemp", 0},
+    {"densHi", 1.8},
+    {"densLo", 0.5},
+    {"densPressHi", 8.825985},
+    {"densPressLo", 2.4516625},
+    {"azRef", 0},
+    {"azBand", 0.05},
 });
+// clang-format on
 
 /// One for the differential pressure and one for each sensor.
 constexpr std::array kTriples = std::to_array<NumberRow>({{"calHi", 37.4}, {"calLo", 0}, {"gain", 1}, {"offset", 0}});
