@@ -4,6 +4,7 @@
 
 #include "form/form.h"
 #include "text/failure.h"
+#include "text/utf8.h"
 
 namespace htr60 {
 
@@ -28,13 +29,7 @@ void Control::SetText(std::string& text, std::string_view value) {
 }
 
 std::string_view TextField::Cut(std::string_view text) const {
-  if (maxLength_ == 0) return text;
-  int characters = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
-    if (begins && characters++ == maxLength_) return text.substr(0, i);
-  }
-  return text;
+  return maxLength_ == 0 ? text : TakeCharacters(text, static_cast<std::size_t>(maxLength_));
 }
 
 void TextField::SetText(std::string_view text) {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <cstddef>
-#include <string_view>
+#include <memory>
 
 #include "shell/user_cntrl.h"
 
@@ -22,15 +21,6 @@ template <class Handler>
 void UserCntrl::Guarded(Handler&& handler) noexcept {
   const std::shared_ptr<UserCntrl> self = weak_from_this().lock();
   Ignoring(handler);
-}
-
-/// Whether a UTF-8 text has at least `characters` characters.
-inline bool CharacterCountAtLeast(std::string_view text, std::size_t characters) {
-  for (const char c : text) {
-    if (characters == 0) break;
-    if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) --characters;
-  }
-  return characters == 0;
 }
 
 }  // namespace htr60

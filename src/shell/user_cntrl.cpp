@@ -7,6 +7,7 @@
 #include "shell/page_steps.h"
 #include "shell/tables.h"
 #include "text/failure.h"
+#include "text/utf8.h"
 
 namespace htr60 {
 namespace {
@@ -106,7 +107,7 @@ void UserCntrl::UpdateConnectionState(std::string_view answer) {
   constexpr std::string_view kStateAnswer = "<DTMInfo state='";
   constexpr std::string_view kOnline = "<DTMInfo state='Online' />";
   // Compared by length and prefix alone: "<DTMInfo state='Online'/>" is one character short and settles nothing.
-  if (answer.starts_with(kStateAnswer) && CharacterCountAtLeast(answer, kOnline.size())) {
+  if (answer.starts_with(kStateAnswer) && HasCharacters(answer, kOnline.size())) {
     ConnectionState = answer.starts_with(kOnline) ? kConnected : kDisconnected;
   }
   const bool connected = ConnectionState == kConnected;

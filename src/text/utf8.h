@@ -36,6 +36,12 @@ constexpr std::string_view TakeCharacters(std::string_view& text, std::size_t co
   return taken;
 }
 
+/// Whether `text` has at least `count` characters, one or more.
+constexpr bool HasCharacters(std::string_view text, std::size_t count) {
+  TakeCharacters(text, count - 1);
+  return !text.empty();
+}
+
 /// Takes the first character off `text`, which is not empty.
 constexpr char32_t TakeCharacter(std::string_view& text) {
   const std::size_t size = CharacterSize(text);
