@@ -65,11 +65,13 @@ constexpr LayoutUnit Echo(ControlId control) {
 /// What a row's control is beyond its kind, for those who look at it.
 enum class RowRole : std::uint8_t {
   kNone,
-  kCommand,     ///< list that orders the device to do something: what it shows afterwards is no verdict
-  kStateless,   ///< taken and emptied by its button: never read, has no state
-  kVerdict,     ///< every text that is not known to be good or doubtful is a fault
-  kSimulate,    ///< says whether something simulated replaces what is measured
-  kAccessCode,  ///< shown as asterisks, in no tooltip, marker, copy or log
+  kCommand,        ///< list that orders the device to do something: what it shows afterwards is no verdict
+  kStateless,      ///< taken and emptied by its button: never read, has no state
+  kVerdict,        ///< every text that is not known to be good or doubtful is a fault
+  kSimulate,       ///< says whether something simulated replaces what is measured
+  kAccessCode,     ///< shown as asterisks, in no tooltip, marker, copy or log
+  kLinearization,  ///< list that the device refuses while its table is not valid
+  kTableVerdict,   ///< the device's word on its table
 };
 
 /// Which part of the line that says who the instrument is a row gives.
@@ -81,6 +83,16 @@ enum class IdentityItem : std::uint8_t {
   kFirmware,
   kMeasurement,
   kWriteProtection,
+};
+
+/// What a row's control tells of the health of the instrument. Equal items are one quantity: the one set last counts.
+enum class HealthItem : std::uint8_t {
+  kNone,
+  kPrimaryValue,     ///< status
+  kSensorDiag,       ///< "None" or what is wrong
+  kSensorBoard,      ///< message, while it is shown
+  kSimulateValue,    ///< simulate enable of the primary value
+  kSimulatePressure  ///< simulate enable of pressure and temperature
 };
 
 /// One row: caption, control, unit. `second` stands after the unit: the status of a value, the Y of a point.
@@ -100,7 +112,8 @@ struct LayoutRow {
   bool live = false;        ///< an answer of a polling timer replaces it
   RowRole role = RowRole::kNone;
   IdentityItem identity = IdentityItem::kNone;
-  ButtonId enterPresses{};  ///< button that Enter in the field presses
+  HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first
+  ButtonId enterPresses{};                ///< button that Enter in the field presses
 };
 
 /// A group of rows on a page, on a tab, or on an inner tab.

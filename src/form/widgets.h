@@ -117,6 +117,7 @@ class ChoiceList : public Control {
   /// Replaces the rows; empties the text as `Clear` does.
   void Fill(std::span<const std::string_view> rows);
   void SetClosed() { closed_ = true; }
+  bool Closed() const { return closed_; }
   std::uint32_t Sets() const { return sets_; }
 
  private:

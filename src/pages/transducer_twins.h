@@ -29,7 +29,8 @@ constexpr std::array<LayoutRow, 3> SimulateRows(const SimulateFields& fields) {
        .kind = RowKind::kList,
        .control = fields.enable,
        .note = "While enabled, value and status replace what is measured.",
-       .role = RowRole::kSimulate},
+       .role = RowRole::kSimulate,
+       .health = HealthItem::kSimulateValue},
       {.caption = "Value", .kind = RowKind::kNum, .control = fields.value},
       {.caption = "Status", .kind = RowKind::kList, .control = fields.status, .width = WidthClass::kW},
   }};
@@ -68,24 +69,35 @@ struct SensorValueFields {
 };
 
 constexpr LayoutRow LiveValue(std::string_view caption, TextId value, LayoutUnit unit = {}, ControlId status = {},
-                              std::string_view note = {}) {
+                              std::string_view note = {}, HealthItem health = HealthItem::kNone) {
   return {.caption = caption,
           .kind = RowKind::kValue,
           .control = value,
           .unit = unit,
           .second = status,
           .note = note,
-          .live = true};
+          .live = true,
+          .health = health};
 }
 
 constexpr std::array<LayoutRow, 8> SensorValueRows(const SensorValueFields& f) {
   return {{
-      {.kind = RowKind::kMsg, .control = f.message, .note = "Shown while a sensor reads above 9000.", .live = true},
-      {.caption = "Sensor Diag", .kind = RowKind::kStatus, .control = f.diag, .live = true, .role = RowRole::kVerdict},
+      {.kind = RowKind::kMsg,
+       .control = f.message,
+       .note = "Shown while a sensor reads above 9000.",
+       .live = true,
+       .health = HealthItem::kSensorBoard},
+      {.caption = "Sensor Diag",
+       .kind = RowKind::kStatus,
+       .control = f.diag,
+       .live = true,
+       .role = RowRole::kVerdict,
+       .health = HealthItem::kSensorDiag},
       LiveValue("Delta Press", f.deltaPress, ControlId{f.deltaPressUnit}),
       LiveValue("Hi Value", f.hi, ControlId{f.hiUnit}, f.hiStatus, "Capacitance reading."),
       LiveValue("Lo Value", f.lo, ControlId{f.loUnit}, {}, "Capacitance reading; its status is not shown."),
-      LiveValue("Primary Value", f.primaryValue, ControlId{f.primaryValueUnit}, f.primaryValueStatus),
+      LiveValue("Primary Value", f.primaryValue, ControlId{f.primaryValueUnit}, f.primaryValueStatus, {},
+                HealthItem::kPrimaryValue),
       LiveValue("Specific Weight", f.weight),
       LiveValue("Temp.", f.temperature, ControlId{f.temperatureUnit}),
   }};

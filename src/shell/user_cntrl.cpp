@@ -1,6 +1,7 @@
 #include "shell/user_cntrl.h"
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 #include "shell/guard.h"
@@ -13,6 +14,7 @@ namespace htr60 {
 namespace {
 
 constexpr std::string_view kClassName = "PrjMainWQ512DTM.MainWQ512DTM";
+constexpr std::size_t kMostSent = 256;  // where nobody takes them
 constexpr int kTrafficPanel = 4;
 constexpr int kConnectionPanel = 1;
 constexpr std::string_view kReading = "Reading Xmtr Data...";
@@ -228,8 +230,21 @@ void UserCntrl::ReadQuietly() {
   const std::string document = RequestXml;
   std::string result;
   access->ReadRequest(code, document, result);
+  NoteSent(false, code);
   RequestResult = std::move(result);
 }
+
+void UserCntrl::NoteSent(bool write, std::string_view code) {
+  ++(write ? writesSent_ : readsSent_);
+  if (sent_.size() == kMostSent) sent_.erase(sent_.begin());
+  int number = 0;
+  std::from_chars(code.data(), code.data() + code.size(), number);
+  sent_.push_back({write, number});
+}
+
+std::vector<SentRequest> UserCntrl::TakeSent() { return std::exchange(sent_, {}); }
+
+bool UserCntrl::WritesHere() const { return Tables::Find(tables_->writes, CurrentPage, SubPage) != nullptr; }
 
 void UserCntrl::StoreDocument(const Operands& operands) {
   std::array<std::string_view, kAttributeCount> values;
@@ -251,6 +266,7 @@ void UserCntrl::SendWrite(std::string code) {
   const std::string document = RequestXml;
   std::string result;
   access->WriteRequest(code, document, result);
+  NoteSent(true, code);
   RequestResult = std::move(result);
 }
 

@@ -25,6 +25,12 @@ inline constexpr Flag kClear = 0;
 inline constexpr std::string_view kConnected = "Connected";
 inline constexpr std::string_view kDisconnected = "Disconnected";
 
+/// A read or a write that went out.
+struct SentRequest {
+  bool write = false;
+  int code = 0;  ///< as sent; 0 for "0" and what is no number
+};
+
 /// The user interface of one HTR60: a form, the channel to the DTM manager, and what lies between.
 ///
 /// Everything runs on the host's one thread. Entries are noexcept: a run-time failure ends the handler in which it
@@ -98,6 +104,12 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   std::vector<int> TakeHandledCodes();
   /// Whether a page reads by this timer again and again.
   bool IsPolling(TimerId timer) const;
+  /// How many reads and writes have gone out without failing, and those since the last call, at most 256 of them.
+  std::uint32_t ReadsSent() const { return readsSent_; }
+  std::uint32_t WritesSent() const { return writesSent_; }
+  std::vector<SentRequest> TakeSent();
+  /// `cmdWriteParameter` has a write for the current page and sub-page.
+  bool WritesHere() const;
   const PageRegistry& Pages() const { return registry_; }
   /// Node texts of the registry's rows are not looked at by a view; this is the node activated last.
   const std::string& LastActivated() const { return lastActivated_; }
@@ -162,6 +174,7 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   void UpdateConnectionState(std::string_view answer);
   void Dispatch(std::int32_t responseCode, std::string_view document);
   void StoreDocument(const Operands& operands);
+  void NoteSent(bool write, std::string_view code);
   void SendRead();
   void SendWrite(std::string code);
   void ArmReread(int milliseconds);
@@ -182,6 +195,9 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   std::vector<void*> states_;
   std::shared_ptr<IUpdateUI> receiver_;
   std::vector<int> handledCodes_;
+  std::vector<SentRequest> sent_;
+  std::uint32_t readsSent_ = 0;
+  std::uint32_t writesSent_ = 0;
   std::string lastActivated_;
 };
 

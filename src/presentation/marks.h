@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "form/layout.h"
+
+namespace htr60::presentation {
+
+/// What stands before a status, a verdict, an alarm, a message: none, a triangle, a square with a cross.
+enum class Mark : std::uint8_t { kNone, kUncertain, kBad };
+
+/// By the text as shown; the text itself is never touched.
+Mark MarkOf(RowRole role, RowKind kind, std::string_view text);
+
+}  // namespace htr60::presentation

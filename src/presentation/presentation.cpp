@@ -1,0 +1,360 @@
+#include "presentation/presentation.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "presentation/numbers_shown.h"
+#include "presentation/page_rows.h"
+
+namespace htr60::presentation {
+namespace {
+
+constexpr std::int64_t kMessageMs = 10'000;
+constexpr std::string_view kNoPage = "No page is open. Choose a node in the tree.";
+constexpr IdentityItem kIdentity[] = {IdentityItem::kTag,          IdentityItem::kManufacturer,
+                                      IdentityItem::kSerialNumber, IdentityItem::kFirmware,
+                                      IdentityItem::kMeasurement,  IdentityItem::kWriteProtection};
+
+// Marks an act for its time: turns inside it leave the page that it opens to the act.
+class Acting {
+ public:
+  explicit Acting(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~Acting() { flag_ = before_; }
+  Acting(const Acting&) = delete;
+  Acting& operator=(const Acting&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
+const NodeRow* NodeOf(UserCntrl& control, std::string_view text) {
+  for (const PageUnit* unit : control.Pages().units) {
+    for (const NodeRow& row : unit->nodes) {
+      const bool named =
+          std::any_of(row.texts.begin(), row.texts.end(), [&](const NodeText& node) { return node.text == text; });
+      if (named && (row.when == nullptr || row.when(control))) return &row;
+    }
+  }
+  return nullptr;
+}
+
+const LayoutRow* RowOfButton(const PageLayout& page, ButtonId button) {
+  for (const LayoutGroup& group : page.groups) {
+    for (const LayoutRow& row : group.rows) {
+      if (row.control == button) return &row;
+    }
+  }
+  return nullptr;
+}
+
+// Back is no write; a button that takes a point and empties its field has an answer of its own.
+bool IsWrite(const PageLayout* page, ButtonId button) {
+  if (button == id::cmdWriteParameter) return true;
+  const LayoutRow* row = page == nullptr ? nullptr : RowOfButton(*page, button);
+  return row != nullptr && row->kind == RowKind::kWrite && row->role != RowRole::kStateless;
+}
+
+}  // namespace
+
+Presentation::Presentation(UserCntrl& control, Surroundings surroundings)
+    : control_(control),
+      surroundings_(std::move(surroundings)),
+      states_(control, surroundings_.now),
+      line_(surroundings_.timeOfDay),
+      health_(control) {
+  for (const PageUnit* unit : control_.Pages().units) {
+    for (const PageLayout& page : unit->layouts) {
+      if (page.IsLaidOut()) layouts_.push_back(&page);
+    }
+  }
+  page_ = InFront();
+  title_ = TitleOf(page_);
+  line_.Opened(page_);
+}
+
+// ---- the page in front
+
+const PageLayout* Presentation::InFront() {
+  const FrameId frame = control_.form.FrameShownLast();
+  if (!frame || !control_.form.At(frame).Visible()) return nullptr;
+  const auto found =
+      std::find_if(layouts_.begin(), layouts_.end(), [&](const PageLayout* page) { return page->frame == frame; });
+  return found == layouts_.end() ? nullptr : *found;
+}
+
+// Where several pages share the frame, the title of the current one.
+std::string Presentation::TitleOf(const PageLayout* page) const {
+  if (page == nullptr) return {};
+  std::string_view any;
+  for (const LayoutTitle& title : page->titles) {
+    if (title.page == control_.CurrentPage) return std::string(title.title);
+    if (title.page.empty() || any.empty()) any = title.title;
+  }
+  return std::string(any);
+}
+
+void Presentation::NotePage() {
+  const PageLayout* now = InFront();
+  if (now != page_ && page_ != nullptr) {
+    SayLeft(*page_, title_);
+    states_.PageLeft(*page_);
+  }
+  page_ = now;
+  title_ = TitleOf(now);
+}
+
+void Presentation::Opened(const PageLayout* page, bool again) {
+  if (page != nullptr) states_.PageOpened(*page, again);
+  line_.Opened(page);
+}
+
+// ---- acts
+
+void Presentation::Activate(std::string_view text, int position) {
+  const PageLayout* before = page_;
+  const std::string titleBefore = title_;
+  const bool sameNode = activation_.node == text;
+  const NodeRow* row = NodeOf(control_, text);
+  const bool hasPage =
+      row != nullptr && row->frame &&
+      std::any_of(layouts_.begin(), layouts_.end(), [&](const PageLayout* page) { return page->frame == row->frame; });
+  activation_ = {.node = std::string(text),
+                 .pageName = std::string(row == nullptr ? "" : row->page),
+                 .refused = control_.ConnectionState == kDisconnected,
+                 .hasPage = hasPage};
+  const std::string node = activation_.node;
+  {
+    const Acting acting(acting_);
+    control_.Activate(node, position);
+  }
+  states_.NodeActivated();
+  NotePage();
+  Opened(page_, sameNode && page_ == before && title_ == titleBefore);
+}
+
+void Presentation::ActivateAgain() {
+  std::string node = control_.LastActivated();
+  if (node.empty()) {
+    for (const PageUnit* unit : control_.Pages().units) {
+      for (const NodeRow& row : unit->nodes) {
+        if (!(row.frame == control_.Pages().start.frame)) continue;
+        for (const NodeText& text : row.texts) {
+          if (text.trees.Any()) node = text.text;  // the last one is the page's own
+        }
+      }
+    }
+  }
+  const auto& nodes = control_.form.treeView.Nodes();
+  const auto found = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == node; });
+  Activate(node, found == nodes.end() ? 0 : static_cast<int>(found - nodes.begin()) + 1);
+}
+
+bool Presentation::Reopen() {
+  if (!CanReopen()) return false;
+  ActivateAgain();
+  return true;
+}
+
+void Presentation::Press(ButtonId button) {
+  const PageLayout* before = page_;
+  const std::string titleBefore = title_;
+  const bool write = IsWrite(before, button);
+  if (write) message_.clear();
+  const std::uint32_t sentBefore = control_.ReadsSent() + control_.WritesSent();
+  {
+    const Acting acting(acting_);
+    states_.Press(button, before);
+  }
+  NotePage();
+  const bool moved = page_ != before || title_ != titleBefore;
+  if (button == id::cmdBack) {
+    line_.Returned(page_);
+  } else if (moved) {
+    Opened(page_, false);
+  } else if (write && control_.ReadsSent() + control_.WritesSent() == sentBefore) {
+    SayNothingSent(button);
+  }
+}
+
+void Presentation::ClickTab(TabsId strip, int index) { control_.ClickTab(strip, index); }
+
+void Presentation::Type(TextId field, std::string_view text) { states_.Type(field, text); }
+
+void Presentation::Pick(ChoiceId list, std::size_t row) { states_.Pick(list, row); }
+
+int Presentation::Revert() { return page_ == nullptr ? 0 : states_.Revert(*page_); }
+
+// ---- the turn
+
+FormChanges Presentation::Turn() {
+  FormChanges changes = control_.form.TakeChanges();
+  TakeTraffic();
+  if (activation_.refused && control_.ConnectionState == kConnected) activation_.offered = true;
+  states_.Turn(changes);
+  health_.Turn(changes, surroundings_.now());
+  if (changes.any()) {
+    const PageLayout* before = page_;
+    NotePage();
+    if (!acting_ && page_ != before) Opened(page_, false);
+  }
+  return changes;
+}
+
+void Presentation::TakeTraffic() {
+  const std::int64_t now = surroundings_.now();
+  for (const SentRequest& request : control_.TakeSent()) {
+    if (!request.write) line_.Sent(request.code, now);
+  }
+  line_.SetInterval(PollingInterval());
+  for (const int code : control_.TakeHandledCodes()) line_.Answered(code / 100, now);
+}
+
+int Presentation::PollingInterval() const {
+  for (std::size_t i = 0; i < kTimerCount; ++i) {
+    const Timer& timer = std::as_const(control_.form).At(static_cast<TimerId>(i));
+    if (control_.IsPolling(timer.Id()) && timer.Running()) return timer.Interval();
+  }
+  return 0;
+}
+
+// ---- the message line
+
+void Presentation::Say(std::string sentence) {
+  message_ = std::move(sentence);
+  messageEnd_ = surroundings_.now() + kMessageMs;
+}
+
+// "Left without writing: 3 fields on Level, Settings and Simulate."
+void Presentation::SayLeft(const PageLayout& page, const std::string& title) {
+  std::vector<int> tabs = states_.UnwrittenTabs(page);
+  if (tabs.empty()) return;
+  std::string sentence = "Left without writing: " + std::to_string(tabs.size());
+  sentence += tabs.size() == 1 ? " field on " : " fields on ";
+  sentence += title;
+  std::sort(tabs.begin(), tabs.end());
+  tabs.erase(std::unique(tabs.begin(), tabs.end()), tabs.end());
+  if (tabs.front() < 0) tabs.erase(tabs.begin());
+  for (std::size_t i = 0; i < tabs.size(); ++i) {
+    const auto captions = control_.form.At(page.strip).Captions();
+    sentence += i > 0 && i + 1 == tabs.size() ? " and " : ", ";
+    sentence += Trimmed(captions[static_cast<std::size_t>(tabs[i])]);
+  }
+  Say(sentence + ".");
+}
+
+void Presentation::SayNothingSent(ButtonId button) {
+  if (control_.ConnectionState != kConnected) return Say("Nothing sent: the device is disconnected.");
+  if (button == id::cmdWriteParameter && !control_.WritesHere()) {
+    return Say("Nothing sent: this page writes nothing here.");
+  }
+  if (page_ == nullptr) return Say("Nothing sent.");
+  for (const LayoutGroup& group : page_->groups) {
+    for (const LayoutRow& row : group.rows) {
+      for (const bool second : {false, true}) {
+        const ControlId field = second ? row.second : row.control;
+        if ((second ? row.secondKind : row.kind) != RowKind::kNum || !states_.IsSentBy(button, *page_, field)) continue;
+        const std::string hint = NumberHint(control_.form.TextOf(field), control_.codecs.DecimalSeparator());
+        if (hint.empty()) continue;
+        std::string_view caption = Trimmed(CaptionOf(control_.form, row, second));
+        if (caption.ends_with(':')) caption.remove_suffix(1);
+        return Say("Nothing sent: " + std::string(caption) + ": " + hint + ".");
+      }
+    }
+  }
+  Say("Nothing sent.");
+}
+
+// ---- what is shown
+
+bool Presentation::CanReopen() const { return page_ == nullptr && activation_.offered && activation_.hasPage; }
+
+std::string Presentation::WhyEmpty() const {
+  if (activation_.node.empty()) return std::string(kNoPage);
+  if (!activation_.hasPage) {
+    const bool offline = activation_.pageName.starts_with("OffLine");
+    return (offline ? activation_.pageName : activation_.node) + ": nothing to show.";
+  }
+  if (activation_.refused) return activation_.node + ": not read, the device is disconnected.";
+  return std::string(kNoPage);
+}
+
+std::vector<std::string> Presentation::Strip() {
+  std::vector<std::string> strip;
+  if (!surroundings_.simulated.empty()) strip.push_back(surroundings_.simulated);
+  if (control_.ConnectionState == kDisconnected) strip.emplace_back("DISCONNECTED");
+  for (const IdentityItem item : kIdentity) {
+    const std::string text = states_.IdentityText(item);
+    const std::string_view plain = Trimmed(text);
+    strip.emplace_back(plain.empty() ? "not read" : plain);
+  }
+  return strip;
+}
+
+void Presentation::AddFrameButtons(Screen& screen) {
+  Form& form = control_.form;
+  const struct {
+    Button& button;
+    const char* caption;
+    char letter;
+  } kOwn[] = {{form.cmdBack, "Back", 'B'}, {form.cmdSave, "Save", 'S'}, {form.cmdWriteParameter, "Write", 'W'}};
+  for (const auto& own : kOwn) {
+    const std::string& text = own.button.Text();
+    screen.buttons.push_back({own.button.Id(), text.empty() ? own.caption : text, own.button.Enabled(), own.letter});
+  }
+}
+
+std::optional<ScreenFigure> Presentation::FigureOf(const PageLayout& page) {
+  if (page.figure == FigureKind::kNone) return std::nullopt;
+  const FigureSource source{
+      .form = control_.form,
+      .decimalSeparator = control_.codecs.DecimalSeparator(),
+      .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
+      .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
+      .focus = focus_,
+  };
+  Figure figure = ComputeFigure(page.figure, source);
+  ScreenFigure shown{.sentence = std::move(figure.sentence), .above = {}, .remarks = std::move(figure.remarks)};
+  if (!figure.verdict.empty()) shown.above.push_back(figure.verdictCaption + ": " + figure.verdict);
+  for (std::string& line : figure.above) shown.above.push_back(std::move(line));
+  return shown;
+}
+
+void Presentation::AddPage(Screen& screen) {
+  Form& form = control_.form;
+  const PageLayout& page = *page_;
+  const std::int64_t now = surroundings_.now();
+  screen.frame = page.frame;
+  screen.title = title_;
+  screen.purpose = std::string(page.purpose);
+  screen.dataLine = line_.Text(now);
+  screen.footer = states_.Footer(page);
+  if (page.strip) {
+    const TabsInFront tabs = TabsOf(form, page);
+    screen.tabs.push_back({page.strip, tabs.tab, form.At(page.strip).Captions()});
+    if (tabs.inner) screen.tabs.push_back({tabs.inner, tabs.innerTab, form.At(tabs.inner).Captions()});
+  }
+  AddRows(screen, control_, states_, page, line_.Stale(now));
+  screen.revertable = states_.Revertable(page);
+  screen.figure = FigureOf(page);
+}
+
+Screen Presentation::Show() {
+  states_.Tick();
+  Screen screen;
+  screen.strip = Strip();
+  screen.health = health_.State();
+  screen.healthText = health_.Text();
+  AddWaitingPanel(screen, control_);
+  if (page_ != nullptr) {
+    AddPage(screen);
+    if (surroundings_.now() < messageEnd_) screen.message = message_;
+  } else {
+    screen.message = WhyEmpty();
+    if (CanReopen()) screen.buttons.push_back({.caption = "Open " + activation_.node});
+  }
+  AddFrameButtons(screen);
+  return screen;
+}
+
+}  // namespace htr60::presentation

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "presentation/data_line.h"
+#include "presentation/field_states.h"
+#include "presentation/health.h"
+#include "presentation/screen.h"
+
+namespace htr60::presentation {
+
+/// What the presentation needs from its host.
+struct Surroundings {
+  FieldStates::Clock now;         ///< milliseconds, of a clock that does not run backwards
+  DataLine::TimeOfDay timeOfDay;  ///< "hh:mm:ss" of such a time
+  std::string simulated{};        ///< "SIMULATED" or "SIMULATED: tank"; empty for an instrument
+};
+
+/// What every view shows of one control and how it reacts. It knows pages by their layouts and no control but those of
+/// the frame itself. A view hands it the operator's acts, asks once a turn what changed, and draws.
+class Presentation {
+ public:
+  Presentation(UserCntrl& control, Surroundings surroundings);
+
+  // The operator's acts. Each goes on to the control.
+
+  /// A node of the tree by its text; `position` is the node's, or 0 where the tree has no such node.
+  void Activate(std::string_view text, int position);
+  /// The node activated last once more; before any the page of the start.
+  void ActivateAgain();
+  /// The view's own "Open ..." of a page that could not be read. False where there is none.
+  bool Reopen();
+  void Press(ButtonId button);
+  void ClickTab(TabsId strip, int index);
+  void Type(TextId field, std::string_view text);
+  void Pick(ChoiceId list, std::size_t row);
+  /// Puts the texts not written on the visible tab back; gives how many.
+  int Revert();
+  void Focus(ControlId control) { focus_ = control; }
+
+  /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
+  FormChanges Turn();
+
+  /// What is to be seen now.
+  Screen Show();
+
+  /// The page in front, null where none is.
+  const PageLayout* Page() const { return page_; }
+  FieldStates& States() { return states_; }
+
+ private:
+  // Why a page area is empty.
+  struct Activation {
+    std::string node;
+    std::string pageName;  // as its row says; empty: the node's text
+    bool refused = false;  // the device was disconnected
+    bool hasPage = true;
+    bool offered = false;  // it is connected since: "Open ..." stands there
+  };
+
+  const PageLayout* InFront();
+  std::string TitleOf(const PageLayout* page) const;
+  void Opened(const PageLayout* page, bool again);
+  void NotePage();
+  void TakeTraffic();
+  void SayLeft(const PageLayout& page, const std::string& title);
+  void SayNothingSent(ButtonId button);
+  void Say(std::string sentence);
+  std::string WhyEmpty() const;
+  bool CanReopen() const;
+  int PollingInterval() const;
+  std::vector<std::string> Strip();
+  void AddPage(Screen& screen);
+  void AddFrameButtons(Screen& screen);
+  std::optional<ScreenFigure> FigureOf(const PageLayout& page);
+
+  UserCntrl& control_;
+  Surroundings surroundings_;
+  FieldStates states_;
+  DataLine line_;
+  Health health_;
+  std::vector<const PageLayout*> layouts_;
+  const PageLayout* page_ = nullptr;
+  std::string title_;
+  ControlId focus_;
+  Activation activation_;
+  std::string message_;
+  std::int64_t messageEnd_ = 0;
+  bool acting_ = false;  // an act tells of the page that it opens
+};
+
+}  // namespace htr60::presentation

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "figures/figure.h"
+#include "form/layout.h"
+#include "presentation/field_state.h"
+#include "presentation/health.h"
+#include "presentation/marks.h"
+
+namespace htr60::presentation {
+
+/// One visible field of the page in front.
+struct ScreenRow {
+  ControlId control{};
+  RowKind kind = RowKind::kText;
+  RowRole role = RowRole::kNone;
+  std::string caption;  ///< as it stands
+  std::string name;     ///< for assistive technology: group, caption, unit
+  std::string unit;     ///< after the field
+  std::string text;     ///< an access code as asterisks
+  bool enabled = true;
+  std::optional<FieldState> state;  ///< none where it has none, or is disabled
+  Mark mark = Mark::kNone;
+  std::string words;
+  std::string hint;
+  bool pale = false;  ///< stale
+};
+
+struct ScreenButton {
+  ControlId control{};  ///< none: the view's own "Open ..."
+  std::string caption;
+  bool enabled = true;
+  char mnemonic = '\0';
+};
+
+struct ScreenGroup {
+  std::string caption;
+  char mnemonic = '\0';
+};
+
+struct ScreenTabs {
+  TabsId control{};
+  int index = 0;
+  std::span<const std::string_view> captions{};
+};
+
+struct ScreenFigure {
+  std::string sentence;
+  std::vector<std::string> above;
+  std::vector<std::string> remarks;
+};
+
+/// What every view shows at an instant.
+struct Screen {
+  FrameId frame{};  ///< none where no page is open
+  std::string title;
+  std::string purpose;
+  std::string dataLine;
+  std::string footer;   ///< the line of the action area
+  std::string message;  ///< without a page why there is none, else the message line
+  std::vector<std::string> strip;
+  HealthState health = HealthState::kNotRead;
+  std::string healthText;
+  std::vector<ScreenTabs> tabs;
+  std::vector<ScreenGroup> groups;
+  std::vector<ScreenRow> rows;
+  std::vector<ScreenButton> buttons;
+  int revertable = 0;
+  std::optional<ScreenFigure> figure;
+};
+
+}  // namespace htr60::presentation
