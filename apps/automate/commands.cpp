@@ -14,7 +14,7 @@ const CommandRow* FindCommand(std::string_view name) {
 
 }  // namespace
 
-Action Prepare(Host& host, const Json& command, bool inBox) {
+Action Prepare(VirtualHost& host, const Json& command, bool inBox) {
   Fields fields(command, "the command");
   const std::string name = fields.Text("do");
   const CommandRow* row = FindCommand(name);

@@ -4,14 +4,14 @@
 #include <string_view>
 
 #include "automate/fields.h"
-#include "automate/host.h"
+#include "automate/virtual_host.h"
 
 namespace htr60::automation {
 
 /// A command by its name. `prepare` reads all members and changes nothing.
 struct CommandRow {
   std::string_view name;
-  Action (*prepare)(Host&, Fields&);
+  Action (*prepare)(VirtualHost&, Fields&);
   bool inBox = false;  ///< may run while a message box is open
 };
 
@@ -22,6 +22,6 @@ std::span<const CommandRow> DtmCommands();
 std::span<const CommandRow> InnerCommands();
 
 /// The action of a command for `host`; throws `CommandError`. `inBox`: only what may run while a box is open.
-Action Prepare(Host& host, const Json& command, bool inBox = false);
+Action Prepare(VirtualHost& host, const Json& command, bool inBox = false);
 
 }  // namespace htr60::automation

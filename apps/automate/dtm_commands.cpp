@@ -27,7 +27,7 @@ std::string DocumentOf(const Json& tags) {
   return document + "</Answer>";
 }
 
-Action Answer(Host& host, Fields& fields) {
+Action Answer(VirtualHost& host, Fields& fields) {
   const auto code = static_cast<std::int32_t>(
       fields.Whole("code", std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
   if (fields.Has("document") == fields.Has("tags")) {
@@ -41,19 +41,19 @@ Action Answer(Host& host, Fields& fields) {
   };
 }
 
-Action Requests(Host& host, Fields&) {
+Action Requests(VirtualHost& host, Fields&) {
   return [&host]() -> Json { return {{"requests", host.Dtm()->TakeRequests()}}; };
 }
 
-Action Registrations(Host& host, Fields&) {
+Action Registrations(VirtualHost& host, Fields&) {
   return [&host]() -> Json { return {{"registrations", host.Dtm()->TakeRegistrations()}}; };
 }
 
-Action Answers(Host& host, Fields&) {
+Action Answers(VirtualHost& host, Fields&) {
   return [&host]() -> Json { return {{"answers", host.Dtm()->TakeAnswers()}}; };
 }
 
-Action Fail(Host& host, Fields& fields) {
+Action Fail(VirtualHost& host, Fields& fields) {
   if (!fields.Has("reads") && !fields.Has("writes")) throw CommandError("\"reads\" or \"writes\" is missing");
   RecordingDtm::Failures failures;
   failures.reads = fields.FlagOr("reads", false);
@@ -89,7 +89,7 @@ Json CarryOut(sim::Manager& simulator, const SimulatorCommand& command) {
   return answer;
 }
 
-Action Simulator(Host& host, Fields& fields) {
+Action Simulator(VirtualHost& host, Fields& fields) {
   SimulatorCommand command;
   if (fields.Has("set")) {
     command.set = fields.Any("set");

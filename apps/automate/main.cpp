@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "automate/session.h"
+#include "automate/interpreter.h"
 
 namespace {
 
@@ -30,8 +30,9 @@ int main(int argc, char** argv) {
     return 2;
   }
   std::ios::sync_with_stdio(false);
-  htr60::automation::Session session;
+  htr60::automation::Interpreter interpreter;
   std::string line;
-  while (!session.Ended() && std::getline(std::cin, line)) std::cout << session.DoLine(line) << '\n' << std::flush;
+  while (!interpreter.Ended() && std::getline(std::cin, line))
+    std::cout << interpreter.DoLine(line) << '\n' << std::flush;
   return 0;
 }

@@ -45,7 +45,7 @@ Json Describe(Form& form, ControlId id) {
   });
 }
 
-Action Get(Host& host, Fields& fields) {
+Action Get(VirtualHost& host, Fields& fields) {
   std::vector<std::pair<std::string, ControlId>> controls;
   for (std::string& name : fields.Texts("controls")) {
     const ControlId id = FindByName(name);
@@ -58,7 +58,7 @@ Action Get(Host& host, Fields& fields) {
   };
 }
 
-Action Controls(Host&, Fields&) {
+Action Controls(VirtualHost&, Fields&) {
   return []() -> Json {
     Json names = Json::array();
     for (std::uint16_t ordinal = 0; ordinal < kControlCount; ++ordinal) {
@@ -68,7 +68,7 @@ Action Controls(Host&, Fields&) {
   };
 }
 
-Action Status(Host& host, Fields&) {
+Action Status(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json panels = Json::array();
     for (int number = 1; number <= 4; ++number) {
@@ -81,7 +81,7 @@ Action Status(Host& host, Fields&) {
   };
 }
 
-Action Tree(Host& host, Fields&) {
+Action Tree(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json nodes = Json::array();
     int position = 0;
@@ -98,7 +98,7 @@ Action Tree(Host& host, Fields&) {
   };
 }
 
-Action Timers(Host& host, Fields&) {
+Action Timers(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json timers = Json::object();
     for (std::size_t i = 0; i < kTimerCount; ++i) {
@@ -109,7 +109,7 @@ Action Timers(Host& host, Fields&) {
   };
 }
 
-Action Shown(Host& host, Fields&) {
+Action Shown(VirtualHost& host, Fields&) {
   return [&host]() -> Json { return {{"boxes", host.TakeShown()}}; };
 }
 

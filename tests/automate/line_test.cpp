@@ -48,28 +48,29 @@ TEST(Line, WhatIsNoCommandIsRefused) {
       "{\"do\":\"advance\",\"ms\":1e999}",
       deep,
   };
-  Session session;
+  Interpreter interpreter;
   for (const std::string_view line : lines) {
     SCOPED_TRACE(std::string(line.substr(0, 80)));
-    const Json answer = Json::parse(session.DoLine(line));
+    const Json answer = Json::parse(interpreter.DoLine(line));
     EXPECT_EQ(answer.at("ok"), false);
     EXPECT_FALSE(answer.at("error").get<std::string>().empty());
-    EXPECT_EQ(session.Control(), nullptr);
+    EXPECT_EQ(interpreter.Control(), nullptr);
   }
 }
 
 TEST(Line, BlanksAndCarriageReturnsAtTheEndArePassedOver) {
-  Session session;
+  Interpreter interpreter;
   for (const std::string_view line : {"{\"do\":\"create\"}\r", "{\"do\":\"create\"} ", " {\"do\" : \"create\"} \r"}) {
-    EXPECT_EQ(Json::parse(session.DoLine(line)), Json::parse(R"j({"ok":true})j")) << line;
+    EXPECT_EQ(Json::parse(interpreter.DoLine(line)), Json::parse(R"j({"ok":true})j")) << line;
   }
 }
 
 TEST(Line, TextsOfAnyCharacterGoThereAndBack) {
-  Session session;
-  session.DoLine(R"j({"do":"create"})j");
-  session.DoLine(R"j({"do":"type","control":"txtParameter(0)","text":"m³ \u00b5 \ud83d\ude00 \u0000 \" [[[ } \\"})j");
-  const std::string line = session.DoLine(R"j({"do":"get","controls":["txtParameter(0)"]})j");
+  Interpreter interpreter;
+  interpreter.DoLine(R"j({"do":"create"})j");
+  interpreter.DoLine(
+      R"j({"do":"type","control":"txtParameter(0)","text":"m³ \u00b5 \ud83d\ude00 \u0000 \" [[[ } \\"})j");
+  const std::string line = interpreter.DoLine(R"j({"do":"get","controls":["txtParameter(0)"]})j");
   EXPECT_EQ(line.find('\n'), std::string::npos);
   EXPECT_EQ(Json::parse(line)["controls"]["txtParameter(0)"]["text"], "m³ µ \xF0\x9F\x98\x80 \0 \" [[[ } \\"s);
 }

@@ -12,8 +12,8 @@ namespace htr60::automation {
 namespace {
 
 /// What the control holds beside its form.
-Json MembersAndTimers(Session& session) {
-  return Json::array({session.Do({{"do", "members"}}), session.Do({{"do", "timers"}})});
+Json MembersAndTimers(Interpreter& interpreter) {
+  return Json::array({interpreter.Do({{"do", "members"}}), interpreter.Do({{"do", "timers"}})});
 }
 
 TEST(Protocol, RefusedCommandsChangeNothing) {

@@ -1,4 +1,4 @@
-#include "automate/host.h"
+#include "automate/virtual_host.h"
 
 #include <algorithm>
 #include <fstream>
@@ -50,7 +50,7 @@ BoxButton Chosen(const MessageBox& box, std::string_view answer) {
 
 }  // namespace
 
-Host::Host(Options options) : options_(std::move(options)) {
+VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   std::shared_ptr<sim::Manager> simulator;
   if (options_.simulator) simulator = sim::Manager::Create(*options_.simulator, [this] { return now_; });
   dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
@@ -59,9 +59,9 @@ Host::Host(Options options) : options_(std::move(options)) {
 }
 
 // The control goes first: it still disarms its timers here.
-Host::~Host() { control_.reset(); }
+VirtualHost::~VirtualHost() { control_.reset(); }
 
-void Host::Advance(std::int64_t milliseconds) {
+void VirtualHost::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;
   for (;;) {
     sim::Manager* simulator = dtm_->Simulator();
@@ -84,7 +84,7 @@ void Host::Advance(std::int64_t milliseconds) {
   now_ = std::max(now_, target);
 }
 
-BoxButton Host::Show(const MessageBox& box) {
+BoxButton VirtualHost::Show(const MessageBox& box) {
   BoxAnswer next;
   if (!boxAnswers_.empty()) {
     next = std::move(boxAnswers_.front());
@@ -107,19 +107,19 @@ BoxButton Host::Show(const MessageBox& box) {
   return chosen;
 }
 
-void Host::Arm(int timer, std::int32_t milliseconds) {
+void VirtualHost::Arm(int timer, std::int32_t milliseconds) {
   alarms_.at(static_cast<std::size_t>(timer)) = {.armed = true, .due = now_ + milliseconds, .order = ++armings_};
 }
 
-void Host::Disarm(int timer) { alarms_.at(static_cast<std::size_t>(timer)).armed = false; }
+void VirtualHost::Disarm(int timer) { alarms_.at(static_cast<std::size_t>(timer)).armed = false; }
 
-bool Host::Load(std::string_view fileName) {
+bool VirtualHost::Load(std::string_view fileName) {
   const std::filesystem::path file = options_.iconFolder / fileName;
   std::error_code error;
   return std::filesystem::is_regular_file(file, error) && std::ifstream(file, std::ios::binary).good();
 }
 
-int Host::FirstTimer() const {
+int VirtualHost::FirstTimer() const {
   int first = -1;
   for (std::size_t i = 0; i < alarms_.size(); ++i) {
     if (!alarms_[i].armed) continue;

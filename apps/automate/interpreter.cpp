@@ -1,4 +1,4 @@
-#include "automate/session.h"
+#include "automate/interpreter.h"
 
 #include <utility>
 
@@ -24,11 +24,11 @@ sim::Settings SettingsOf(Fields& fields) {
 
 }  // namespace
 
-Session::Session() = default;
-Session::~Session() = default;
+Interpreter::Interpreter() = default;
+Interpreter::~Interpreter() = default;
 
-Json Session::Do(const Json& command) {
-  const std::shared_ptr<Host> alive = host_;  // until the last handler has returned
+Json Interpreter::Do(const Json& command) {
+  const std::shared_ptr<VirtualHost> alive = host_;  // until the last handler has returned
   try {
     return Carried(Prepare(command));
   } catch (const std::exception& error) {
@@ -36,7 +36,7 @@ Json Session::Do(const Json& command) {
   }
 }
 
-std::string Session::DoLine(std::string_view line) {
+std::string Interpreter::DoLine(std::string_view line) {
   Json answer;
   try {
     answer = Do(sim::ParseJsonText(line));
@@ -46,7 +46,7 @@ std::string Session::DoLine(std::string_view line) {
   return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-Action Session::Prepare(const Json& command) {
+Action Interpreter::Prepare(const Json& command) {
   Fields fields(command, "the command");
   const std::string name = fields.Text("do");
   if (name == "create") {
@@ -72,8 +72,8 @@ Action Session::Prepare(const Json& command) {
   return automation::Prepare(*host_, command);
 }
 
-Action Session::PrepareCreate(Fields& fields) {
-  Host::Options options;
+Action Interpreter::PrepareCreate(Fields& fields) {
+  VirtualHost::Options options;
   const std::string separator = fields.TextIfAny("decimalSeparator").value_or(".");
   if (separator != "." && separator != ",") throw CommandError("\"decimalSeparator\" is neither \".\" nor \",\"");
   options.decimalSeparator = separator.front();
@@ -84,7 +84,7 @@ Action Session::PrepareCreate(Fields& fields) {
   const auto folder = fields.TextIfAny("iconFolder");
   options.iconFolder = folder ? std::filesystem::path(*folder) : DefaultIconFolder();
   return [this, options = std::move(options)]() -> Json {
-    host_ = std::make_shared<Host>(options);
+    host_ = std::make_shared<VirtualHost>(options);
     return {};
   };
 }

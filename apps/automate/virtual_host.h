@@ -35,17 +35,17 @@ struct BoxAnswer {
 };
 
 /// One control with its surroundings: the ports, the virtual clock, the DTM manager.
-class Host final : private IMessageBoxes, private ITimers, private IIcons {
+class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons {
  public:
   struct Options {
     char decimalSeparator = '.';
     std::filesystem::path iconFolder;
     std::optional<sim::Settings> simulator;  ///< none: requests are captured
   };
-  explicit Host(Options options);
-  ~Host() override;
-  Host(const Host&) = delete;
-  Host& operator=(const Host&) = delete;
+  explicit VirtualHost(Options options);
+  ~VirtualHost() override;
+  VirtualHost(const VirtualHost&) = delete;
+  VirtualHost& operator=(const VirtualHost&) = delete;
 
   UserCntrl& Control() { return *control_; }
   const std::shared_ptr<RecordingDtm>& Dtm() { return dtm_; }
