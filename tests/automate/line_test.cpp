@@ -3,6 +3,9 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -97,7 +100,7 @@ class Program {
   }
   ~Program() {
     CloseInput();
-    std::fclose(out_);
+    CloseOutput();
     if (pid_ > 0) waitpid(pid_, nullptr, 0);
   }
   Program(const Program&) = delete;
@@ -113,6 +116,10 @@ class Program {
   void CloseInput() {
     if (in_ >= 0) close(in_);
     in_ = -1;
+  }
+  void CloseOutput() {
+    if (out_ != nullptr) std::fclose(out_);
+    out_ = nullptr;
   }
   /// The next line; empty at the end.
   std::string Line() {
@@ -166,6 +173,32 @@ TEST(Program, QuitEndsItAndNothingBehindIsAnswered) {
   EXPECT_EQ(program.Line(), R"j({"ok":true})j");
   EXPECT_EQ(program.Line(), "");
   EXPECT_EQ(program.Status(), 0);
+}
+
+TEST(Program, WhatCannotBeWrittenOrReadEndsItWithASentence) {
+  const std::filesystem::path errors = std::filesystem::path(testing::TempDir()) / "htr60 errors";
+  const std::string create = R"j(echo '{"do":"create"}' |)j";
+  const std::string program = " '" HTR60_AUTOMATE_PROGRAM "' ";
+  const std::string commands[] = {
+      create + program + ">/dev/full",     create + program + ">&-",  program + "--help >/dev/full",
+      program + "--version >/dev/full",    program + "--version >&-", program + "</tmp >/dev/null",
+      create + program + "<&- >/dev/null",
+  };
+  for (const std::string& command : commands) {
+    const int status = std::system((command + " 2>'" + errors.string() + "'").c_str());
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << command << " " << status;
+    std::string sentence;
+    std::getline(std::ifstream(errors) >> std::ws, sentence);
+    EXPECT_TRUE(sentence.starts_with("htr60-automate: ")) << command << " " << sentence;
+  }
+  std::filesystem::remove(errors);
+}
+
+TEST(Program, AClosedPipeEndsItWithAStatusAndNotBySignal) {
+  Program program;
+  program.CloseOutput();
+  program.Send("{\"do\":\"create\"}\n");
+  EXPECT_EQ(program.Status(), 1);
 }
 
 TEST(Program, Options) {
