@@ -12,7 +12,8 @@ namespace htr60::automation {
 struct CommandRow {
   std::string_view name;
   Action (*prepare)(VirtualHost&, Fields&);
-  bool inBox = false;  ///< may run while a message box is open
+  bool inBox = false;       ///< may run while a message box is open
+  bool mayOpenBox = false;  ///< in a box: hands the control something whose handler may open another one
 };
 
 // All commands that need a control but `destroy`, by what they are about.

@@ -42,15 +42,15 @@ Action Answer(VirtualHost& host, Fields& fields) {
 }
 
 Action Requests(VirtualHost& host, Fields&) {
-  return [&host]() -> Json { return {{"requests", host.Dtm()->TakeRequests()}}; };
+  return [&host]() -> Json { return host.Dtm()->TakeRequests(); };
 }
 
 Action Registrations(VirtualHost& host, Fields&) {
-  return [&host]() -> Json { return {{"registrations", host.Dtm()->TakeRegistrations()}}; };
+  return [&host]() -> Json { return host.Dtm()->TakeRegistrations(); };
 }
 
 Action Answers(VirtualHost& host, Fields&) {
-  return [&host]() -> Json { return {{"answers", host.Dtm()->TakeAnswers()}}; };
+  return [&host]() -> Json { return host.Dtm()->TakeAnswers(); };
 }
 
 Action Fail(VirtualHost& host, Fields& fields) {
@@ -85,7 +85,11 @@ Json CarryOut(sim::Manager& simulator, const SimulatorCommand& command) {
   if (command.clearAll) simulator.ClearAllFaults();
   if (!command.fault.is_null()) answer["id"] = simulator.BeginFault(command.fault);
   if (!command.get.is_null()) answer["values"] = simulator.Get(command.get);
-  if (command.log) answer["log"] = simulator.TakeLog();
+  if (command.log) {
+    const auto log = simulator.TakeLog();
+    answer["log"] = log.entries;
+    if (log.dropped > 0) answer["dropped"] = log.dropped;
+  }
   return answer;
 }
 
@@ -124,7 +128,7 @@ Action Simulator(VirtualHost& host, Fields& fields) {
 }
 
 constexpr CommandRow kRows[] = {
-    {.name = "answer", .prepare = Answer, .inBox = true},
+    {.name = "answer", .prepare = Answer, .inBox = true, .mayOpenBox = true},
     {.name = "requests", .prepare = Requests, .inBox = true},
     {.name = "registrations", .prepare = Registrations},
     {.name = "answers", .prepare = Answers},

@@ -43,7 +43,7 @@ std::string Interpreter::DoLine(std::string_view line) {
   } catch (const sim::SettingsError& error) {
     answer = Refused(error.what());
   }
-  return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return TextOf(answer);
 }
 
 Action Interpreter::Prepare(const Json& command) {

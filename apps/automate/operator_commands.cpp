@@ -9,7 +9,9 @@
 namespace htr60::automation {
 namespace {
 
-// The latest time in milliseconds; a clock reading up to here is exact in every reader's numbers.
+// Times in milliseconds: the farthest that the clock moves at once, and the latest one, up to which a clock reading is
+// exact in every reader's numbers.
+constexpr std::int64_t kFarthest = std::int64_t{366} * 24 * 60 * 60 * 1000;
 constexpr std::int64_t kLatest = std::int64_t{1} << 53;
 
 Action Init(VirtualHost& host, Fields& fields) {
@@ -28,6 +30,7 @@ Action Release(VirtualHost& host, Fields&) {
 Action Advance(VirtualHost& host, Fields& fields) {
   const std::int64_t milliseconds = fields.Whole("ms", 0, kLatest);
   return [&host, milliseconds]() -> Json {
+    if (milliseconds > kFarthest) throw CommandError("the clock moves by 366 days at most");
     if (milliseconds > kLatest - host.Now()) throw CommandError("the clock does not go that far");
     host.Advance(milliseconds);
     return {};
@@ -132,8 +135,8 @@ Action Boxes(VirtualHost& host, Fields& fields) {
 
 constexpr CommandRow kRows[] = {
     {.name = "init", .prepare = Init},
-    {.name = "release", .prepare = Release, .inBox = true},
-    {.name = "advance", .prepare = Advance, .inBox = true},
+    {.name = "release", .prepare = Release, .inBox = true, .mayOpenBox = true},
+    {.name = "advance", .prepare = Advance, .inBox = true, .mayOpenBox = true},
     {.name = "activate", .prepare = Activate},
     {.name = "click", .prepare = Click},
     {.name = "tab", .prepare = Tab},

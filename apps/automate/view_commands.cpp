@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,11 +7,6 @@
 
 namespace htr60::automation {
 namespace {
-
-// The groups that the program moves, and those that it resizes.
-constexpr FrameId kMoved[] = {id::frmzGroup(34), id::frmzGroup(61)};
-constexpr FrameId kResized[] = {id::frmGroupParameter(0), id::frmGroupParameter(1), id::frmGroupParameter(2),
-                                id::frmGroupParameter(3)};
 
 void AddMembers(const TextField& field, Json& json) { json["text"] = field.Text(); }
 void AddMembers(const Label& label, Json& json) { json["text"] = label.Text(); }
@@ -29,11 +22,9 @@ void AddMembers(const TabStrip& strip, Json& json) {
 }
 void AddMembers(const Frame& frame, Json& json) {
   json["text"] = frame.Text();
-  const auto isOf = [&](const auto& frames) {
-    return std::find(std::begin(frames), std::end(frames), frame.Id()) != std::end(frames);
-  };
-  if (isOf(kMoved)) json["top"] = frame.Top();
-  if (isOf(kResized)) json["height"] = frame.Height();
+  // The form gives these to the groups that the program moves or resizes, and to no other.
+  if (frame.Top() != 0) json["top"] = frame.Top();
+  if (frame.Height() != 0) json["height"] = frame.Height();
 }
 void AddMembers(const Picture&, Json&) {}
 
@@ -110,7 +101,7 @@ Action Timers(VirtualHost& host, Fields&) {
 }
 
 Action Shown(VirtualHost& host, Fields&) {
-  return [&host]() -> Json { return {{"boxes", host.TakeShown()}}; };
+  return [&host]() -> Json { return host.TakeShown(); };
 }
 
 constexpr CommandRow kRows[] = {
