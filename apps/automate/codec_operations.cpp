@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "automate/host.h"
+#include "automate/virtual_host.h"
 #include "codecs/codec_names.h"
 #include "codecs/codecs.h"
 #include "codecs/mAllUnits.h"
@@ -129,7 +129,7 @@ Json RunNormalizeMantissa(UserCntrl& control, const Args& args) {
 // The member fills a field of the form, so a control of its own has to hold out its field.
 template <void (UserCntrl::*kMember)(std::string_view), std::uint16_t kField>
 Json RunFactor(UserCntrl& control, const Args& args) {
-  Host scratch({.decimalSeparator = control.codecs.DecimalSeparator(), .iconFolder = {}, .simulator = {}});
+  VirtualHost scratch({.decimalSeparator = control.codecs.DecimalSeparator(), .iconFolder = {}, .simulator = {}});
   (scratch.Control().*kMember)(args.Text(0));
   return scratch.Control().form.At(TextId{ControlId{kField}}).Text();
 }

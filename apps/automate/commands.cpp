@@ -1,5 +1,7 @@
 #include "automate/commands.h"
 
+#include <utility>
+
 namespace htr60::automation {
 namespace {
 
@@ -14,7 +16,7 @@ const CommandRow* FindCommand(std::string_view name) {
 
 }  // namespace
 
-Action Prepare(Host& host, const Json& command, bool inBox) {
+Action Prepare(VirtualHost& host, const Json& command, bool inBox) {
   Fields fields(command, "the command");
   const std::string name = fields.Text("do");
   const CommandRow* row = FindCommand(name);
@@ -22,7 +24,11 @@ Action Prepare(Host& host, const Json& command, bool inBox) {
   if (inBox && !row->inBox) throw CommandError("no command for an open message box: " + Quoted(name));
   Action action = row->prepare(host, fields);
   fields.End();
-  return action;
+  if (!inBox || !row->mayOpenBox) return action;
+  return [&host, action = std::move(action)]() -> Json {
+    host.RequireRoomForBox();
+    return action();
+  };
 }
 
 }  // namespace htr60::automation

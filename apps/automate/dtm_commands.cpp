@@ -27,7 +27,7 @@ std::string DocumentOf(const Json& tags) {
   return document + "</Answer>";
 }
 
-Action Answer(Host& host, Fields& fields) {
+Action Answer(VirtualHost& host, Fields& fields) {
   const auto code = static_cast<std::int32_t>(
       fields.Whole("code", std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
   if (fields.Has("document") == fields.Has("tags")) {
@@ -41,19 +41,19 @@ Action Answer(Host& host, Fields& fields) {
   };
 }
 
-Action Requests(Host& host, Fields&) {
-  return [&host]() -> Json { return {{"requests", host.Dtm()->TakeRequests()}}; };
+Action Requests(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return host.Dtm()->TakeRequests(); };
 }
 
-Action Registrations(Host& host, Fields&) {
-  return [&host]() -> Json { return {{"registrations", host.Dtm()->TakeRegistrations()}}; };
+Action Registrations(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return host.Dtm()->TakeRegistrations(); };
 }
 
-Action Answers(Host& host, Fields&) {
-  return [&host]() -> Json { return {{"answers", host.Dtm()->TakeAnswers()}}; };
+Action Answers(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return host.Dtm()->TakeAnswers(); };
 }
 
-Action Fail(Host& host, Fields& fields) {
+Action Fail(VirtualHost& host, Fields& fields) {
   if (!fields.Has("reads") && !fields.Has("writes")) throw CommandError("\"reads\" or \"writes\" is missing");
   RecordingDtm::Failures failures;
   failures.reads = fields.FlagOr("reads", false);
@@ -85,11 +85,15 @@ Json CarryOut(sim::Manager& simulator, const SimulatorCommand& command) {
   if (command.clearAll) simulator.ClearAllFaults();
   if (!command.fault.is_null()) answer["id"] = simulator.BeginFault(command.fault);
   if (!command.get.is_null()) answer["values"] = simulator.Get(command.get);
-  if (command.log) answer["log"] = simulator.TakeLog();
+  if (command.log) {
+    const auto log = simulator.TakeLog();
+    answer["log"] = log.entries;
+    if (log.dropped > 0) answer["dropped"] = log.dropped;
+  }
   return answer;
 }
 
-Action Simulator(Host& host, Fields& fields) {
+Action Simulator(VirtualHost& host, Fields& fields) {
   SimulatorCommand command;
   if (fields.Has("set")) {
     command.set = fields.Any("set");
@@ -124,7 +128,7 @@ Action Simulator(Host& host, Fields& fields) {
 }
 
 constexpr CommandRow kRows[] = {
-    {.name = "answer", .prepare = Answer, .inBox = true},
+    {.name = "answer", .prepare = Answer, .inBox = true, .mayOpenBox = true},
     {.name = "requests", .prepare = Requests, .inBox = true},
     {.name = "registrations", .prepare = Registrations},
     {.name = "answers", .prepare = Answers},

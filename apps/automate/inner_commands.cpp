@@ -15,7 +15,7 @@ namespace {
 
 // What the control knows at the moment, and operations that no control of the form invokes.
 
-Action MembersOf(Host& host, Fields&) {
+Action MembersOf(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     UserCntrl& control = host.Control();
     Json members = Json::object();
@@ -38,7 +38,7 @@ Action MembersOf(Host& host, Fields&) {
   };
 }
 
-Action Set(Host& host, Fields& fields) {
+Action Set(VirtualHost& host, Fields& fields) {
   const std::string name = fields.Text("member");
   const auto members = Members();
   const auto member = std::find_if(members.begin(), members.end(), [&](const Member& m) { return m.name == name; });
@@ -58,14 +58,14 @@ Action Set(Host& host, Fields& fields) {
   };
 }
 
-Action Codec(Host& host, Fields& fields) {
+Action Codec(VirtualHost& host, Fields& fields) {
   const std::string name = fields.Text("name");
   static const Json kNoArguments = Json::array();
   const Json& args = fields.Has("args") ? fields.Array("args") : kNoArguments;
   return [&host, run = PrepareCodec(name, args)]() -> Json { return {{"result", run(host.Control())}}; };
 }
 
-Action Operation(Host&, Fields& fields) {
+Action Operation(VirtualHost&, Fields& fields) {
   struct Known {
     std::string_view name;
     std::int64_t last;
@@ -79,7 +79,7 @@ Action Operation(Host&, Fields& fields) {
   return [name = std::move(name)]() -> Json { throw CommandError("this version has no operation " + Quoted(name)); };
 }
 
-Action DocXml(Host&, Fields& fields) {
+Action DocXml(VirtualHost&, Fields& fields) {
   std::vector<std::string> values = fields.Texts("values");
   if (values.size() != kAttributeCount) throw CommandError("\"values\" are not 24 texts");
   return [values = std::move(values)]() -> Json {
@@ -89,7 +89,7 @@ Action DocXml(Host&, Fields& fields) {
   };
 }
 
-Action CallMember(Host& host, Fields& fields) {
+Action CallMember(VirtualHost& host, Fields& fields) {
   const std::string name = fields.Text("name");
   void (UserCntrl::*member)(std::string_view) = name == "GetFactor1Unit"   ? &UserCntrl::GetFactor1Unit
                                                 : name == "GetFactor2Unit" ? &UserCntrl::GetFactor2Unit

@@ -9,10 +9,12 @@
 namespace htr60::automation {
 namespace {
 
-// The latest time in milliseconds; a clock reading up to here is exact in every reader's numbers.
+// Times in milliseconds: the farthest that the clock moves at once, and the latest one, up to which a clock reading is
+// exact in every reader's numbers.
+constexpr std::int64_t kFarthest = std::int64_t{366} * 24 * 60 * 60 * 1000;
 constexpr std::int64_t kLatest = std::int64_t{1} << 53;
 
-Action Init(Host& host, Fields& fields) {
+Action Init(VirtualHost& host, Fields& fields) {
   std::string invokeId = fields.Text("invokeId");
   const Json* dtm = fields.Find("dtm");
   if (dtm != nullptr && !dtm->is_null()) throw CommandError("\"dtm\" can only be null");
@@ -21,20 +23,21 @@ Action Init(Host& host, Fields& fields) {
   };
 }
 
-Action Release(Host& host, Fields&) {
+Action Release(VirtualHost& host, Fields&) {
   return [&host]() -> Json { return {{"result", host.Control().PrepareToRelease()}}; };
 }
 
-Action Advance(Host& host, Fields& fields) {
+Action Advance(VirtualHost& host, Fields& fields) {
   const std::int64_t milliseconds = fields.Whole("ms", 0, kLatest);
   return [&host, milliseconds]() -> Json {
+    if (milliseconds > kFarthest) throw CommandError("the clock moves by 366 days at most");
     if (milliseconds > kLatest - host.Now()) throw CommandError("the clock does not go that far");
     host.Advance(milliseconds);
     return {};
   };
 }
 
-Action Activate(Host& host, Fields& fields) {
+Action Activate(VirtualHost& host, Fields& fields) {
   return [&host, text = fields.Text("node")]() -> Json {
     const auto& nodes = host.Control().form.treeView.Nodes();
     const auto node = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == text; });
@@ -48,7 +51,7 @@ void RequireEnabled(const Control& control) {
   if (!control.Enabled()) throw CommandError(Quoted(htr60::NameOf(control.Id())) + " is disabled");
 }
 
-Action Click(Host& host, Fields& fields) {
+Action Click(VirtualHost& host, Fields& fields) {
   const ButtonId id{FindOfKind(fields.Text("control"), ControlKind::kButton)};
   return [&host, id, force = fields.FlagOr("force", false)]() -> Json {
     const Button& button = host.Control().form.At(id);
@@ -61,7 +64,7 @@ Action Click(Host& host, Fields& fields) {
   };
 }
 
-Action Tab(Host& host, Fields& fields) {
+Action Tab(VirtualHost& host, Fields& fields) {
   const TabsId id{FindOfKind(fields.Text("control"), ControlKind::kTabs)};
   const auto tabs = static_cast<std::int64_t>(host.Control().form.At(id).Captions().size());
   const int index = static_cast<int>(fields.Whole("index", 0, tabs - 1));
@@ -71,7 +74,7 @@ Action Tab(Host& host, Fields& fields) {
   };
 }
 
-Action Type(Host& host, Fields& fields) {
+Action Type(VirtualHost& host, Fields& fields) {
   const TextId id{FindOfKind(fields.Text("control"), ControlKind::kText)};
   std::string text = fields.Text("text");
   return [&host, id, text = std::move(text), force = fields.FlagOr("force", false)]() -> Json {
@@ -81,7 +84,7 @@ Action Type(Host& host, Fields& fields) {
   };
 }
 
-Action Choose(Host& host, Fields& fields) {
+Action Choose(VirtualHost& host, Fields& fields) {
   const ChoiceId id{FindOfKind(fields.Text("control"), ControlKind::kChoice)};
   if (fields.Has("text") == fields.Has("row")) throw CommandError("either \"text\" or \"row\" says what to choose");
   const bool force = fields.FlagOr("force", false);
@@ -110,7 +113,7 @@ Action Choose(Host& host, Fields& fields) {
   };
 }
 
-BoxAnswer ReadBoxAnswer(Host& host, const Json& json) {
+BoxAnswer ReadBoxAnswer(VirtualHost& host, const Json& json) {
   if (json.is_string()) return {.answer = json.get<std::string>(), .during = {}};
   Fields fields(json, "an answer that is no text");
   BoxAnswer answer{.answer = fields.Text("answer"), .during = {}};
@@ -121,7 +124,7 @@ BoxAnswer ReadBoxAnswer(Host& host, const Json& json) {
   return answer;
 }
 
-Action Boxes(Host& host, Fields& fields) {
+Action Boxes(VirtualHost& host, Fields& fields) {
   std::vector<BoxAnswer> answers;
   for (const Json& answer : fields.Array("answers")) answers.push_back(ReadBoxAnswer(host, answer));
   return [&host, answers = std::move(answers)]() -> Json {
@@ -132,8 +135,8 @@ Action Boxes(Host& host, Fields& fields) {
 
 constexpr CommandRow kRows[] = {
     {.name = "init", .prepare = Init},
-    {.name = "release", .prepare = Release, .inBox = true},
-    {.name = "advance", .prepare = Advance, .inBox = true},
+    {.name = "release", .prepare = Release, .inBox = true, .mayOpenBox = true},
+    {.name = "advance", .prepare = Advance, .inBox = true, .mayOpenBox = true},
     {.name = "activate", .prepare = Activate},
     {.name = "click", .prepare = Click},
     {.name = "tab", .prepare = Tab},

@@ -105,13 +105,14 @@ void RecordingDtm::RegisterUI(std::string_view className, std::string_view invok
     auto recording = std::make_shared<RecordingReceiver>(weak_from_this(), std::move(receiver));
     simulator_->RegisterUI(className, invokeId, std::move(recording), number, flag);
   }
-  registrations_.push_back(
-      {{"operation", "RegisterUI"}, {"className", className}, {"invokeId", invokeId}, {"number", number}});
+  registrations_.Push({"RegisterUI", std::string(className), std::string(invokeId), number},
+                      sizeof(Registration) + className.size() + invokeId.size());
 }
 
 void RecordingDtm::UnregisterUI(std::string_view invokeId, std::int32_t number, bool& flag) {
   if (simulator_) simulator_->UnregisterUI(invokeId, number, flag);
-  registrations_.push_back({{"operation", "UnregisterUI"}, {"invokeId", invokeId}, {"number", number}});
+  registrations_.Push({"UnregisterUI", std::nullopt, std::string(invokeId), number},
+                      sizeof(Registration) + invokeId.size());
 }
 
 void RecordingDtm::WriteRequest(std::string_view code, std::string_view document, std::string& result) {
@@ -127,7 +128,7 @@ void RecordingDtm::ReadRequest(std::string_view code, std::string_view document,
 }
 
 void RecordingDtm::RecordAnswer(std::int32_t code, std::string_view document) {
-  answers_.push_back({{"code", code}, {"document", document}});
+  answers_.Push({code, std::string(document)}, sizeof(Answer) + document.size());
 }
 
 bool RecordingDtm::Fails(bool kind, std::string_view code) const {
@@ -136,7 +137,31 @@ bool RecordingDtm::Fails(bool kind, std::string_view code) const {
 }
 
 void RecordingDtm::RecordRequest(std::string_view kind, std::string_view code, std::string_view document) {
-  requests_.push_back({{"kind", kind}, {"code", code}, {"document", document}, {"attributes", AttributesOf(document)}});
+  requests_.Push({kind, std::string(code), std::string(document)}, sizeof(Request) + code.size() + document.size());
+}
+
+Json RecordingDtm::TakeRequests() {
+  return TakeAs("requests", requests_, [](const Request& request) -> Json {
+    return {{"kind", request.kind},
+            {"code", request.code},
+            {"document", request.document},
+            {"attributes", AttributesOf(request.document)}};
+  });
+}
+
+Json RecordingDtm::TakeRegistrations() {
+  return TakeAs("registrations", registrations_, [](const Registration& registration) {
+    Json json = {
+        {"operation", registration.operation}, {"invokeId", registration.invokeId}, {"number", registration.number}};
+    if (registration.className) json["className"] = *registration.className;
+    return json;
+  });
+}
+
+Json RecordingDtm::TakeAnswers() {
+  return TakeAs("answers", answers_, [](const Answer& answer) -> Json {
+    return {{"code", answer.code}, {"document", answer.document}};
+  });
 }
 
 }  // namespace htr60::automation

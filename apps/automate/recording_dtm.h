@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automate/fields.h"
+#include "automate/kept.h"
 #include "shell/ports.h"
 #include "simulator/manager/manager.h"
 
@@ -42,20 +43,36 @@ class RecordingDtm final : public IDtm,
   void SetFailures(Failures failures) { failures_ = std::move(failures); }
   void RecordAnswer(std::int32_t code, std::string_view document);
 
-  // What was recorded since the last such call.
-  Json TakeRequests() { return std::exchange(requests_, Json::array()); }
-  Json TakeRegistrations() { return std::exchange(registrations_, Json::array()); }
-  Json TakeAnswers() { return std::exchange(answers_, Json::array()); }
+  // What was recorded since the last such call, as members of an answer.
+  Json TakeRequests();
+  Json TakeRegistrations();
+  Json TakeAnswers();
 
  private:
+  struct Request {
+    std::string_view kind;
+    std::string code;
+    std::string document;
+  };
+  struct Registration {
+    std::string_view operation;
+    std::optional<std::string> className;
+    std::string invokeId;
+    std::int32_t number = 0;
+  };
+  struct Answer {
+    std::int32_t code = 0;
+    std::string document;
+  };
+
   bool Fails(bool kind, std::string_view code) const;
   void RecordRequest(std::string_view kind, std::string_view code, std::string_view document);
 
   std::shared_ptr<sim::Manager> simulator_;
   Failures failures_;
-  Json requests_ = Json::array();
-  Json registrations_ = Json::array();
-  Json answers_ = Json::array();
+  Kept<Request> requests_;
+  Kept<Registration> registrations_;
+  Kept<Answer> answers_;
 };
 
 /// The values of the attributes of a request document, in their order; none for an empty text.

@@ -1,5 +1,3 @@
-#include <algorithm>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,11 +7,6 @@
 
 namespace htr60::automation {
 namespace {
-
-// The groups that the program moves, and those that it resizes.
-constexpr FrameId kMoved[] = {id::frmzGroup(34), id::frmzGroup(61)};
-constexpr FrameId kResized[] = {id::frmGroupParameter(0), id::frmGroupParameter(1), id::frmGroupParameter(2),
-                                id::frmGroupParameter(3)};
 
 void AddMembers(const TextField& field, Json& json) { json["text"] = field.Text(); }
 void AddMembers(const Label& label, Json& json) { json["text"] = label.Text(); }
@@ -29,11 +22,9 @@ void AddMembers(const TabStrip& strip, Json& json) {
 }
 void AddMembers(const Frame& frame, Json& json) {
   json["text"] = frame.Text();
-  const auto isOf = [&](const auto& frames) {
-    return std::find(std::begin(frames), std::end(frames), frame.Id()) != std::end(frames);
-  };
-  if (isOf(kMoved)) json["top"] = frame.Top();
-  if (isOf(kResized)) json["height"] = frame.Height();
+  // The form gives these to the groups that the program moves or resizes, and to no other.
+  if (frame.Top() != 0) json["top"] = frame.Top();
+  if (frame.Height() != 0) json["height"] = frame.Height();
 }
 void AddMembers(const Picture&, Json&) {}
 
@@ -45,7 +36,7 @@ Json Describe(Form& form, ControlId id) {
   });
 }
 
-Action Get(Host& host, Fields& fields) {
+Action Get(VirtualHost& host, Fields& fields) {
   std::vector<std::pair<std::string, ControlId>> controls;
   for (std::string& name : fields.Texts("controls")) {
     const ControlId id = FindByName(name);
@@ -58,7 +49,7 @@ Action Get(Host& host, Fields& fields) {
   };
 }
 
-Action Controls(Host&, Fields&) {
+Action Controls(VirtualHost&, Fields&) {
   return []() -> Json {
     Json names = Json::array();
     for (std::uint16_t ordinal = 0; ordinal < kControlCount; ++ordinal) {
@@ -68,7 +59,7 @@ Action Controls(Host&, Fields&) {
   };
 }
 
-Action Status(Host& host, Fields&) {
+Action Status(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json panels = Json::array();
     for (int number = 1; number <= 4; ++number) {
@@ -81,7 +72,7 @@ Action Status(Host& host, Fields&) {
   };
 }
 
-Action Tree(Host& host, Fields&) {
+Action Tree(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json nodes = Json::array();
     int position = 0;
@@ -98,7 +89,7 @@ Action Tree(Host& host, Fields&) {
   };
 }
 
-Action Timers(Host& host, Fields&) {
+Action Timers(VirtualHost& host, Fields&) {
   return [&host]() -> Json {
     Json timers = Json::object();
     for (std::size_t i = 0; i < kTimerCount; ++i) {
@@ -109,8 +100,8 @@ Action Timers(Host& host, Fields&) {
   };
 }
 
-Action Shown(Host& host, Fields&) {
-  return [&host]() -> Json { return {{"boxes", host.TakeShown()}}; };
+Action Shown(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return host.TakeShown(); };
 }
 
 constexpr CommandRow kRows[] = {

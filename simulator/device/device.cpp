@@ -7,11 +7,6 @@
 #include "simulator/device/units.h"
 
 namespace htr60::sim {
-namespace {
-
-constexpr std::size_t kMostLogLines = 20000;
-
-}  // namespace
 
 void History::Push(double value) {
   values_[next_] = value;
@@ -196,14 +191,8 @@ double Device::UpperRangeLimit(std::size_t sensor) const {
 std::optional<Absence> Device::TakeAbsence() { return std::exchange(absence_, std::nullopt); }
 
 void Device::Log(std::string line) {
-  if (log_.size() == kMostLogLines) log_.pop_front();
-  log_.push_back(std::move(line));
-}
-
-std::vector<std::string> Device::TakeLog() {
-  std::vector<std::string> lines(log_.begin(), log_.end());
-  log_.clear();
-  return lines;
+  const std::size_t bytes = sizeof(line) + line.size();
+  log_.Push(std::move(line), bytes);
 }
 
 }  // namespace htr60::sim

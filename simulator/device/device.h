@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -10,6 +9,7 @@
 #include <vector>
 
 #include "simulator/device/block.h"
+#include "simulator/device/bounded_queue.h"
 #include "simulator/device/chain.h"
 #include "simulator/device/parameters.h"
 #include "simulator/manager/settings.h"
@@ -130,7 +130,7 @@ class Device {
   bool enteringCurve = false;  ///< read 39 shows the pressure before the trim
   bool airCalibrated = false;  ///< the self calibration has its lower point
   void Log(std::string line);
-  std::vector<std::string> TakeLog();
+  BoundedQueue<std::string>::Taken TakeLog() { return log_.Take(); }
 
  private:
   void RunCycle(std::int64_t cycle, bool steady);
@@ -163,7 +163,7 @@ class Device {
   std::int64_t autoZeroCycles_ = 0;
   int quietCycles_ = 0;
   bool dirty_ = true;
-  std::deque<std::string> log_;
+  BoundedQueue<std::string> log_{20'000, 64'000'000};
 };
 
 }  // namespace htr60::sim

@@ -67,7 +67,7 @@ class Manager final : public IDtm,
   /// `status`, "lcd" and "link" as texts.
   nlohmann::json Get(const nlohmann::json& names);
   /// The lines of the device log since the last such call.
-  nlohmann::json TakeLog();
+  BoundedQueue<std::string>::Taken TakeLog() { return device_.TakeLog(); }
 
   bool Online() const { return online_; }
   /// Takes the link down and up again, whatever faults do to it.

@@ -189,6 +189,4 @@ json Manager::Get(const json& names) {
   return values;
 }
 
-json Manager::TakeLog() { return device_.TakeLog(); }
-
 }  // namespace htr60::sim

@@ -105,6 +105,56 @@ TEST(BoxInAnAdvance, TheInnerMayGoFurtherThanTheOuter) {
   EXPECT_EQ(driver.Sent(), Strings{"read 26"});
 }
 
+// Each box's `during` brings an answer whose handler opens the next one.
+TEST_F(Boxes, NoBoxOpensWhileEightAreOpen) {
+  const Json opens = Json::parse(R"j({"do":"answer","code":500,"tags":[["TRDPVType","0002"],["TRDLinType","00"]]})j");
+  const Json last = Json::array({opens, {{"do", "advance"}, {"ms", 1}}, {{"do", "release"}}, {{"do", "timers"}}});
+  Json answers = Json::array();
+  for (int i = 0; i < 7; ++i) answers.push_back({{"answer", "OK"}, {"during", Json::array({opens})}});
+  answers.push_back({{"answer", "OK"}, {"during", last}});
+  for (int i = 0; i < 9; ++i) answers.push_back("OK");
+  driver.Ok({{"do", "boxes"}, {"answers", answers}});
+  driver.Activate("Observe");
+  const Json shown = driver.Shown();
+  ASSERT_EQ(shown.size(), 8U);
+  for (int i = 0; i < 7; ++i) EXPECT_EQ(shown[i]["during"], Json::parse(R"j([{"ok":true}])j")) << i;
+  const Json& during = shown[7]["during"];
+  ASSERT_EQ(during.size(), 4U);
+  for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(during[i], Json::parse(R"j({"ok":false,"error":"eight message boxes are open"})j"));
+  EXPECT_TRUE(during[3]["ok"]);
+  EXPECT_EQ(driver.AnsweredCodes(), std::vector<int>(7, 500));
+  EXPECT_EQ(driver.Member("ParameterAccess"), true);
+}
+
+TEST(BoxInAnAdvance, WhatFallsDueWhileEightAreOpenWaitsInItsOrder) {
+  Json faults = Json::array();
+  for (const int code : {5, 5, 5, 5, 5, 5, 5, 5, 63, 5}) {
+    faults.push_back({{"kind", "unaskedAnswer"}, {"codes", {code}}, {"atMs", 5000}});
+  }
+  Driver driver(Driver::Simulated({{"device", {{"primaryValueType", "Level"}}}, {"faults", faults}}));
+  driver.Init();
+  driver.Advance(3000);
+  driver.AnsweredCodes();
+  const Json further = Json::parse(R"j({"answer":"OK","during":[{"do":"advance","ms":0}]})j");
+  driver.Ok({{"do", "boxes"}, {"answers", Json(20, further)}});
+  driver.Advance(2000);
+  const Json shown = driver.Shown();
+  ASSERT_GE(shown.size(), 9U);
+  EXPECT_FALSE(shown[7]["during"][0]["ok"]);  // the eighth
+  EXPECT_EQ(shown[6]["during"], Json::parse(R"j([{"ok":true}])j"));
+  // The ninth answer came when the eighth box had closed, and none was lost.
+  EXPECT_EQ(driver.AnsweredCodes(), (std::vector<int>{500, 500, 500, 500, 500, 500, 500, 500, 6300, 500}));
+}
+
+TEST_F(Boxes, ALongQueueOfNestedAnswersDoesNotExhaustTheStack) {
+  const Json nests = Json::parse(R"j({"answer":"OK","during":[
+    {"do":"answer","code":500,"tags":[["TRDPVType","0002"],["TRDLinType","00"]]}]})j");
+  driver.Ok({{"do", "boxes"}, {"answers", Json(50000, nests)}});
+  driver.Activate("Observe");
+  EXPECT_EQ(driver.Shown().size(), 8U);
+}
+
 TEST_F(Boxes, AReleaseWhileTheBoxIsOpenLeavesTheHandlerWithoutAChannel) {
   Queue(R"j([{"answer":"OK","during":[{"do":"release"},{"do":"members"}]}])j");
   driver.Activate("Device Identification");

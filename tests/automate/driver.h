@@ -8,11 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include "automate/session.h"
+#include "automate/interpreter.h"
 
 namespace htr60::automation {
 
-/// Drives a session in this process and fails the test where a command is not carried out.
+/// Drives an interpreter in this process and fails the test where a command is not carried out.
 class Driver {
  public:
   /// Without a control; a test that needs one says how it is to be.
@@ -29,16 +29,16 @@ class Driver {
     return settings;
   }
 
-  Session& Of() { return session_; }
-  Json Do(const Json& command) { return session_.Do(command); }
+  Interpreter& Of() { return interpreter_; }
+  Json Do(const Json& command) { return interpreter_.Do(command); }
   Json Ok(const Json& command) {
-    Json answer = session_.Do(command);
+    Json answer = interpreter_.Do(command);
     EXPECT_TRUE(answer.at("ok").get<bool>()) << command << " answers " << answer;
     return answer;
   }
   /// The command is refused with a sentence.
   void Refused(const Json& command) {
-    const Json answer = session_.Do(command);
+    const Json answer = interpreter_.Do(command);
     EXPECT_FALSE(answer.at("ok").get<bool>()) << command << " answers " << answer;
     EXPECT_FALSE(answer.value("error", "").empty()) << command << " answers " << answer;
     EXPECT_EQ(answer.size(), 2U) << answer;
@@ -93,7 +93,7 @@ class Driver {
   }
 
  private:
-  Session session_;
+  Interpreter interpreter_;
 };
 
 }  // namespace htr60::automation

@@ -3,6 +3,9 @@
 
 #include <array>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,28 +51,29 @@ TEST(Line, WhatIsNoCommandIsRefused) {
       "{\"do\":\"advance\",\"ms\":1e999}",
       deep,
   };
-  Session session;
+  Interpreter interpreter;
   for (const std::string_view line : lines) {
     SCOPED_TRACE(std::string(line.substr(0, 80)));
-    const Json answer = Json::parse(session.DoLine(line));
+    const Json answer = Json::parse(interpreter.DoLine(line));
     EXPECT_EQ(answer.at("ok"), false);
     EXPECT_FALSE(answer.at("error").get<std::string>().empty());
-    EXPECT_EQ(session.Control(), nullptr);
+    EXPECT_EQ(interpreter.Control(), nullptr);
   }
 }
 
 TEST(Line, BlanksAndCarriageReturnsAtTheEndArePassedOver) {
-  Session session;
+  Interpreter interpreter;
   for (const std::string_view line : {"{\"do\":\"create\"}\r", "{\"do\":\"create\"} ", " {\"do\" : \"create\"} \r"}) {
-    EXPECT_EQ(Json::parse(session.DoLine(line)), Json::parse(R"j({"ok":true})j")) << line;
+    EXPECT_EQ(Json::parse(interpreter.DoLine(line)), Json::parse(R"j({"ok":true})j")) << line;
   }
 }
 
 TEST(Line, TextsOfAnyCharacterGoThereAndBack) {
-  Session session;
-  session.DoLine(R"j({"do":"create"})j");
-  session.DoLine(R"j({"do":"type","control":"txtParameter(0)","text":"m³ \u00b5 \ud83d\ude00 \u0000 \" [[[ } \\"})j");
-  const std::string line = session.DoLine(R"j({"do":"get","controls":["txtParameter(0)"]})j");
+  Interpreter interpreter;
+  interpreter.DoLine(R"j({"do":"create"})j");
+  interpreter.DoLine(
+      R"j({"do":"type","control":"txtParameter(0)","text":"m³ \u00b5 \ud83d\ude00 \u0000 \" [[[ } \\"})j");
+  const std::string line = interpreter.DoLine(R"j({"do":"get","controls":["txtParameter(0)"]})j");
   EXPECT_EQ(line.find('\n'), std::string::npos);
   EXPECT_EQ(Json::parse(line)["controls"]["txtParameter(0)"]["text"], "m³ µ \xF0\x9F\x98\x80 \0 \" [[[ } \\"s);
 }
@@ -96,7 +100,7 @@ class Program {
   }
   ~Program() {
     CloseInput();
-    std::fclose(out_);
+    CloseOutput();
     if (pid_ > 0) waitpid(pid_, nullptr, 0);
   }
   Program(const Program&) = delete;
@@ -112,6 +116,10 @@ class Program {
   void CloseInput() {
     if (in_ >= 0) close(in_);
     in_ = -1;
+  }
+  void CloseOutput() {
+    if (out_ != nullptr) std::fclose(out_);
+    out_ = nullptr;
   }
   /// The next line; empty at the end.
   std::string Line() {
@@ -165,6 +173,32 @@ TEST(Program, QuitEndsItAndNothingBehindIsAnswered) {
   EXPECT_EQ(program.Line(), R"j({"ok":true})j");
   EXPECT_EQ(program.Line(), "");
   EXPECT_EQ(program.Status(), 0);
+}
+
+TEST(Program, WhatCannotBeWrittenOrReadEndsItWithASentence) {
+  const std::filesystem::path errors = std::filesystem::path(testing::TempDir()) / "htr60 errors";
+  const std::string create = R"j(echo '{"do":"create"}' |)j";
+  const std::string program = " '" HTR60_AUTOMATE_PROGRAM "' ";
+  const std::string commands[] = {
+      create + program + ">/dev/full",     create + program + ">&-",  program + "--help >/dev/full",
+      program + "--version >/dev/full",    program + "--version >&-", program + "</tmp >/dev/null",
+      create + program + "<&- >/dev/null",
+  };
+  for (const std::string& command : commands) {
+    const int status = std::system((command + " 2>'" + errors.string() + "'").c_str());
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << command << " " << status;
+    std::string sentence;
+    std::getline(std::ifstream(errors) >> std::ws, sentence);
+    EXPECT_TRUE(sentence.starts_with("htr60-automate: ")) << command << " " << sentence;
+  }
+  std::filesystem::remove(errors);
+}
+
+TEST(Program, AClosedPipeEndsItWithAStatusAndNotBySignal) {
+  Program program;
+  program.CloseOutput();
+  program.Send("{\"do\":\"create\"}\n");
+  EXPECT_EQ(program.Status(), 1);
 }
 
 TEST(Program, Options) {

@@ -12,8 +12,8 @@ namespace htr60::automation {
 namespace {
 
 /// What the control holds beside its form.
-Json MembersAndTimers(Session& session) {
-  return Json::array({session.Do({{"do", "members"}}), session.Do({{"do", "timers"}})});
+Json MembersAndTimers(Interpreter& interpreter) {
+  return Json::array({interpreter.Do({{"do", "members"}}), interpreter.Do({{"do", "timers"}})});
 }
 
 TEST(Protocol, RefusedCommandsChangeNothing) {
@@ -281,6 +281,13 @@ TEST(Protocol, IconsAreLookedForInTheFolder) {
   driver.Answer(9000, "<DTMInfo state='Offline' />");
   panels = driver.Ok({{"do", "status"}})["panels"];
   EXPECT_EQ(panels[0], Json::parse(R"j({"text":"Disconnected","picture":null})j"));
+  // An icon that has been found is not read again; one that was missing is looked for anew.
+  std::filesystem::remove(folder / "connected.ico");
+  std::ofstream(folder / "no connection.ico") << "icon";
+  driver.Connect();
+  EXPECT_EQ(driver.Ok({{"do", "status"}})["panels"][0]["picture"], "connected.ico");
+  driver.Answer(9000, "<DTMInfo state='Offline' />");
+  EXPECT_EQ(driver.Ok({{"do", "status"}})["panels"][0]["picture"], "no connection.ico");
   std::filesystem::remove_all(folder);
 }
 

@@ -122,6 +122,18 @@ TEST(VirtualTime, AtOneInstantTimersComeInTheOrderOfTheirArming) {
   EXPECT_EQ(driver.Sent(), (Strings{"read 26", "read 79"}));
 }
 
+TEST(VirtualTime, TheClockMovesBy366DaysAtMost) {
+  constexpr std::int64_t kMost = 366LL * 86'400'000;
+  Driver driver(Driver::Simulated({{"process", {{"noise", 5}, {"driftHi", 1}}}}));
+  driver.Init();
+  driver.Refused({{"do", "advance"}, {"ms", kMost + 1}});
+  driver.Refused({{"do", "advance"}, {"ms", std::int64_t{1} << 52}});
+  driver.Refused({{"do", "advance"}, {"ms", -1}});
+  EXPECT_EQ(driver.Sent(), Strings{});  // nothing has changed
+  driver.Ok({{"do", "advance"}, {"ms", kMost}});
+  EXPECT_EQ(driver.Sent(), (Strings{"read 90", "read 1"}));
+}
+
 TEST(Simulator, CommandsReachTheTransmitter) {
   Driver driver(Driver::Simulated());
   driver.Init();

@@ -89,6 +89,8 @@ class Bench {
   unsigned Status(const std::string& name) {
     return manager->Get(nlohmann::json::array({name})).at(name).at("status").get<unsigned>();
   }
+  /// The lines of the log since the last look.
+  nlohmann::json Log() { return manager->TakeLog().entries; }
   void Process(const nlohmann::json& process) { manager->Set({{"process", process}}); }
   void ExpectVerdict(const std::string& verdict) { EXPECT_EQ(Digits("operResult"), verdict); }
 

@@ -130,10 +130,10 @@ TEST(Writes, TakenDigitsComeBackAndRefusedOnesLeaveThem) {
     const std::string before = ValueOf(bench.Read(row.read, {row.block}), row.tag);
     auto wrong = row.attributes;
     wrong[row.place - 1] = row.refused;
-    bench.manager->TakeLog();
+    bench.Log();
     bench.Write(row.write, wrong);
     EXPECT_EQ(ValueOf(bench.Read(row.read, {row.block}), row.tag).substr(0, 8), before.substr(0, 8));
-    EXPECT_NE(bench.manager->TakeLog().dump().find("refused"), std::string::npos);
+    EXPECT_NE(bench.Log().dump().find("refused"), std::string::npos);
     bench.Write(row.write, row.attributes);
     if (row.write == 3 && row.place == 2) {
       // 2 mbar are below the minimum span: scale and unit are judged together.
@@ -141,7 +141,7 @@ TEST(Writes, TakenDigitsComeBackAndRefusedOnesLeaveThem) {
       continue;
     }
     EXPECT_EQ(ValueOf(bench.Read(row.read, {row.block}), row.tag), row.shown);
-    EXPECT_NE(bench.manager->TakeLog().dump().find("accepted"), std::string::npos);
+    EXPECT_NE(bench.Log().dump().find("accepted"), std::string::npos);
   }
 }
 
@@ -175,13 +175,13 @@ TEST(Writes, UnlockingTakesTheTagOfTheSameWrite) {
 
 TEST(Writes, NeighboursOfARefusedAttributeAreStored) {
   Bench bench;
-  bench.manager->TakeLog();
+  bench.Log();
   bench.Write(2, {"0005", "0A", F8(200), F8(7)});
   EXPECT_EQ(bench.Digits("pvType"), "0000");
   EXPECT_EQ(bench.Digits("linType"), "0A");
   EXPECT_EQ(bench.Digits("sqrtPoint"), F8(10));
   EXPECT_EQ(bench.Digits("cutOff"), F8(7));
-  EXPECT_EQ(bench.manager->TakeLog().size(), 4U);
+  EXPECT_EQ(bench.Log().size(), 4U);
   // No block, no write.
   bench.Write(7, {"4", "80", F8(3)});
   bench.Write(7, {"None", "80", F8(3)});
@@ -283,9 +283,9 @@ TEST(Writes, AnUnchangedPageChangesNothing) {
     for (const auto& tag : page.tags) attributes.push_back(ValueOf(before, tag));
     std::vector<std::string> all;
     for (const int code : {5, 6, 7, 9, 50, 56, 58}) all.push_back(bench.Read(code));
-    bench.manager->TakeLog();
+    bench.Log();
     bench.Write(page.write, attributes);
-    const json log = bench.manager->TakeLog();
+    const json log = bench.Log();
     EXPECT_EQ(log.size(), page.tags.size());
     EXPECT_EQ(log.dump().find("refused"), std::string::npos) << log.dump();
     EXPECT_EQ(bench.Read(page.read, operands), before);

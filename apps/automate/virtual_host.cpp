@@ -1,4 +1,4 @@
-#include "automate/host.h"
+#include "automate/virtual_host.h"
 
 #include <algorithm>
 #include <fstream>
@@ -11,6 +11,7 @@
 namespace htr60::automation {
 namespace {
 
+constexpr int kMostOpenBoxes = 8;
 constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
 std::string_view NameOf(BoxButton button) {
@@ -50,7 +51,7 @@ BoxButton Chosen(const MessageBox& box, std::string_view answer) {
 
 }  // namespace
 
-Host::Host(Options options) : options_(std::move(options)) {
+VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   std::shared_ptr<sim::Manager> simulator;
   if (options_.simulator) simulator = sim::Manager::Create(*options_.simulator, [this] { return now_; });
   dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
@@ -59,9 +60,9 @@ Host::Host(Options options) : options_(std::move(options)) {
 }
 
 // The control goes first: it still disarms its timers here.
-Host::~Host() { control_.reset(); }
+VirtualHost::~VirtualHost() { control_.reset(); }
 
-void Host::Advance(std::int64_t milliseconds) {
+void VirtualHost::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;
   for (;;) {
     sim::Manager* simulator = dtm_->Simulator();
@@ -84,42 +85,59 @@ void Host::Advance(std::int64_t milliseconds) {
   now_ = std::max(now_, target);
 }
 
-BoxButton Host::Show(const MessageBox& box) {
+BoxButton VirtualHost::Show(const MessageBox& box) {
   BoxAnswer next;
   if (!boxAnswers_.empty()) {
     next = std::move(boxAnswers_.front());
     boxAnswers_.pop_front();
   }
   const BoxButton chosen = Chosen(box, next.answer);
-  Json buttons = Json::array();
-  for (const BoxButton button : box.buttons) buttons.push_back(NameOf(button));
-  const std::size_t place = shown_.size();
-  shown_.push_back({{"text", box.text},
-                    {"caption", box.caption},
-                    {"icon", NameOf(box.icon)},
-                    {"buttons", std::move(buttons)},
-                    {"answer", NameOf(chosen)}});
+  const auto number = shown_.Push(
+      {std::string(box.text), std::string(box.caption), box.icon, {box.buttons.begin(), box.buttons.end()}, chosen, {}},
+      sizeof(ShownBox) + box.text.size() + box.caption.size());
+  ++openBoxes_;
   for (const Action& action : next.during) {
-    Json answer = Carried(action);
-    // Looked up anew: a box that opened meanwhile stands in the same array.
-    shown_[place]["during"].push_back(std::move(answer));
+    std::string answer = TextOf(Carried(action));
+    const std::size_t bytes = sizeof(answer) + answer.size();
+    shown_.Grow(number, bytes, [&](ShownBox& shown) { shown.during.push_back(std::move(answer)); });
   }
+  --openBoxes_;
   return chosen;
 }
 
-void Host::Arm(int timer, std::int32_t milliseconds) {
+void VirtualHost::RequireRoomForBox() const {
+  if (openBoxes_ >= kMostOpenBoxes) throw CommandError("eight message boxes are open");
+}
+
+Json VirtualHost::TakeShown() {
+  return TakeAs("boxes", shown_, [](const ShownBox& box) {
+    Json json = {{"text", box.text},
+                 {"caption", box.caption},
+                 {"icon", NameOf(box.icon)},
+                 {"buttons", Json::array()},
+                 {"answer", NameOf(box.answer)}};
+    for (const BoxButton button : box.buttons) json["buttons"].push_back(NameOf(button));
+    for (const std::string& answer : box.during) json["during"].push_back(Json::parse(answer));
+    return json;
+  });
+}
+
+void VirtualHost::Arm(int timer, std::int32_t milliseconds) {
   alarms_.at(static_cast<std::size_t>(timer)) = {.armed = true, .due = now_ + milliseconds, .order = ++armings_};
 }
 
-void Host::Disarm(int timer) { alarms_.at(static_cast<std::size_t>(timer)).armed = false; }
+void VirtualHost::Disarm(int timer) { alarms_.at(static_cast<std::size_t>(timer)).armed = false; }
 
-bool Host::Load(std::string_view fileName) {
+bool VirtualHost::Load(std::string_view fileName) {
+  if (loadedIcons_.contains(fileName)) return true;
   const std::filesystem::path file = options_.iconFolder / fileName;
   std::error_code error;
-  return std::filesystem::is_regular_file(file, error) && std::ifstream(file, std::ios::binary).good();
+  if (!std::filesystem::is_regular_file(file, error) || !std::ifstream(file, std::ios::binary).good()) return false;
+  loadedIcons_.emplace(fileName);
+  return true;
 }
 
-int Host::FirstTimer() const {
+int VirtualHost::FirstTimer() const {
   int first = -1;
   for (std::size_t i = 0; i < alarms_.size(); ++i) {
     if (!alarms_[i].armed) continue;
@@ -141,6 +159,8 @@ Json Carried(const Action& action) {
     return Refused(error.what());
   }
 }
+
+std::string TextOf(const Json& answer) { return answer.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 Json Refused(std::string_view why) { return {{"ok", false}, {"error", why}}; }
 

@@ -7,11 +7,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "automate/fields.h"
+#include "automate/kept.h"
 #include "automate/recording_dtm.h"
 #include "form/widgets.h"
 #include "shell/ports.h"
@@ -27,6 +29,8 @@ using Action = std::function<Json()>;
 /// What a command answers: the members of `action`, or the reason for which it is refused.
 Json Carried(const Action& action);
 Json Refused(std::string_view why);
+/// The line of an answer; bytes that are no UTF-8 are replaced.
+std::string TextOf(const Json& answer);
 
 /// The operator's answer to a coming message box, and what happens while the box is open.
 struct BoxAnswer {
@@ -35,17 +39,17 @@ struct BoxAnswer {
 };
 
 /// One control with its surroundings: the ports, the virtual clock, the DTM manager.
-class Host final : private IMessageBoxes, private ITimers, private IIcons {
+class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons {
  public:
   struct Options {
     char decimalSeparator = '.';
     std::filesystem::path iconFolder;
     std::optional<sim::Settings> simulator;  ///< none: requests are captured
   };
-  explicit Host(Options options);
-  ~Host() override;
-  Host(const Host&) = delete;
-  Host& operator=(const Host&) = delete;
+  explicit VirtualHost(Options options);
+  ~VirtualHost() override;
+  VirtualHost(const VirtualHost&) = delete;
+  VirtualHost& operator=(const VirtualHost&) = delete;
 
   UserCntrl& Control() { return *control_; }
   const std::shared_ptr<RecordingDtm>& Dtm() { return dtm_; }
@@ -57,14 +61,26 @@ class Host final : private IMessageBoxes, private ITimers, private IIcons {
   void Advance(std::int64_t milliseconds);
 
   void QueueBoxAnswer(BoxAnswer answer) { boxAnswers_.push_back(std::move(answer)); }
-  /// The message boxes shown since the last such call.
-  Json TakeShown() { return std::exchange(shown_, Json::array()); }
+  /// Throws while so many message boxes are open that nothing may be handed to the control: its handler could open one
+  /// more, and their number would have no end.
+  void RequireRoomForBox() const;
+  /// The message boxes shown since the last such call, as members of an answer.
+  Json TakeShown();
 
  private:
   struct Alarm {
     bool armed = false;
     std::int64_t due = 0;
     std::uint64_t order = 0;  // of the arming: decides at one instant
+  };
+
+  struct ShownBox {
+    std::string text;
+    std::string caption;
+    BoxIcon icon = BoxIcon::kNone;
+    std::vector<BoxButton> buttons;
+    BoxButton answer = BoxButton::kOk;
+    std::vector<std::string> during;  // JSON texts
   };
 
   BoxButton Show(const MessageBox& box) override;
@@ -80,7 +96,9 @@ class Host final : private IMessageBoxes, private ITimers, private IIcons {
   std::array<Alarm, kTimerCount> alarms_;
   std::uint64_t armings_ = 0;
   std::deque<BoxAnswer> boxAnswers_;
-  Json shown_ = Json::array();
+  int openBoxes_ = 0;
+  Kept<ShownBox> shown_;
+  std::set<std::string, std::less<>> loadedIcons_;
   std::shared_ptr<RecordingDtm> dtm_;
   std::shared_ptr<UserCntrl> control_;
 };

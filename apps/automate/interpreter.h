@@ -5,17 +5,17 @@
 #include <string>
 #include <string_view>
 
-#include "automate/host.h"
+#include "automate/virtual_host.h"
 
 namespace htr60::automation {
 
 /// One run of the automation protocol: commands come in as JSON objects, each is answered by one.
-class Session {
+class Interpreter {
  public:
-  Session();
-  ~Session();
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
+  Interpreter();
+  ~Interpreter();
+  Interpreter(const Interpreter&) = delete;
+  Interpreter& operator=(const Interpreter&) = delete;
 
   /// Carries out one command. The answer has "ok":true and what the command promises, or "ok":false and an "error";
   /// then nothing has changed.
@@ -31,7 +31,7 @@ class Session {
   Action Prepare(const nlohmann::json& command);
   Action PrepareCreate(Fields& fields);
 
-  std::shared_ptr<Host> host_;
+  std::shared_ptr<VirtualHost> host_;
   bool ended_ = false;
 };
 
