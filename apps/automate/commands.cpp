@@ -6,7 +6,7 @@ namespace htr60::automation {
 namespace {
 
 const CommandRow* FindCommand(std::string_view name) {
-  for (const auto rows : {OperatorCommands(), ViewCommands(), DtmCommands(), InnerCommands()}) {
+  for (const auto rows : {OperatorCommands(), ScreenCommands(), ViewCommands(), DtmCommands(), InnerCommands()}) {
     for (const CommandRow& row : rows) {
       if (row.name == name) return &row;
     }
@@ -24,10 +24,11 @@ Action Prepare(VirtualHost& host, const Json& command, bool inBox) {
   if (inBox && !row->inBox) throw CommandError("no command for an open message box: " + Quoted(name));
   Action action = row->prepare(host, fields);
   fields.End();
-  if (!inBox || !row->mayOpenBox) return action;
-  return [&host, action = std::move(action)]() -> Json {
-    host.RequireRoomForBox();
-    return action();
+  return [&host, needsRoom = inBox && row->mayOpenBox, action = std::move(action)]() -> Json {
+    if (needsRoom) host.RequireRoomForBox();
+    Json answer = action();
+    host.Presented().Turn();
+    return answer;
   };
 }
 

@@ -81,6 +81,7 @@ Action Interpreter::PrepareCreate(Fields& fields) {
   if (dtm != "capture" && dtm != "simulator") throw CommandError("\"dtm\" is neither \"capture\" nor \"simulator\"");
   sim::Settings settings = SettingsOf(fields);
   if (dtm == "simulator") options.simulator = std::move(settings);
+  options.preset = fields.TextIfAny("preset").value_or("");
   const auto folder = fields.TextIfAny("iconFolder");
   options.iconFolder = folder ? std::filesystem::path(*folder) : DefaultIconFolder();
   return [this, options = std::move(options)]() -> Json {

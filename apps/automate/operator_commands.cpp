@@ -42,7 +42,7 @@ Action Activate(VirtualHost& host, Fields& fields) {
     const auto& nodes = host.Control().form.treeView.Nodes();
     const auto node = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == text; });
     const int position = node == nodes.end() ? 0 : static_cast<int>(node - nodes.begin()) + 1;
-    host.Control().Activate(text, position);
+    host.Presented().Activate(text, position);
     return {};
   };
 }
@@ -58,8 +58,10 @@ Action Click(VirtualHost& host, Fields& fields) {
     if (!force) {
       RequireEnabled(button);
       if (!button.Visible()) throw CommandError(Quoted(htr60::NameOf(id)) + " is not visible");
+      host.Presented().Press(id);
+      return {};
     }
-    host.Control().Click(id);
+    host.Control().Click(id);  // the control alone, as a script that goes past the operator
     return {};
   };
 }
@@ -69,7 +71,7 @@ Action Tab(VirtualHost& host, Fields& fields) {
   const auto tabs = static_cast<std::int64_t>(host.Control().form.At(id).Captions().size());
   const int index = static_cast<int>(fields.Whole("index", 0, tabs - 1));
   return [&host, id, index]() -> Json {
-    host.Control().ClickTab(id, index);
+    host.Presented().ClickTab(id, index);
     return {};
   };
 }
@@ -78,8 +80,12 @@ Action Type(VirtualHost& host, Fields& fields) {
   const TextId id{FindOfKind(fields.Text("control"), ControlKind::kText)};
   std::string text = fields.Text("text");
   return [&host, id, text = std::move(text), force = fields.FlagOr("force", false)]() -> Json {
-    if (!force) RequireEnabled(host.Control().form.At(id));
-    host.Control().Type(id, text);
+    if (force) {
+      host.Control().Type(id, text);
+      return {};
+    }
+    RequireEnabled(host.Control().form.At(id));
+    host.Presented().Type(id, text);
     return {};
   };
 }
@@ -94,7 +100,11 @@ Action Choose(VirtualHost& host, Fields& fields) {
       const ChoiceList& list = host.Control().form.At(id);
       if (!force) RequireEnabled(list);
       if (row >= static_cast<std::int64_t>(list.Rows().size())) throw CommandError("there is no such row");
-      host.Control().Pick(id, static_cast<std::size_t>(row));
+      if (force) {
+        host.Control().Pick(id, static_cast<std::size_t>(row));
+      } else {
+        host.Presented().Pick(id, static_cast<std::size_t>(row));
+      }
       return {};
     };
   }
@@ -108,7 +118,7 @@ Action Choose(VirtualHost& host, Fields& fields) {
     const auto rows = list.Rows();
     const auto row = std::find(rows.begin(), rows.end(), text);
     if (row == rows.end()) throw CommandError("there is no row " + Quoted(text));
-    host.Control().Pick(id, static_cast<std::size_t>(row - rows.begin()));
+    host.Presented().Pick(id, static_cast<std::size_t>(row - rows.begin()));
     return {};
   };
 }

@@ -38,6 +38,20 @@ std::string_view NameOf(BoxIcon icon) {
   return "none";
 }
 
+// Times of day count from the creation of the control and begin anew after 24 hours.
+std::string TimeSinceStart(std::int64_t milliseconds) {
+  const std::int64_t seconds = milliseconds / 1000 % 86400;
+  std::string text = "hh:mm:ss";
+  const auto put = [&](std::size_t at, std::int64_t number) {
+    text[at] = static_cast<char>('0' + number / 10);
+    text[at + 1] = static_cast<char>('0' + number % 10);
+  };
+  put(0, seconds / 3600);
+  put(3, seconds / 60 % 60);
+  put(6, seconds % 60);
+  return text;
+}
+
 BoxButton Chosen(const MessageBox& box, std::string_view answer) {
   const auto has = [&](BoxButton button) {
     return std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end();
@@ -57,10 +71,18 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
   const Ports ports{.boxes = *this, .timers = *this, .icons = *this, .decimalSeparator = options_.decimalSeparator};
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
+  std::string simulated;
+  if (options_.simulator) simulated = options_.preset.empty() ? "SIMULATED" : "SIMULATED: " + options_.preset;
+  presentation_.emplace(
+      *control_, presentation::Surroundings{
+                     .now = [this] { return now_; }, .timeOfDay = TimeSinceStart, .simulated = std::move(simulated)});
 }
 
 // The control goes first: it still disarms its timers here.
-VirtualHost::~VirtualHost() { control_.reset(); }
+VirtualHost::~VirtualHost() {
+  presentation_.reset();
+  control_.reset();
+}
 
 void VirtualHost::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;
@@ -72,11 +94,13 @@ void VirtualHost::Advance(std::int64_t milliseconds) {
     if (answerDue <= target && (!timerDue || answerDue <= alarms_[static_cast<std::size_t>(timer)].due)) {
       now_ = std::max(now_, answerDue);
       simulator->RunOne(now_);
+      presentation_->Turn();
     } else if (timerDue) {
       Alarm& alarm = alarms_[static_cast<std::size_t>(timer)];
       now_ = std::max(now_, alarm.due);
       alarm.armed = false;
       control_->TimerDue(timer);
+      presentation_->Turn();
     } else {
       break;
     }

@@ -16,6 +16,7 @@
 #include "automate/kept.h"
 #include "automate/recording_dtm.h"
 #include "form/widgets.h"
+#include "presentation/presentation.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
 #include "simulator/manager/settings.h"
@@ -45,6 +46,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
     char decimalSeparator = '.';
     std::filesystem::path iconFolder;
     std::optional<sim::Settings> simulator;  ///< none: requests are captured
+    std::string preset{};                    ///< name of ready-made settings, or none
   };
   explicit VirtualHost(Options options);
   ~VirtualHost() override;
@@ -52,6 +54,8 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   VirtualHost& operator=(const VirtualHost&) = delete;
 
   UserCntrl& Control() { return *control_; }
+  /// What a view of the control would show.
+  presentation::Presentation& Presented() { return *presentation_; }
   const std::shared_ptr<RecordingDtm>& Dtm() { return dtm_; }
   char DecimalSeparator() const { return options_.decimalSeparator; }
 
@@ -101,6 +105,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   std::set<std::string, std::less<>> loadedIcons_;
   std::shared_ptr<RecordingDtm> dtm_;
   std::shared_ptr<UserCntrl> control_;
+  std::optional<presentation::Presentation> presentation_;
 };
 
 }  // namespace htr60::automation

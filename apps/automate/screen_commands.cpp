@@ -1,0 +1,152 @@
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "automate/commands.h"
+#include "automate/control_lookup.h"
+
+namespace htr60::automation {
+namespace {
+
+using presentation::Mark;
+using presentation::Screen;
+using presentation::ScreenButton;
+using presentation::ScreenRow;
+
+std::string_view WordOf(RowKind kind) {
+  switch (kind) {
+    case RowKind::kEdit:
+      return "edit";
+    case RowKind::kNum:
+      return "num";
+    case RowKind::kValue:
+      return "value";
+    case RowKind::kText:
+      return "text";
+    case RowKind::kStatus:
+      return "status";
+    case RowKind::kList:
+      return "list";
+    case RowKind::kListRo:
+      return "list-ro";
+    case RowKind::kListBox:
+      return "listbox";
+    case RowKind::kLabel:
+      return "label";
+    case RowKind::kMsg:
+      return "msg";
+    case RowKind::kOpen:
+      return "open";
+    case RowKind::kWrite:
+      return "write";
+    case RowKind::kFixed:
+      break;
+  }
+  return "fixed";
+}
+
+std::string_view WordOf(Mark mark) {
+  switch (mark) {
+    case Mark::kUncertain:
+      return "uncertain";
+    case Mark::kBad:
+      return "bad";
+    case Mark::kNone:
+      break;
+  }
+  return "";
+}
+
+std::string LetterOf(char mnemonic) { return mnemonic == '\0' ? std::string() : std::string(1, mnemonic); }
+
+Json RowOf(const ScreenRow& row) {
+  return {{"control", htr60::NameOf(row.control)},
+          {"kind", WordOf(row.kind)},
+          {"caption", row.caption},
+          {"name", row.name},
+          {"unit", row.unit},
+          {"text", row.text},
+          {"enabled", row.enabled},
+          {"state", row.state ? NameOf(*row.state) : std::string_view()},
+          {"mark", WordOf(row.mark)},
+          {"words", row.words},
+          {"hint", row.hint}};
+}
+
+Json ButtonOf(const ScreenButton& button) {
+  return {{"control", button.control ? htr60::NameOf(button.control) : std::string()},
+          {"caption", button.caption},
+          {"enabled", button.enabled},
+          {"mnemonic", LetterOf(button.mnemonic)}};
+}
+
+template <class Items, class Make>
+Json ArrayOf(const Items& items, Make make) {
+  Json array = Json::array();
+  for (const auto& item : items) array.push_back(make(item));
+  return array;
+}
+
+Json AsJson(const Screen& screen) {
+  return {
+      {"frame", screen.frame ? Json(htr60::NameOf(screen.frame)) : Json()},
+      {"title", screen.title},
+      {"purpose", screen.purpose},
+      {"dataLine", screen.dataLine},
+      {"footer", screen.footer},
+      {"message", screen.message},
+      {"strip", screen.strip},
+      {"health", {{"state", NameOf(screen.health)}, {"text", screen.healthText}}},
+      {"tabs",
+       ArrayOf(screen.tabs,
+               [](const auto& tabs) -> Json {
+                 return {{"control", htr60::NameOf(tabs.control)}, {"index", tabs.index}, {"captions", tabs.captions}};
+               })},
+      {"groups", ArrayOf(screen.groups,
+                         [](const auto& group) -> Json {
+                           return {{"caption", group.caption}, {"mnemonic", LetterOf(group.mnemonic)}};
+                         })},
+      {"rows", ArrayOf(screen.rows, RowOf)},
+      {"buttons", ArrayOf(screen.buttons, ButtonOf)},
+      {"revertable", screen.revertable},
+      {"figure", screen.figure ? Json{{"sentence", screen.figure->sentence},
+                                      {"above", screen.figure->above},
+                                      {"remarks", screen.figure->remarks}}
+                               : Json()}};
+}
+
+Action ShowScreen(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return AsJson(host.Presented().Show()); };
+}
+
+Action Reopen(VirtualHost& host, Fields&) {
+  return [&host]() -> Json {
+    if (!host.Presented().Reopen()) throw CommandError("there is no page to open again");
+    return {};
+  };
+}
+
+Action Revert(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return {{"fields", host.Presented().Revert()}}; };
+}
+
+Action Focus(VirtualHost& host, Fields& fields) {
+  const ControlId control = FindByName(fields.Text("control"));
+  return [&host, control]() -> Json {
+    host.Presented().Focus(control);
+    return {};
+  };
+}
+
+constexpr CommandRow kRows[] = {
+    {.name = "screen", .prepare = ShowScreen},
+    {.name = "reopen", .prepare = Reopen},
+    {.name = "revert", .prepare = Revert},
+    {.name = "focus", .prepare = Focus},
+};
+
+}  // namespace
+
+std::span<const CommandRow> ScreenCommands() { return kRows; }
+
+}  // namespace htr60::automation
