@@ -30,11 +30,17 @@ bool Is(const char* name, const char (&literal)[N]) {
 
 const Answer::Entry* Answer::Find(std::string_view tag) const {
   if (entries_.size() > kFew) return FindAmongMany(tag);
+  if (next_ < entries_.size() && entries_[next_].first) {
+    ++comparisons_;
+    if (TagOf(entries_[next_]) == tag) return &entries_[next_++];
+  }
   const std::uint32_t hash = ShortHash(tag);
   for (std::size_t i = 0; i < entries_.size(); ++i) {
     if (hashes_[i] != hash) continue;
     ++comparisons_;
-    if (TagOf(entries_[i]) == tag) return &entries_[i];
+    if (TagOf(entries_[i]) != tag) continue;
+    next_ = i + 1;
+    return &entries_[i];
   }
   return nullptr;
 }
@@ -65,12 +71,20 @@ void Answer::Clear() {
   text_.clear();
   entries_.clear();
   byTag_.clear();
+  seen_ = 0;
+  next_ = 0;
   comparisons_ = 0;
 }
 
 void Answer::Add(std::string_view tag, const char* value) {
-  if (entries_.size() < kFew) hashes_[entries_.size()] = ShortHash(tag);
   Entry entry{.tagAt = static_cast<std::uint32_t>(text_.size()), .tagSize = static_cast<std::uint32_t>(tag.size())};
+  if (entries_.size() < kFew) {
+    const std::uint32_t hash = ShortHash(tag);
+    const std::uint64_t bit = std::uint64_t{1} << (hash % 64);
+    hashes_[entries_.size()] = hash;
+    entry.first = (seen_ & bit) == 0;
+    seen_ |= bit;
+  }
   text_.append(tag);
   if (value != nullptr) {
     const std::string_view digits(value);

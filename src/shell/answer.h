@@ -33,6 +33,7 @@ class Answer {
     std::uint32_t tagSize = 0;
     std::uint32_t valueSize = 0;  // the value stands after the tag
     bool hasValue = false;
+    bool first = false;  // certainly the first with its tag; not known of every one
   };
   /// An answer of the device has at most 24 tags. So few are passed through by their hashes; more are put in order.
   static constexpr std::size_t kFew = 64;
@@ -48,6 +49,8 @@ class Answer {
   std::vector<Entry> entries_;                // in the order of the document
   std::array<std::uint32_t, kFew> hashes_{};  // of the tags of the first entries
   std::vector<std::uint32_t> byTag_;          // numbers of many entries by tag, equal ones in the order of the document
+  std::uint64_t seen_ = 0;                    // a bit for some bits of each hash
+  mutable std::size_t next_ = 0;              // after the entry found last: handlers take tags mostly in their order
   mutable std::size_t comparisons_ = 0;
 };
 
