@@ -6,8 +6,6 @@
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
-#include <map>
-#include <memory>
 #include <new>
 #include <random>
 #include <string>
@@ -16,8 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "pages/pages.h"
-#include "shell/user_cntrl.h"
+#include "core/bare_control.h"
 #include "text/failure.h"
 #include "text/text_hash.h"
 
@@ -230,22 +227,8 @@ TEST(AnswerReader, NoDocumentMakesALookUpSlow) {
   }
 }
 
-struct NoBoxes final : IMessageBoxes {
-  BoxButton Show(const MessageBox& box) override { return box.buttons.front(); }
-};
-struct NoTimers final : ITimers {
-  void Arm(int, std::int32_t) override {}
-  void Disarm(int) override {}
-};
-struct NoIcons final : IIcons {
-  bool Load(std::string_view) override { return true; }
-};
-
 TEST(AnswerReader, ALargeAnswerLeavesNothingBehind) {
-  NoBoxes boxes;
-  NoTimers timers;
-  NoIcons icons;
-  const auto control = UserCntrl::Create({.boxes = boxes, .timers = timers, .icons = icons}, PagesOfHtr60());
+  const BareControl control;
   const std::string usual = "<A><P tag='TRDPVType' value='0001'/></A>";
   Tags tags;
   for (int i = 0; i < 100'000; ++i) tags.push_back("Tag" + std::to_string(i));
