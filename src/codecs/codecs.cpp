@@ -30,41 +30,47 @@ bool RoundScaled(double magnitude, int decimals, std::uint64_t& rounded) {
   return true;
 }
 
-/// Writes the digits of `value` so that the last stands before `end`, at least `atLeast` of them; returns the first.
-char* WriteDigits(std::uint64_t value, int atLeast, char* end) {
-  for (; value != 0 || atLeast > 0; --atLeast) {
-    *--end = static_cast<char>('0' + value % 10);
-    value /= 10;
-  }
-  return end;
+FormattedNumber FormatExactly(double value, int decimals, char separator) {
+  if (!std::isfinite(value)) throw RuntimeFailure("not a finite number");
+  std::array<char, 352> buffer;
+  char* const end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), std::chars_format::fixed, decimals)
+          .ptr;
+  const std::string_view digits(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  FormattedNumber text;
+  if (value < 0 && digits.find_first_not_of("0.") != std::string_view::npos) text.Append('-');
+  const std::size_t point = digits.find('.');
+  text.Append(digits.substr(0, point));
+  if (decimals > 0) text.Append(separator).Append(digits.substr(point + 1));
+  return text;
+}
+
+// Inlined, as the usual number of decimals is a constant.
+inline FormattedNumber Format(double value, int decimals, char separator) {
+  std::uint64_t scaled = 0;
+  if (!RoundScaled(std::abs(value), decimals, scaled)) return FormatExactly(value, decimals, separator);
+  std::array<char, 32> buffer;
+  char* const end = buffer.data() + buffer.size();
+  char* first = end;
+  const bool negative = value < 0 && scaled != 0;
+  const auto digit = [&] {
+    *--first = static_cast<char>('0' + scaled % 10);
+    scaled /= 10;
+  };
+  for (int i = 0; i < decimals; ++i) digit();
+  if (decimals > 0) *--first = separator;
+  do digit();
+  while (scaled != 0);
+  if (negative) *--first = '-';
+  return FormattedNumber({first, static_cast<std::size_t>(end - first)});
 }
 
 }  // namespace
 
+FormattedNumber Codecs::FormatValue(double value) const { return Format(value, 3, separator_); }
+
 FormattedNumber Codecs::FormatDecimals(double value, int decimals) const {
-  if (!std::isfinite(value)) throw RuntimeFailure("not a finite number");
-  decimals = std::clamp(decimals, 0, kMaxDecimals);
-  const auto decimalDigits = static_cast<std::size_t>(decimals);
-  FormattedNumber text;
-  std::array<char, 352> buffer;
-  std::string_view digits;  // all of them, without the separator
-  std::uint64_t scaled = 0;
-  if (RoundScaled(std::abs(value), decimals, scaled)) {
-    char* const end = buffer.data() + 32;
-    const char* const first = WriteDigits(scaled, decimals + 1, end);
-    digits = {first, static_cast<std::size_t>(end - first)};
-  } else {
-    char* const end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value), std::chars_format::fixed, decimals)
-            .ptr;
-    char* const digitsEnd = std::remove(buffer.data(), end, '.');
-    digits = {buffer.data(), static_cast<std::size_t>(digitsEnd - buffer.data())};
-  }
-  const bool zero = digits.find_first_not_of('0') == std::string_view::npos;
-  if (value < 0 && !zero) text.Append('-');
-  text.Append(digits.substr(0, digits.size() - decimalDigits));
-  if (decimals > 0) text.Append(separator_).Append(digits.substr(digits.size() - decimalDigits));
-  return text;
+  return Format(value, std::clamp(decimals, 0, kMaxDecimals), separator_);
 }
 
 FixedText<8> Codecs::IntToHex(std::int32_t value, int minDigits) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -26,7 +27,7 @@ class Codecs {
   FixedText<8> FloatToHex(std::string_view text) { return float_.FloatToHex(text); }
 
   /// "###0.000". No minus sign before a zero. Throws for what is no finite number.
-  FormattedNumber FormatValue(double value) const { return FormatDecimals(value, 3); }
+  FormattedNumber FormatValue(double value) const;
   /// The same with 0 to 15 decimals.
   FormattedNumber FormatDecimals(double value, int decimals) const;
   NumberText NumberToText(double value) const { return htr60::NumberToText(value, separator_); }
@@ -41,8 +42,9 @@ class Codecs {
   /// Two numbers of eight digits.
   template <class Field>
   void HexToFloatPair(std::string_view hex, Field& first, Field& second) const {
-    first.SetText(FormatValue(HexToFloatAt(hex, 1)));
-    second.SetText(FormatValue(HexToFloatAt(hex, 9)));
+    const std::array<double, 2> values = HexToTwoFloats(hex);
+    first.SetText(FormatValue(values[0]));
+    second.SetText(FormatValue(values[1]));
   }
   /// High value, low value, unit code; the code stays where it cannot be read or is 8000 or more.
   template <class Field>

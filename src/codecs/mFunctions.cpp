@@ -125,6 +125,12 @@ void HexToThreeBytes(std::string_view hex, std::int32_t& first, std::int32_t& se
   }
 }
 
+std::array<double, 2> HexToTwoFloats(std::string_view hex) noexcept {
+  RecordReader record(hex);
+  const double first = record.Float();
+  return {first, record.Float()};
+}
+
 void HexToFloatArray(std::string_view hex, std::array<double, 16>& values) noexcept {
   RecordReader record(hex);
   for (double& value : values) value = record.Float();

@@ -20,6 +20,7 @@ void HexToLong(std::string_view hex, std::int32_t& number) noexcept;
 void HexToFourWords(std::string_view hex, std::int16_t& first, std::int16_t& second, std::int16_t& third,
                     std::int16_t& fourth) noexcept;
 void HexToThreeBytes(std::string_view hex, std::int32_t& first, std::int32_t& second, std::int32_t& third) noexcept;
+std::array<double, 2> HexToTwoFloats(std::string_view hex) noexcept;
 void HexToFloatArray(std::string_view hex, std::array<double, 16>& values) noexcept;
 /// A byte, eight digits of a number, a byte.
 void HexToSimulation(std::string_view hex, std::int32_t& first, double& value, std::int32_t& last) noexcept;

@@ -2,46 +2,61 @@
 
 #include <expat.h>
 
-#include <cstring>
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <random>
 
 #include "codecs/mFunctions.h"
 #include "text/failure.h"
 #include "text/numbers.h"
+#include "text/text_hash.h"
 
 namespace htr60 {
 namespace {
 
-constexpr std::uint32_t HashOf(std::string_view text) {
-  std::uint32_t hash = 2166136261U;
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-  return hash;
-}
+std::uint32_t ShortHash(std::string_view tag) { return static_cast<std::uint32_t>(HashOfText(tag) >> 32U); }
 
-constexpr std::size_t kFirstTableSize = 128;
+/// Whether `name` is the text of `literal`; ends at the first character that differs.
+template <std::size_t N>
+bool Is(const char* name, const char (&literal)[N]) {
+  for (std::size_t i = 0; i < N; ++i) {
+    if (name[i] != literal[i]) return false;
+  }
+  return true;
+}
 
 }  // namespace
 
-bool Answer::Is(const Entry& entry, std::string_view tag) const {
-  return std::string_view(text_).substr(entry.tagAt, entry.tagSize) == tag;
-}
-
 const Answer::Entry* Answer::Find(std::string_view tag) const {
-  if (next_ < entries_.size() && Is(entries_[next_], tag)) return &entries_[next_++];
-  const std::uint32_t hash = HashOf(tag);
-  const std::size_t mask = table_.size() - 1;
-  for (std::size_t i = hash & mask; table_[i] != 0; i = (i + 1) & mask) {
-    const std::size_t number = table_[i] - 1;
-    if (entries_[number].hash != hash || !Is(entries_[number], tag)) continue;
-    next_ = number + 1;
-    return &entries_[number];
+  if (entries_.size() > kFew) return FindAmongMany(tag);
+  if (next_ < entries_.size() && entries_[next_].first) {
+    ++comparisons_;
+    if (TagOf(entries_[next_]) == tag) return &entries_[next_++];
+  }
+  const std::uint32_t hash = ShortHash(tag);
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    if (hashes_[i] != hash) continue;
+    ++comparisons_;
+    if (TagOf(entries_[i]) != tag) continue;
+    next_ = i + 1;
+    return &entries_[i];
   }
   return nullptr;
+}
+
+const Answer::Entry* Answer::FindAmongMany(std::string_view tag) const {
+  const auto found = std::lower_bound(byTag_.begin(), byTag_.end(), tag, [&](std::uint32_t number, std::string_view t) {
+    ++comparisons_;
+    return TagOf(entries_[number]) < t;
+  });
+  return found != byTag_.end() && TagOf(entries_[*found]) == tag ? &entries_[*found] : nullptr;
 }
 
 std::string_view Answer::Text(std::string_view tag) const {
   const Entry* entry = Find(tag);
   if (entry == nullptr || !entry->hasValue) throw RuntimeFailure("tag or value missing");
-  return std::string_view(text_).substr(entry->valueAt, entry->valueSize);
+  return {text_.data() + entry->tagAt + entry->tagSize, entry->valueSize};
 }
 
 std::int32_t Answer::Number(std::string_view tag) const { return HexNumber32(Text(tag)); }
@@ -55,54 +70,43 @@ std::int32_t Answer::Word(std::string_view tag) const {
 void Answer::Clear() {
   text_.clear();
   entries_.clear();
-  table_.assign(table_.empty() ? kFirstTableSize : table_.size(), 0);
+  byTag_.clear();
+  seen_ = 0;
   next_ = 0;
+  comparisons_ = 0;
 }
 
-std::uint32_t& Answer::SlotFor(std::uint32_t hash, std::string_view tag) {
-  const std::size_t mask = table_.size() - 1;
-  std::size_t i = hash & mask;
-  while (table_[i] != 0) {
-    const Entry& entry = entries_[table_[i] - 1];
-    if (entry.hash == hash && Is(entry, tag)) break;
-    i = (i + 1) & mask;
+void Answer::Add(std::string_view tag, const char* value) {
+  Entry entry{.tagAt = static_cast<std::uint32_t>(text_.size()), .tagSize = static_cast<std::uint32_t>(tag.size())};
+  if (entries_.size() < kFew) {
+    const std::uint32_t hash = ShortHash(tag);
+    const std::uint64_t bit = std::uint64_t{1} << (hash % 64);
+    hashes_[entries_.size()] = hash;
+    entry.first = (seen_ & bit) == 0;
+    seen_ |= bit;
   }
-  return table_[i];
-}
-
-void Answer::Grow() {
-  table_.assign(table_.size() * 2, 0);
-  const std::size_t mask = table_.size() - 1;
-  std::uint32_t number = 0;
-  for (const Entry& entry : entries_) {
-    std::size_t i = entry.hash & mask;
-    while (table_[i] != 0) i = (i + 1) & mask;
-    table_[i] = ++number;
-  }
-}
-
-void Answer::Add(const char* tag, const char* value) {
-  const std::string_view name(tag);
-  const std::uint32_t hash = HashOf(name);
-  std::uint32_t& slot = SlotFor(hash, name);
-  if (slot != 0) return;  // the first of a tag counts
-  Entry entry;
-  entry.hash = hash;
-  entry.tagAt = static_cast<std::uint32_t>(text_.size());
-  entry.tagSize = static_cast<std::uint32_t>(name.size());
-  text_.append(name);
+  text_.append(tag);
   if (value != nullptr) {
+    const std::string_view digits(value);
+    text_.append(digits);
+    entry.valueSize = static_cast<std::uint32_t>(digits.size());
     entry.hasValue = true;
-    entry.valueAt = static_cast<std::uint32_t>(text_.size());
-    text_.append(value);
-    entry.valueSize = static_cast<std::uint32_t>(text_.size()) - entry.valueAt;
   }
   entries_.push_back(entry);
-  slot = static_cast<std::uint32_t>(entries_.size());
-  if (entries_.size() * 2 > table_.size()) Grow();
 }
 
-AnswerReader::AnswerReader() : parser_(XML_ParserCreate("UTF-8")) {
+void Answer::Complete() {
+  if (entries_.size() <= kFew) return;
+  byTag_.resize(entries_.size());
+  std::iota(byTag_.begin(), byTag_.end(), 0U);
+  std::sort(byTag_.begin(), byTag_.end(), [&](std::uint32_t a, std::uint32_t b) {
+    ++comparisons_;
+    const int order = TagOf(entries_[a]).compare(TagOf(entries_[b]));
+    return order != 0 ? order < 0 : a < b;
+  });
+}
+
+AnswerReader::AnswerReader() : parser_(XML_ParserCreate("UTF-8")), salt_(std::random_device()() | 1U) {
   if (parser_ == nullptr) throw RuntimeFailure("no XML parser");
 }
 
@@ -112,33 +116,49 @@ void AnswerReader::OnElement(void* self, const char*, const char** attributes) {
   const char* tag = nullptr;
   const char* value = nullptr;
   for (; *attributes != nullptr; attributes += 2) {
-    if (std::strcmp(attributes[0], "tag") == 0) {
+    if (Is(attributes[0], "tag")) {
       tag = attributes[1];
-    } else if (std::strcmp(attributes[0], "value") == 0) {
+    } else if (Is(attributes[0], "value")) {
       value = attributes[1];
     }
   }
-  if (tag != nullptr) static_cast<AnswerReader*>(self)->answer_.Add(tag, value);
+  if (tag == nullptr) return;
+  auto& reader = *static_cast<AnswerReader*>(self);
+  try {
+    reader.answer_.Add(tag, value);
+  } catch (...) {  // out of memory: nothing may be thrown through the parser
+    XML_StopParser(reader.parser_, XML_FALSE);
+  }
 }
 
 void AnswerReader::OnDoctype(void* self, const char*, const char*, const char*, int) {
   XML_StopParser(static_cast<AnswerReader*>(self)->parser_, XML_FALSE);
 }
 
+bool AnswerReader::Parse(std::string_view document) {
+  // As large as they may be: the parser begins a long text anew with each piece.
+  constexpr std::size_t kPiece = std::size_t{1} << 30U;
+  while (document.size() > kPiece) {
+    if (XML_Parse(parser_, document.data(), static_cast<int>(kPiece), XML_FALSE) != XML_STATUS_OK) return false;
+    document.remove_prefix(kPiece);
+  }
+  return XML_Parse(parser_, document.data(), static_cast<int>(document.size()), XML_TRUE) == XML_STATUS_OK;
+}
+
 const Answer* AnswerReader::Read(std::string_view document) {
+  constexpr std::size_t kLarge = std::size_t{64} << 10U;  // an answer of the device has about two
+  outgrown_ = outgrown_ || document.size() > kLarge;
+  answer_.Clear();
+  if (document.size() > std::numeric_limits<std::uint32_t>::max()) return nullptr;
   // A reset keeps the parser's memory and drops its handlers; the encoding given here overrides a declared one.
   XML_ParserReset(parser_, "UTF-8");
+  XML_SetHashSalt(parser_, salt_);
   XML_SetUserData(parser_, this);
   XML_SetStartElementHandler(parser_, &AnswerReader::OnElement);
   XML_SetStartDoctypeDeclHandler(parser_, &AnswerReader::OnDoctype);
-  answer_.Clear();
-  constexpr std::size_t kPiece = std::size_t{1} << 20U;
-  while (document.size() > kPiece) {
-    if (XML_Parse(parser_, document.data(), static_cast<int>(kPiece), XML_FALSE) != XML_STATUS_OK) return nullptr;
-    document.remove_prefix(kPiece);
-  }
-  const bool whole = XML_Parse(parser_, document.data(), static_cast<int>(document.size()), XML_TRUE) == XML_STATUS_OK;
-  return whole ? &answer_ : nullptr;
+  if (!Parse(document)) return nullptr;
+  answer_.Complete();
+  return &answer_;
 }
 
 }  // namespace htr60

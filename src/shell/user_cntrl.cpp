@@ -140,7 +140,7 @@ void UserCntrl::Dispatch(std::int32_t responseCode, std::string_view document) {
   } else if (row->unreadable) {
     Guarded([&] { row->unreadable(*this); });
   }
-  readers_.push_back(std::move(reader));
+  if (!reader->Outgrown()) readers_.push_back(std::move(reader));
 }
 
 std::vector<int> UserCntrl::TakeHandledCodes() { return std::exchange(handledCodes_, {}); }

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <type_traits>
 
+#include "text/text_hash.h"
+
 namespace htr60 {
 
 /// A text and what it is written as or means.
@@ -17,38 +19,6 @@ struct TextPair {
 };
 
 namespace text_map_detail {
-
-template <std::size_t kBytes>
-constexpr std::uint64_t Load(const char* from) {
-  if (std::is_constant_evaluated() || std::endian::native != std::endian::little) {
-    std::uint64_t value = 0;
-    for (std::size_t i = kBytes; i-- > 0;) value = (value << 8U) | static_cast<unsigned char>(from[i]);
-    return value;
-  }
-  std::uint64_t value = 0;
-  std::memcpy(&value, from, kBytes);
-  return value;
-}
-
-/// Takes in the whole of a text of up to 16 bytes, and the ends and the middle of a longer one.
-constexpr std::uint64_t Hash(std::string_view text) {
-  const char* const first = text.data();
-  const std::size_t size = text.size();
-  std::uint64_t a = 0;
-  std::uint64_t b = size;
-  if (size >= 8) {
-    a = Load<8>(first);
-    b += Load<8>(first + size - 8);
-    if (size > 16) a ^= std::rotl(Load<8>(first + size / 2 - 4), 27);
-  } else if (size >= 4) {
-    a = Load<4>(first) | Load<4>(first + size - 4) << 32U;
-  } else if (size > 0) {
-    a = Load<1>(first) | Load<1>(first + size / 2) << 8U | Load<1>(first + size - 1) << 16U;
-  }
-  std::uint64_t hash = (a ^ std::rotl(b * 0x9E3779B97F4A7C15U, 32)) * 0xD6E8FEB86659FD93U;
-  hash ^= hash >> 32U;
-  return hash * 0xD6E8FEB86659FD93U;
-}
 
 constexpr bool Equal(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
@@ -95,7 +65,7 @@ class TextMap {
   static constexpr std::size_t kSlots = std::bit_ceil(4 * N);
 
   static constexpr std::size_t FirstSlot(std::string_view text) {
-    return static_cast<std::size_t>(text_map_detail::Hash(text) >> (64U - std::countr_zero(kSlots)));
+    return static_cast<std::size_t>(HashOfText(text) >> (64U - std::countr_zero(kSlots)));
   }
 
   std::array<std::uint16_t, kSlots> slots_{};  // row + 1, 0 for none

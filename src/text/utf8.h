@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace htr60 {
 
@@ -13,6 +16,7 @@ constexpr bool IsContinuation(char byte) { return (static_cast<unsigned char>(by
 /// Size in bytes of the character that `text` (not empty) begins with.
 constexpr std::size_t CharacterSize(std::string_view text) {
   const auto lead = static_cast<unsigned char>(text.front());
+  if (lead < 0x80) return 1;
   std::size_t size = 1;
   if (lead >= 0xC2 && lead < 0xE0) size = 2;
   if (lead >= 0xE0 && lead < 0xF0) size = 3;
@@ -24,9 +28,19 @@ constexpr std::size_t CharacterSize(std::string_view text) {
   return size;
 }
 
+/// Whether the eight bytes at `text` are eight characters.
+inline bool EightCharacters(const char* text) {
+  std::uint64_t bytes = 0;
+  std::memcpy(&bytes, text, sizeof bytes);
+  return (bytes & 0x8080808080808080U) == 0;
+}
+
 /// Takes at most `count` characters off the front of `text`.
 constexpr std::string_view TakeCharacters(std::string_view& text, std::size_t count) {
   std::size_t size = 0;
+  if (!std::is_constant_evaluated()) {
+    for (; count >= 8 && text.size() - size >= 8 && EightCharacters(text.data() + size); count -= 8) size += 8;
+  }
   while (count > 0 && size < text.size()) {
     size += CharacterSize(text.substr(size));
     --count;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <random>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,6 +10,7 @@
 
 #include "codecs/codecs.h"
 #include "codecs/mFunctions.h"
+#include "text/hex_digits.h"
 
 namespace htr60 {
 namespace {
@@ -98,6 +100,28 @@ TEST(Records, Simulation) {
     EXPECT_EQ(first, row.first) << row.hex;
     EXPECT_EQ(value, row.value) << row.hex;
     EXPECT_EQ(last, row.last) << row.hex;
+  }
+}
+
+// Pieces are counted in characters, however many bytes these have.
+TEST(Records, PiecesAreTakenByCharacters) {
+  std::mt19937 random(5);
+  for (int round = 0; round < 20000; ++round) {
+    std::vector<std::string> characters;
+    for (std::size_t left = random() % 21; left > 0; --left) {
+      characters.push_back(random() % 8 != 0 ? std::string(1, kHexDigits[random() % 16]) : random() % 2 ? "é" : "\xC3");
+    }
+    std::string first;
+    std::string second;
+    std::string hex;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+      hex += characters[i];
+      if (i < 16) (i < 8 ? first : second) += characters[i];
+    }
+    const std::array<double, 2> values = HexToTwoFloats(hex);
+    ASSERT_EQ(values[0], HexToFloat(first)) << hex;
+    ASSERT_EQ(values[1], HexToFloat(second)) << hex;
+    ASSERT_EQ(HexToFloatAt(hex, 9), values[1]) << hex;
   }
 }
 
