@@ -5,14 +5,14 @@
 #include <cstdio>
 #include <memory>
 
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 #include "desktop/main_window.h"
 #include "desktop/options.h"
 #include "desktop/tour.h"
 
 namespace {
 
-using htr60::desktop::Host;
+using htr60::desktop::DesktopHost;
 using htr60::desktop::MainWindow;
 using htr60::desktop::Options;
 using htr60::desktop::Tour;
@@ -22,7 +22,7 @@ struct Session {
   Session(const htr60::sim::Settings& settings, MainWindow::Places places) : host(settings), window(host, places) {
     window.setAttribute(Qt::WA_DeleteOnClose, false);
   }
-  Host host;
+  DesktopHost host;
   MainWindow window;
 };
 

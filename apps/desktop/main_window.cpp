@@ -34,7 +34,7 @@ constexpr const char* kSplitterKey = "window/splitter";
 
 }  // namespace
 
-MainWindow::MainWindow(Host& host, Places places) : host_(host), control_(host.Control()), places_(places) {
+MainWindow::MainWindow(DesktopHost& host, Places places) : host_(host), control_(host.Control()), places_(places) {
   setWindowIcon(QIcon(QStringLiteral(":/htr60/htr60.svg")));
   MakeLayout();
   MakeMenus();
@@ -43,7 +43,7 @@ MainWindow::MainWindow(Host& host, Places places) : host_(host), control_(host.C
   resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
   RestorePlaces();
   host_.SetBoxParent(this);
-  connect(&host_, &Host::TurnEnded, this, &MainWindow::Turn);
+  connect(&host_, &DesktopHost::TurnEnded, this, &MainWindow::Turn);
   tree_->Apply();
   LimitTree();
   panels_->Apply(control_.form.statusBar);

@@ -2,12 +2,12 @@
 
 #include <QTemporaryDir>
 
-#include "session.h"
+#include "desktop_test.h"
 
 namespace htr60::desktop {
 namespace {
 
-class TourTest : public Session {
+class TourTest : public DesktopTest {
  protected:
   int Run(std::span<const TourStep> steps) {
     Tour tour(window_, Control(), steps, QDir(folder_.path()));

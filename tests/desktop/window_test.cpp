@@ -4,12 +4,12 @@
 #include <QSettings>
 #include <QSplitter>
 
-#include "session.h"
+#include "desktop_test.h"
 
 namespace htr60::desktop {
 namespace {
 
-using WindowTest = Session;
+using WindowTest = DesktopTest;
 
 QMessageBox* OpenBox() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
 
@@ -222,7 +222,7 @@ TEST_F(WindowTest, YesNoBoxesStandOnNoAndTimersGoOnBeforeThem) {
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {
   QSettings().clear();
-  Host host({});
+  DesktopHost host({});
   QSize size;
   QList<int> split;
   {

@@ -16,12 +16,12 @@ namespace htr60::desktop {
 
 /// One control with all it needs: the simulated transmitter's DTM manager, timers, message boxes, icons, a watcher.
 /// Everything runs in the thread that made it, out of the event loop. The ports outlive the control.
-class Host final : public QObject, private IMessageBoxes, private ITimers, private IIcons, private IFormWatcher {
+class DesktopHost final : public QObject, private IMessageBoxes, private ITimers, private IIcons, private IFormWatcher {
   Q_OBJECT
 
  public:
-  explicit Host(const sim::Settings& settings);
-  ~Host() override;
+  explicit DesktopHost(const sim::Settings& settings);
+  ~DesktopHost() override;
 
   UserCntrl& Control() { return *control_; }
   sim::Manager& Transmitter() { return *manager_; }

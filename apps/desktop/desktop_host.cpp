@@ -1,4 +1,4 @@
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 
 #include <QFile>
 #include <QLocale>
@@ -40,11 +40,11 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 }  // namespace
 
-Host::Host(const sim::Settings& settings) {
+DesktopHost::DesktopHost(const sim::Settings& settings) {
   clock_.start();
   transmitterTimer_.setSingleShot(true);
   transmitterTimer_.setTimerType(Qt::PreciseTimer);
-  connect(&transmitterTimer_, &QTimer::timeout, this, &Host::RunTransmitter);
+  connect(&transmitterTimer_, &QTimer::timeout, this, &DesktopHost::RunTransmitter);
   for (int i = 0; i < static_cast<int>(kTimerCount); ++i) {
     QTimer& timer = timers_[static_cast<std::size_t>(i)];
     timer.setSingleShot(true);
@@ -63,13 +63,13 @@ Host::Host(const sim::Settings& settings) {
   control_->Init("htr60", "", manager_);
 }
 
-Host::~Host() {
+DesktopHost::~DesktopHost() {
   control_->PrepareToRelease();
   control_.reset();
   manager_->onScheduleChanged = nullptr;
 }
 
-BoxButton Host::Show(const MessageBox& box) {
+BoxButton DesktopHost::Show(const MessageBox& box) {
   ArmTransmitter();  // answers go on while the box is open, also when it was opened while one was handled
   const QPointer<QMessageBox> dialog = new QMessageBox(boxParent_);
   dialog->setTextFormat(Qt::PlainText);
@@ -91,15 +91,15 @@ BoxButton Host::Show(const MessageBox& box) {
   return closed;
 }
 
-void Host::Arm(int timer, std::int32_t milliseconds) {
+void DesktopHost::Arm(int timer, std::int32_t milliseconds) {
   timers_.at(static_cast<std::size_t>(timer)).start(milliseconds);
 }
 
-void Host::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).stop(); }
+void DesktopHost::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).stop(); }
 
-bool Host::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
+bool DesktopHost::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
 
-void Host::FormChanged() {
+void DesktopHost::FormChanged() {
   if (turnQueued_) return;
   turnQueued_ = true;
   QMetaObject::invokeMethod(
@@ -111,14 +111,14 @@ void Host::FormChanged() {
       Qt::QueuedConnection);
 }
 
-void Host::ArmTransmitter() {
+void DesktopHost::ArmTransmitter() {
   const auto due = manager_ != nullptr ? manager_->NextDue() : std::nullopt;
   if (!due) return transmitterTimer_.stop();
   transmitterTimer_.start(static_cast<int>(std::clamp<std::int64_t>(*due - clock_.elapsed(), 0, 24 * 3600 * 1000)));
 }
 
 // One delivery a turn, so that the control's timers and the operator come in between.
-void Host::RunTransmitter() {
+void DesktopHost::RunTransmitter() {
   manager_->RunOne(clock_.elapsed());
   FormChanged();
   ArmTransmitter();

@@ -10,7 +10,7 @@
 #include <functional>
 
 #include "desktop/action_area.h"
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 #include "desktop/identification_strip.h"
 #include "desktop/main_window.h"
 #include "desktop/page_area.h"
@@ -44,9 +44,9 @@ inline void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, 
 }
 
 /// A window before a simulated transmitter, shown.
-class Session : public testing::Test {
+class DesktopTest : public testing::Test {
  protected:
-  explicit Session(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
+  explicit DesktopTest(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
       : host_(settings), window_(host_, places) {
     window_.show();
     window_.activateWindow();
@@ -82,7 +82,7 @@ class Session : public testing::Test {
   }
   std::string Panel(int number) { return TheForm().statusBar.Panel(number).text; }
 
-  Host host_;
+  DesktopHost host_;
   MainWindow window_;
 };
 
