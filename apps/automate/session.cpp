@@ -4,47 +4,12 @@
 
 #include "automate/commands.h"
 #include "automate/icon_folder.h"
+#include "simulator/manager/json_text.h"
 
 namespace htr60::automation {
 namespace {
 
 constexpr const char* kSettings[] = {"device", "process", "timing", "faults"};
-
-// No command is nested as deeply as this; what is deeper could only exhaust the stack of whoever walks through it.
-constexpr int kDeepest = 64;
-
-bool IsTooDeep(std::string_view line) {
-  int depth = 0;
-  bool inText = false;
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    const char character = line[i];
-    if (inText) {
-      if (character == '\\') ++i;
-      if (character == '"') inText = false;
-    } else if (character == '"') {
-      inText = true;
-    } else if (character == '[' || character == '{') {
-      if (++depth > kDeepest) return true;
-    } else if (character == ']' || character == '}') {
-      --depth;
-    }
-  }
-  return false;
-}
-
-Json Parsed(std::string_view line) {
-  if (line.find_first_not_of(" \t\r") == std::string_view::npos) throw CommandError("the line is empty");
-  if (IsTooDeep(line)) throw CommandError("the line is nested too deeply");
-  // The parser takes a NUL for the end of its input.
-  if (line.find('\0') != std::string_view::npos) throw CommandError("the line is no JSON: it holds a NUL");
-  try {
-    return Json::parse(line);
-  } catch (const Json::parse_error& error) {
-    throw CommandError("the line is no JSON in UTF-8, from byte " + std::to_string(error.byte));
-  } catch (const Json::exception&) {
-    throw CommandError("the line is no JSON: a number is out of range");
-  }
-}
 
 sim::Settings SettingsOf(Fields& fields) {
   Json own = Json::object();
@@ -74,8 +39,8 @@ Json Session::Do(const Json& command) {
 std::string Session::DoLine(std::string_view line) {
   Json answer;
   try {
-    answer = Do(Parsed(line));
-  } catch (const CommandError& error) {
+    answer = Do(sim::ParseJsonText(line));
+  } catch (const sim::SettingsError& error) {
     answer = Refused(error.what());
   }
   return answer.dump(-1, ' ', false, Json::error_handler_t::replace);
