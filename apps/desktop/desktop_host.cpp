@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "desktop/status_panels.h"
 #include "pages/pages.h"
@@ -44,12 +45,12 @@ DesktopHost::DesktopHost(const sim::Settings& settings) {
   clock_.start();
   transmitterTimer_.setSingleShot(true);
   transmitterTimer_.setTimerType(Qt::PreciseTimer);
-  connect(&transmitterTimer_, &QTimer::timeout, this, &DesktopHost::RunTransmitter);
+  Connect(&transmitterTimer_, &QTimer::timeout, this, &DesktopHost::RunTransmitter);
   for (int i = 0; i < static_cast<int>(kTimerCount); ++i) {
     QTimer& timer = timers_[static_cast<std::size_t>(i)];
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
-    connect(&timer, &QTimer::timeout, this, [this, i] {
+    Connect(&timer, &QTimer::timeout, this, [this, i] {
       control_->TimerDue(i);
       FormChanged();
     });
@@ -102,13 +103,13 @@ bool DesktopHost::Load(std::string_view fileName) { return QFile::exists(Connect
 void DesktopHost::FormChanged() {
   if (turnQueued_) return;
   turnQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        turnQueued_ = false;
-        Q_EMIT TurnEnded();
-      },
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this,
+                            AtEdge(this,
+                                   [this] {
+                                     turnQueued_ = false;
+                                     Q_EMIT TurnEnded();
+                                   }),
+                            Qt::QueuedConnection);
 }
 
 void DesktopHost::ArmTransmitter() {

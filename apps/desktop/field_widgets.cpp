@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "desktop/shapes.h"
 
@@ -163,6 +164,10 @@ QSize WordsLabel::minimumSizeHint() const {
 }
 
 void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
+  Guarded([this] { Paint(); });
+}
+
+void WordsLabel::Paint() {
   const QString& text = Fits() ? words_ : brief_;
   if (text.isEmpty()) return;
   QPainter painter(this);

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "desktop/application.h"
 #include "desktop/desktop_host.h"
 #include "desktop/main_window.h"
 #include "desktop/options.h"
@@ -84,7 +85,7 @@ int main(int argc, char** argv) {
     }
     ChoosePlatform(options);
     LoadSettings(options);  // what is wrong with them is said before a window opens
-    QApplication application(argc, argv);
+    htr60::desktop::Application application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("htr60"));
     QApplication::setApplicationName(QStringLiteral("htr60"));
     if (!options.tour.isEmpty()) return RunTour(application, options);

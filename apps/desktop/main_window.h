@@ -59,6 +59,7 @@ class MainWindow final : public QMainWindow {
   void PutActionsLast();
   void LimitTree();
   void RestorePlaces();
+  void KeepPlaces();
 
   DesktopHost& host_;
   UserCntrl& control_;

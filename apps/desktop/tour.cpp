@@ -9,6 +9,8 @@
 #include <QTextStream>
 
 #include "desktop/choice_field.h"
+#include "desktop/edge.h"
+#include "desktop/keys.h"
 #include "desktop/page_area.h"
 #include "desktop/page_header.h"
 #include "desktop/qt_text.h"
@@ -31,13 +33,6 @@ constexpr Word kWords[] = {
     {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},       {TourDo::kExpect, "expect"},
     {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
 };
-
-void Key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
-  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(&widget, &event);
-  }
-}
 
 void ClickAt(QWidget& widget, const QPoint& at) {
   const QPointF place = at;
@@ -74,7 +69,7 @@ Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> ste
     : window_(window), control_(control), steps_(steps), folder_(folder) {
   ticks_.setInterval(kTickMs);
   ticks_.setSingleShot(true);
-  connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
+  Connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
 }
 
 void Tour::Start() {
@@ -163,8 +158,8 @@ Tour::Outcome Tour::Type(const TourStep& step) {
   if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
   field->setFocus(Qt::TabFocusReason);
   field->selectAll();
-  Key(*field, Qt::Key_Delete);
-  for (const QChar letter : ToQt(step.text)) Key(*field, 0, Qt::NoModifier, letter);
+  SendKey(*field, Qt::Key_Delete);
+  SendText(*field, ToQt(step.text));
   return field->text() == ToQt(step.text) ? Outcome::kDone : Outcome::kCannot;
 }
 
@@ -179,7 +174,7 @@ Tour::Outcome Tour::Choose(const TourStep& step) {
     const QModelIndex index = list->model()->index(row, 0);
     if (!index.flags().testFlag(Qt::ItemIsSelectable) || index.data().toString() != ToQt(step.text)) continue;
     list->setCurrentIndex(index);
-    Key(*list, Qt::Key_Return);
+    SendKey(*list, Qt::Key_Return);
     return field->Popup() == nullptr || !field->Popup()->isVisible() ? Outcome::kDone : Outcome::kCannot;
   }
   field->hidePopup();

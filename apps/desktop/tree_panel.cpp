@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -35,7 +36,7 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tre
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { Activate(item); });
+  Connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { Activate(item); });
 }
 
 void TreePanel::Apply() {

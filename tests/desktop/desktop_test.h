@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QKeyEvent>
 #include <QShortcut>
 #include <QTimer>
 #include <functional>
@@ -12,6 +11,7 @@
 #include "desktop/action_area.h"
 #include "desktop/desktop_host.h"
 #include "desktop/identification_strip.h"
+#include "desktop/keys.h"
 #include "desktop/main_window.h"
 #include "desktop/page_area.h"
 #include "desktop/page_header.h"
@@ -34,13 +34,10 @@ inline bool WaitFor(const std::function<bool()>& done, int patienceMs = 10'000) 
   return done();
 }
 
+/// Presses a key where the focus is.
 inline void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
-  QWidget* focus = QApplication::focusWidget();
-  ASSERT_NE(focus, nullptr);
-  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(focus, &event);
-  }
+  ASSERT_NE(QApplication::focusWidget(), nullptr);
+  SendKey(*QApplication::focusWidget(), key, modifiers, text);
 }
 
 /// A window before a simulated transmitter, shown.
