@@ -115,7 +115,8 @@ void TextEntry::focusOutEvent(QFocusEvent* event) {
 
 void TextEntry::keyPressEvent(QKeyEvent* event) {
   if (IsEnter(*event)) {
-    Q_EMIT Entered();
+    const bool held = event->isAutoRepeat() && echoMode() == QLineEdit::Password;  // a password's Enter opens a page
+    if (!held) Q_EMIT Entered();
     return;
   }
   if (event->key() == Qt::Key_Escape) {
@@ -179,7 +180,7 @@ void WordsLabel::Paint() {
 
 void PageButton::keyPressEvent(QKeyEvent* event) {
   if (IsEnter(*event)) {
-    if (!writes_) animateClick();
+    if (!writes_ && !event->isAutoRepeat()) animateClick();
     return;
   }
   QPushButton::keyPressEvent(event);

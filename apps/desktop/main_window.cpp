@@ -120,7 +120,9 @@ void MainWindow::MakeMenus() {
 
 void MainWindow::MakeKeys() {
   const auto on = [this](const QKeySequence& keys, auto run) {
-    Connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setAutoRepeat(false);  // a key held down is one press
+    Connect(shortcut, &QShortcut::activated, this, run);
   };
   on(QKeySequence(Qt::Key_F5), [this] { ActivateAgain(); });
   on(QKeySequence(Qt::Key_F6), [this] { StepFocus(1); });

@@ -116,6 +116,7 @@ PageArea::PageArea(UserCntrl& control, QWidget* parent)
   } kTabKeys[] = {{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::Key_PageDown, 1}, {Qt::CTRL | Qt::Key_PageUp, -1}};
   for (const auto& [key, step] : kTabKeys) {
     auto* shortcut = new QShortcut(QKeySequence(key), this);
+    shortcut->setAutoRepeat(false);  // a tab may read from the device
     Connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
   }
   deadline_.setSingleShot(true);

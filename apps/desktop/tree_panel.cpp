@@ -97,7 +97,7 @@ void TreePanel::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-      Activate(currentItem());
+      if (!event->isAutoRepeat()) Activate(currentItem());
       return;
     default:
       QTreeWidget::keyPressEvent(event);
