@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <algorithm>
 
 #include "desktop/edge.h"
@@ -50,10 +51,7 @@ DesktopHost::DesktopHost(const sim::Settings& settings) {
     QTimer& timer = timers_[static_cast<std::size_t>(i)];
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
-    Connect(&timer, &QTimer::timeout, this, [this, i] {
-      control_->TimerDue(i);
-      FormChanged();
-    });
+    Connect(&timer, &QTimer::timeout, this, [this, i] { TimerDue(i); });
   }
   manager_ = sim::Manager::Create(settings, [this] { return clock_.elapsed(); });
   manager_->onScheduleChanged = [this] { ArmTransmitter(); };
@@ -71,6 +69,11 @@ DesktopHost::~DesktopHost() {
 }
 
 BoxButton DesktopHost::Show(const MessageBox& box) {
+  ++openBoxes_;
+  const auto closing = qScopeGuard([this] {
+    --openBoxes_;
+    ArmTransmitter();
+  });
   ArmTransmitter();  // answers go on while the box is open, also when it was opened while one was handled
   const QPointer<QMessageBox> dialog = new QMessageBox(boxParent_);
   dialog->setTextFormat(Qt::PlainText);
@@ -93,10 +96,25 @@ BoxButton DesktopHost::Show(const MessageBox& box) {
 }
 
 void DesktopHost::Arm(int timer, std::int32_t milliseconds) {
+  Disarm(timer);
   timers_.at(static_cast<std::size_t>(timer)).start(milliseconds);
 }
 
-void DesktopHost::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).stop(); }
+void DesktopHost::Disarm(int timer) {
+  timers_.at(static_cast<std::size_t>(timer)).stop();
+  std::erase_if(waitingTimers_, [timer](const WaitingTimer& waiting) { return waiting.timer == timer; });
+}
+
+void DesktopHost::TimerDue(int timer) {
+  if (!Full() && waitingTimers_.empty()) return RunTimer(timer);
+  waitingTimers_.push_back({timer, clock_.elapsed()});
+  ArmTransmitter();
+}
+
+void DesktopHost::RunTimer(int timer) {
+  control_->TimerDue(timer);
+  FormChanged();
+}
 
 bool DesktopHost::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
 
@@ -112,16 +130,27 @@ void DesktopHost::FormChanged() {
                             Qt::QueuedConnection);
 }
 
+// Armed for what is due first, the transmitter's next item or a timer that waits.
 void DesktopHost::ArmTransmitter() {
-  const auto due = manager_ != nullptr ? manager_->NextDue() : std::nullopt;
+  if (manager_ == nullptr || Full()) return transmitterTimer_.stop();
+  auto due = manager_->NextDue();
+  if (!waitingTimers_.empty()) due = std::min(waitingTimers_.front().due, due.value_or(clock_.elapsed()));
   if (!due) return transmitterTimer_.stop();
   transmitterTimer_.start(static_cast<int>(std::clamp<std::int64_t>(*due - clock_.elapsed(), 0, 24 * 3600 * 1000)));
 }
 
 // One delivery a turn, so that the control's timers and the operator come in between.
 void DesktopHost::RunTransmitter() {
-  manager_->RunOne(clock_.elapsed());
-  FormChanged();
+  if (Full()) return;
+  const auto due = manager_->NextDue();
+  if (!waitingTimers_.empty() && waitingTimers_.front().due <= due.value_or(waitingTimers_.front().due)) {
+    const int timer = waitingTimers_.front().timer;
+    waitingTimers_.pop_front();
+    RunTimer(timer);
+  } else {
+    Guarded([this] { manager_->RunOne(clock_.elapsed()); });
+    FormChanged();
+  }
   ArmTransmitter();
 }
 
