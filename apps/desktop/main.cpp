@@ -5,6 +5,7 @@
 #include "desktop/application.h"
 #include "desktop/options.h"
 #include "desktop/session.h"
+#include "desktop/standard_streams.h"
 #include "desktop/tour.h"
 
 namespace {
@@ -22,7 +23,8 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
     return 2;
   }
   Session session(settings, MainWindow::Places::kFresh);
-  Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour));
+  Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour),
+            htr60::desktop::Print);
   int exitCode = 0;
   QObject::connect(&tour, &Tour::Finished, &application, [&](int code) {
     exitCode = code;
@@ -31,6 +33,7 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
   session.window.show();
   tour.Start();
   application.exec();
+  if (!tour.NotWritten().isEmpty()) QTextStream(stderr) << "htr60: " << tour.NotWritten() << Qt::endl;
   return exitCode;
 }
 
@@ -45,13 +48,15 @@ void ChoosePlatform(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  htr60::desktop::SecureStandardStreams();
   try {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
     const Options options = htr60::desktop::ReadOptions(arguments);
     if (!options.say.isEmpty()) {
-      QTextStream(stdout) << options.say << Qt::flush;
-      return 0;
+      if (htr60::desktop::Print(options.say.toStdString())) return 0;
+      QTextStream(stderr) << "htr60: standard output cannot be written to" << Qt::endl;
+      return 1;
     }
     ChoosePlatform(options);
     const htr60::sim::Settings settings = LoadSettings(options);  // what is wrong is said before a window opens
