@@ -1,11 +1,11 @@
 #include "desktop/desktop_host.h"
 
-#include <QFile>
 #include <QLocale>
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <algorithm>
 
+#include "desktop/drawings.h"
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "desktop/status_panels.h"
@@ -13,6 +13,8 @@
 
 namespace htr60::desktop {
 namespace {
+
+constexpr int kPictureSide = 16;
 
 char DecimalSeparator() { return QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.'; }
 
@@ -116,7 +118,10 @@ void DesktopHost::RunTimer(int timer) {
   FormChanged();
 }
 
-bool DesktopHost::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
+// Asked at every answer: a drawing once drawn is not opened again.
+bool DesktopHost::Load(std::string_view fileName) {
+  return !Drawing(ConnectionPicture(fileName), kPictureSide, 1).isNull();
+}
 
 void DesktopHost::FormChanged() {
   if (turnQueued_) return;

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "desktop/action_area.h"
+#include "desktop/drawings.h"
 #include "desktop/edge.h"
 #include "desktop/identification_strip.h"
 #include "desktop/page_area.h"
@@ -30,13 +31,15 @@ constexpr int kFirstWidth = 1100;
 constexpr int kFirstHeight = 720;
 constexpr int kSmallestTree = 180;
 
+constexpr int kIconSide = 32;  // pixels
+
 constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kSplitterKey = "window/splitter";
 
 }  // namespace
 
 MainWindow::MainWindow(DesktopHost& host, Places places) : host_(host), control_(host.Control()), places_(places) {
-  setWindowIcon(QIcon(QStringLiteral(":/htr60/htr60.svg")));
+  setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
   MakeLayout();
   MakeMenus();
   MakeKeys();

@@ -1,10 +1,10 @@
 #include "desktop/tree_panel.h"
 
 #include <QHeaderView>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include "desktop/drawings.h"
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
@@ -12,15 +12,6 @@ namespace htr60::desktop {
 namespace {
 
 constexpr int kPosition = Qt::UserRole;
-
-QString Drawing(std::string_view key) { return QStringLiteral(":/htr60/%1.svg").arg(ToQt(key)); }
-
-QIcon IconOf(const TreeNode& node) {
-  QIcon icon;
-  if (!node.picture.empty()) icon.addFile(Drawing(node.picture), {}, QIcon::Normal);
-  if (!node.selectedPicture.empty()) icon.addFile(Drawing(node.selectedPicture), {}, QIcon::Selected);
-  return icon;
-}
 
 }  // namespace
 
@@ -62,7 +53,7 @@ void TreePanel::Rebuild() {
     QTreeWidgetItem* item = node.parent == 0 ? new QTreeWidgetItem(this)
                                              : new QTreeWidgetItem(items_.at(static_cast<std::size_t>(node.parent)));
     item->setText(0, ToQt(node.text));
-    item->setIcon(0, IconOf(node));
+    item->setIcon(0, DrawingIcon(ToQt(node.picture), ToQt(node.selectedPicture), iconSize().height()));
     item->setData(0, kPosition, static_cast<int>(items_.size()));
     items_.push_back(item);
     expanded_.push_back(node.expanded);
