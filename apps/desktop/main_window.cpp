@@ -148,7 +148,7 @@ void MainWindow::Turn() {
     const QString tag = strip_->Tag();
     setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
   });
-  Guarded([&] { page_->Apply(changes, handledCodes); });
+  Guarded([&] { page_->Apply(changes); });
   Guarded([&] {
     header_->Apply(page_->Current(), page_->Title(), handledCodes);
     actions_->Apply(control_.form);

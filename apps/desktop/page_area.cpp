@@ -136,7 +136,7 @@ const PageLayout* PageArea::InFront() const {
   return found == layouts_.end() ? nullptr : *found;
 }
 
-void PageArea::Apply(const FormChanges& changes, const std::vector<int>& /*handledCodes*/) {
+void PageArea::Apply(const FormChanges& changes) {
   states_.Turn(changes);
   for (WaitingStrip* strip : strips_) strip->Apply();
   ControlSet changed;

@@ -23,7 +23,7 @@ class PageAreaTest : public testing::Test {
   }
 
   void Turn() {
-    area_.Apply(control_->form.TakeChanges(), {});
+    area_.Apply(control_->form.TakeChanges());
     QApplication::processEvents();
   }
   template <class Widget>
