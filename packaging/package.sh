@@ -18,8 +18,10 @@ step "Configuring the package's build" cmake --fresh -S . -B "$folder/build" -G 
 step "Building the programs" cmake --build "$folder/build"
 umask 022
 step "Packing" cpack --config "$folder/build/CPackConfig.cmake" -G DEB -B "$folder/staging"
-mv "$folder"/staging/*.deb "$folder"
-rm -rf "$folder/staging"
-for package in "$folder"/htr60_*.deb; do
-  echo "Package: $package"
+for package in "$folder"/staging/*.deb; do
+  step "Checking that it depends on the SVG library, by which pictures are drawn, and that its programs are hardened" \
+    packaging/check_package.sh "$package"
+  mv "$package" "$folder"
+  echo "Package: $folder/${package##*/}"
 done
+rm -rf "$folder/staging"

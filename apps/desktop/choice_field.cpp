@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -84,7 +85,7 @@ ChoicePopup::ChoicePopup(QStringList rows, const QString& shown, bool search, QW
     search_->setAccessibleName(tr("Search in the list"));
     search_->installEventFilter(this);
     column->addWidget(search_);
-    connect(search_, &QLineEdit::textChanged, this, &ChoicePopup::Searched);
+    Connect(search_, &QLineEdit::textChanged, this, &ChoicePopup::Searched);
   }
   list_ = new QListView(this);
   list_->setModel(model_);
@@ -97,7 +98,7 @@ ChoicePopup::ChoicePopup(QStringList rows, const QString& shown, bool search, QW
   list_->installEventFilter(this);
   list_->setFocusProxy(nullptr);
   column->addWidget(list_);
-  connect(list_, &QListView::clicked, this, &ChoicePopup::Take);
+  Connect(list_, &QListView::clicked, this, &ChoicePopup::Take);
 }
 
 void ChoicePopup::Open() {
@@ -186,7 +187,7 @@ bool ChoicePopup::Key(QKeyEvent& event, bool inSearch) {
 bool ChoicePopup::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const bool inSearch = watched == search_;
-    if (Key(*static_cast<QKeyEvent*>(event), inSearch)) return true;
+    if (GuardedTakes([&] { return Key(*static_cast<QKeyEvent*>(event), inSearch); })) return true;
   }
   return QFrame::eventFilter(watched, event);
 }
@@ -216,12 +217,16 @@ void ChoiceField::showPopup() { OpenWith({}); }
 
 void ChoiceField::OpenWith(const QString& letters) {
   if (popup_ != nullptr || rows_.empty()) return;
+  Guarded([&] { MakePopup(letters); });
+}
+
+void ChoiceField::MakePopup(const QString& letters) {
   QStringList rows;
   rows.reserve(static_cast<qsizetype>(rows_.size()));
   for (const std::string_view row : rows_) rows << ToQt(row);
   popup_ = new ChoicePopup(rows, currentText(), rows.size() > kSearchAbove, this);
   popup_->setAccessibleName(accessibleName());
-  connect(popup_, &ChoicePopup::Taken, this, [this, rows](int row) {
+  Connect(popup_.data(), &ChoicePopup::Taken, this, [this, rows](int row) {
     // The program may have filled the list anew while it stood open.
     const auto at = static_cast<std::size_t>(row);
     if (at < rows_.size() && ToQt(rows_[at]) == rows[row]) Q_EMIT Picked(row);

@@ -94,6 +94,7 @@ class ChoiceField final : public QComboBox {
 
  private:
   void OpenWith(const QString& letters);
+  void MakePopup(const QString& letters);
 
   FieldWidth width_;
   std::span<const std::string_view> rows_;

@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
+#include "desktop/edge.h"
 #include "desktop/mnemonics.h"
 #include "desktop/number_hints.h"
 #include "desktop/qt_text.h"
@@ -74,10 +75,10 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
     entry->setEchoMode(QLineEdit::Password);
     entry->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));
   }
-  connect(entry, &QLineEdit::textEdited, this,
+  Connect(entry, &QLineEdit::textEdited, this,
           [this, field](const QString& text) { context_.states.Type(field, ToUtf8(text)); });
   connect(entry, &TextEntry::PastedCells, this, &FieldCell::PastedCells);
-  connect(entry, &TextEntry::Entered, this, [this] {
+  Connect(entry, &TextEntry::Entered, this, [this] {
     if (row_.enterPresses) {
       Q_EMIT Pressed(row_.enterPresses);
     } else {
@@ -89,7 +90,7 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
 void FieldCell::MakeChoice(FieldWidth width, QWidget* parent) {
   auto* choice = new ChoiceField(width, parent);
   widget_ = choice;
-  connect(choice, &ChoiceField::Picked, this,
+  Connect(choice, &ChoiceField::Picked, this,
           [this](int row) { context_.states.Pick(ChoiceId{control_}, static_cast<std::size_t>(row)); });
   connect(choice, &ChoiceField::Entered, this, &FieldCell::Entered);
 }
@@ -98,7 +99,7 @@ void FieldCell::MakeButton(QWidget* parent) {
   auto* button = new PageButton(kind_ == RowKind::kWrite, parent);
   button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   widget_ = button;
-  connect(button, &QPushButton::clicked, this, [this] { Q_EMIT Pressed(ButtonId{control_}); });
+  Connect(button, &QPushButton::clicked, this, [this] { Q_EMIT Pressed(ButtonId{control_}); });
 }
 
 bool FieldCell::CanBeTypedIn() const { return kind_ == RowKind::kEdit || kind_ == RowKind::kNum; }
@@ -190,13 +191,14 @@ QString FieldCell::ToolTip() const {
 }
 
 bool FieldCell::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    const QString text = ToolTip().toHtmlEscaped().replace(QStringLiteral("\n"), QStringLiteral("<br>"));
-    if (!text.isEmpty()) {
-      QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, widget_);
-      return true;
-    }
-  }
+  const bool taken = event->type() == QEvent::ToolTip && GuardedTakes([&] {
+                       const QString text =
+                           ToolTip().toHtmlEscaped().replace(QStringLiteral("\n"), QStringLiteral("<br>"));
+                       if (text.isEmpty()) return false;
+                       QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, widget_);
+                       return true;
+                     });
+  if (taken) return true;
   return QObject::eventFilter(watched, event);
 }
 

@@ -9,6 +9,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "desktop/shapes.h"
 
@@ -114,7 +115,8 @@ void TextEntry::focusOutEvent(QFocusEvent* event) {
 
 void TextEntry::keyPressEvent(QKeyEvent* event) {
   if (IsEnter(*event)) {
-    Q_EMIT Entered();
+    const bool held = event->isAutoRepeat() && echoMode() == QLineEdit::Password;  // a password's Enter opens a page
+    if (!held) Q_EMIT Entered();
     return;
   }
   if (event->key() == Qt::Key_Escape) {
@@ -163,6 +165,10 @@ QSize WordsLabel::minimumSizeHint() const {
 }
 
 void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
+  Guarded([this] { Paint(); });
+}
+
+void WordsLabel::Paint() {
   const QString& text = Fits() ? words_ : brief_;
   if (text.isEmpty()) return;
   QPainter painter(this);
@@ -174,7 +180,7 @@ void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
 
 void PageButton::keyPressEvent(QKeyEvent* event) {
   if (IsEnter(*event)) {
-    if (!writes_) animateClick();
+    if (!writes_ && !event->isAutoRepeat()) animateClick();
     return;
   }
   QPushButton::keyPressEvent(event);

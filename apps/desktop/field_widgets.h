@@ -83,6 +83,7 @@ class WordsLabel final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void Paint();
   QString words_;
   QString brief_;
   bool alert_ = false;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -55,7 +56,7 @@ QSize FigureWidget::sizeHint() const { return {Pixels(*this, kLeastWidth), Pixel
 
 void FigureWidget::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  Arrange();
+  Guarded([this] { Arrange(); });
 }
 
 QStringList FigureWidget::Above() const {
@@ -97,6 +98,10 @@ QPointF FigureWidget::Place(FigurePoint point) const {
 // ---- painting
 
 void FigureWidget::paintEvent(QPaintEvent* /*event*/) {
+  Guarded([this] { Paint(); });
+}
+
+void FigureWidget::Paint() {
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
   PaintWords(painter);

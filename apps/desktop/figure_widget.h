@@ -33,6 +33,7 @@ class FigureWidget final : public QWidget {
 
  private:
   void Arrange();
+  void Paint();
   void PaintAxes(QPainter& painter) const;
   void PaintLines(QPainter& painter) const;
   void PaintMarkers(QPainter& painter) const;

@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/mnemonics.h"
 #include "desktop/qt_text.h"
 
@@ -103,8 +104,8 @@ FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   }
   line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
   connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
-  connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
-  connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
+  Connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
+  Connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
   if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
   if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
   return cell;
@@ -338,10 +339,15 @@ void GroupView::SetMnemonic(QChar letter) {
 // ---- labels with values
 
 bool GroupView::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress || event->type() == QEvent::FocusIn) {
+  if (GuardedTakes([&] { return LabelTakes(watched, *event); })) return true;
+  return QWidget::eventFilter(watched, event);
+}
+
+bool GroupView::LabelTakes(const QObject* label, const QEvent& event) {
+  if (event.type() == QEvent::KeyPress || event.type() == QEvent::FocusIn) {
     for (FieldCell* cell : cells_) {
-      if (cell->Widget() != watched) continue;
-      if (event->type() == QEvent::FocusIn) {
+      if (cell->Widget() != label) continue;
+      if (event.type() == QEvent::FocusIn) {
         for (FieldCell* other : cells_) {
           if (other->Kind() == RowKind::kLabel) {
             other->Widget()->setFocusPolicy(other == cell ? Qt::StrongFocus : Qt::ClickFocus);
@@ -349,13 +355,13 @@ bool GroupView::eventFilter(QObject* watched, QEvent* event) {
         }
         break;
       }
-      const int key = static_cast<QKeyEvent*>(event)->key();
+      const int key = static_cast<const QKeyEvent&>(event).key();
       if (key != Qt::Key_Up && key != Qt::Key_Down) break;
       MoveAmongLabels(*cell, key == Qt::Key_Down ? 1 : -1);
       return true;
     }
   }
-  return QWidget::eventFilter(watched, event);
+  return false;
 }
 
 void GroupView::MoveAmongLabels(FieldCell& from, int step) {

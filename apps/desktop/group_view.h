@@ -84,6 +84,7 @@ class GroupView final : public QWidget {
   bool StatusFits(const LayoutRow& row) const;
   QString CaptionOf(const LayoutRow& row) const;
   QString UnitOf(const LayoutRow& row) const;
+  bool LabelTakes(const QObject* label, const QEvent& event);
   void MoveAmongLabels(FieldCell& from, int step);
 
   PageContext context_;

@@ -4,9 +4,9 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QMenu>
 
+#include "desktop/drawings.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -110,7 +110,7 @@ IdentificationStrip::IdentificationStrip(UserCntrl& control, QWidget* parent)
   line->addWidget(simulated);
 
   const int side = fontMetrics().height();
-  padlock_->setPixmap(QIcon(QStringLiteral(":/htr60/padlock.svg")).pixmap(QSize(side, side), devicePixelRatioF()));
+  padlock_->setPixmap(Drawing(QStringLiteral("padlock"), side, devicePixelRatioF()));
   padlock_->setAccessibleName(tr("Write protection is on"));
   padlock_->hide();
   for (const Part& part : kParts) {

@@ -1,57 +1,30 @@
-#include <QApplication>
 #include <QDir>
 #include <QTextStream>
-#include <QTimer>
 #include <cstdio>
-#include <memory>
 
-#include "desktop/host.h"
-#include "desktop/main_window.h"
+#include "desktop/application.h"
 #include "desktop/options.h"
+#include "desktop/session.h"
+#include "desktop/standard_streams.h"
 #include "desktop/tour.h"
 
 namespace {
 
-using htr60::desktop::Host;
+using htr60::desktop::Application;
 using htr60::desktop::MainWindow;
 using htr60::desktop::Options;
+using htr60::desktop::Session;
+using htr60::desktop::Sessions;
 using htr60::desktop::Tour;
 
-/// One transmitter and the window before it.
-struct Session {
-  Session(const htr60::sim::Settings& settings, MainWindow::Places places) : host(settings), window(host, places) {
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-  }
-  Host host;
-  MainWindow window;
-};
-
-/// The sessions of one run: another transmitter means another session.
-class Sessions {
- public:
-  void Begin(const Options& options) {
-    auto next = std::make_unique<Session>(LoadSettings(options), MainWindow::Places::kKept);
-    QObject::connect(&next->window, &MainWindow::TransmitterWanted, &next->window, [this](const QString& preset) {
-      // Not within the signal: its sender goes with the session.
-      QTimer::singleShot(0, qApp, [this, preset] { Begin({.preset = preset}); });
-    });
-    if (now_ != nullptr) now_->window.close();
-    if (now_ != nullptr) next->window.setGeometry(now_->window.geometry());
-    next->window.show();
-    now_ = std::move(next);
-  }
-
- private:
-  std::unique_ptr<Session> now_;
-};
-
-int RunTour(QApplication& application, const Options& options) {
+int RunTour(Application& application, const Options& options, const htr60::sim::Settings& settings) {
   if (!QDir().mkpath(options.tour)) {
     QTextStream(stderr) << "htr60: " << options.tour << " cannot be made" << Qt::endl;
     return 2;
   }
-  Session session(LoadSettings(options), MainWindow::Places::kFresh);
-  Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour));
+  Session session(settings, MainWindow::Places::kFresh);
+  Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour),
+            htr60::desktop::Print);
   int exitCode = 0;
   QObject::connect(&tour, &Tour::Finished, &application, [&](int code) {
     exitCode = code;
@@ -60,6 +33,7 @@ int RunTour(QApplication& application, const Options& options) {
   session.window.show();
   tour.Start();
   application.exec();
+  if (!tour.NotWritten().isEmpty()) QTextStream(stderr) << "htr60: " << tour.NotWritten() << Qt::endl;
   return exitCode;
 }
 
@@ -74,23 +48,25 @@ void ChoosePlatform(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  htr60::desktop::SecureStandardStreams();
   try {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
     const Options options = htr60::desktop::ReadOptions(arguments);
     if (!options.say.isEmpty()) {
-      QTextStream(stdout) << options.say << Qt::flush;
-      return 0;
+      if (htr60::desktop::Print(options.say.toStdString())) return 0;
+      QTextStream(stderr) << "htr60: standard output cannot be written to" << Qt::endl;
+      return 1;
     }
     ChoosePlatform(options);
-    LoadSettings(options);  // what is wrong with them is said before a window opens
-    QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("htr60"));
-    QApplication::setApplicationName(QStringLiteral("htr60"));
-    if (!options.tour.isEmpty()) return RunTour(application, options);
+    const htr60::sim::Settings settings = LoadSettings(options);  // what is wrong is said before a window opens
+    Application application(argc, argv);
+    Application::setOrganizationName(QStringLiteral("htr60"));
+    Application::setApplicationName(QStringLiteral("htr60"));
+    if (!options.tour.isEmpty()) return RunTour(application, options, settings);
     Sessions sessions;
-    sessions.Begin(options);
-    return QApplication::exec();
+    sessions.Begin(settings);
+    return Application::exec();
   } catch (const htr60::desktop::OptionError& error) {
     QTextStream(stderr) << "htr60: " << QString::fromUtf8(error.what()) << Qt::endl;
     return 2;

@@ -12,6 +12,8 @@
 #include <utility>
 
 #include "desktop/action_area.h"
+#include "desktop/drawings.h"
+#include "desktop/edge.h"
 #include "desktop/identification_strip.h"
 #include "desktop/page_area.h"
 #include "desktop/page_header.h"
@@ -29,13 +31,15 @@ constexpr int kFirstWidth = 1100;
 constexpr int kFirstHeight = 720;
 constexpr int kSmallestTree = 180;
 
+constexpr int kIconSide = 32;  // pixels
+
 constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kSplitterKey = "window/splitter";
 
 }  // namespace
 
-MainWindow::MainWindow(Host& host, Places places) : host_(host), control_(host.Control()), places_(places) {
-  setWindowIcon(QIcon(QStringLiteral(":/htr60/htr60.svg")));
+MainWindow::MainWindow(DesktopHost& host, Places places) : host_(host), control_(host.Control()), places_(places) {
+  setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
   MakeLayout();
   MakeMenus();
   MakeKeys();
@@ -43,7 +47,7 @@ MainWindow::MainWindow(Host& host, Places places) : host_(host), control_(host.C
   resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
   RestorePlaces();
   host_.SetBoxParent(this);
-  connect(&host_, &Host::TurnEnded, this, &MainWindow::Turn);
+  Connect(&host_, &DesktopHost::TurnEnded, this, &MainWindow::Turn);
   tree_->Apply();
   LimitTree();
   panels_->Apply(control_.form.statusBar);
@@ -81,22 +85,22 @@ void MainWindow::MakeLayout() {
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(all);
 
-  connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
-  connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
+  Connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
+  Connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
     openers_.push_back(opener);
     header_->Opened();
     focusAfter_ = FocusAfter::kFirstField;
   });
-  connect(page_, &PageArea::CountsChanged, this, [this] {
+  Connect(page_, &PageArea::CountsChanged, this, [this] {
     const PageLayout* page = page_->Current();
     actions_->ShowCounts(page != nullptr ? page_->States().Counts(*page) : StateCounts{});
   });
-  connect(page_, &PageArea::LeftWithoutWriting, actions_, &ActionArea::ShowMessage);
-  connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
-  connect(actions_, &ActionArea::WritePressed, this, [this] { page_->Press(id::cmdWriteParameter); });
-  connect(actions_, &ActionArea::NotWrittenPressed, this, [this] { page_->FocusFirst(FieldState::kNotWritten); });
-  connect(actions_, &ActionArea::SentPressed, this, [this] { page_->FocusFirst(FieldState::kSent); });
-  connect(actions_, &ActionArea::ConfirmedPressed, this, [this] { page_->FocusFirst(FieldState::kConfirmed); });
+  Connect(page_, &PageArea::LeftWithoutWriting, actions_, &ActionArea::ShowMessage);
+  Connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
+  Connect(actions_, &ActionArea::WritePressed, this, [this] { page_->Press(id::cmdWriteParameter); });
+  Connect(actions_, &ActionArea::NotWrittenPressed, this, [this] { page_->FocusFirst(FieldState::kNotWritten); });
+  Connect(actions_, &ActionArea::SentPressed, this, [this] { page_->FocusFirst(FieldState::kSent); });
+  Connect(actions_, &ActionArea::ConfirmedPressed, this, [this] { page_->FocusFirst(FieldState::kConfirmed); });
 }
 
 // The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.
@@ -104,22 +108,24 @@ void MainWindow::MakeMenus() {
   QMenu* simulator = menuBar()->addMenu(tr("Simulator"));
   offline_ = simulator->addAction(tr("Offline"));
   offline_->setCheckable(true);
-  connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
+  Connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
   QMenu* presets = simulator->addMenu(tr("Start Anew With"));
   for (const std::string_view name : sim::PresetNames()) {
     const QString preset = ToQt(name);
-    presets->addAction(preset, this, [this, preset] { Q_EMIT TransmitterWanted(preset); });
+    presets->addAction(preset, this, AtEdge(this, [this, preset] { Q_EMIT TransmitterWanted(preset); }));
   }
   simulator->addSeparator();
   simulator->addAction(tr("Quit"), this, &MainWindow::close);
   QMenu* help = menuBar()->addMenu(tr("Help"));
-  help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, &MainWindow::ShowHelp);
-  help->addAction(tr("About HTR60"), this, &MainWindow::ShowAbout);
+  help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
+  help->addAction(tr("About HTR60"), this, AtEdge(this, &MainWindow::ShowAbout));
 }
 
 void MainWindow::MakeKeys() {
   const auto on = [this](const QKeySequence& keys, auto run) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setAutoRepeat(false);  // a key held down is one press
+    Connect(shortcut, &QShortcut::activated, this, run);
   };
   on(QKeySequence(Qt::Key_F5), [this] { ActivateAgain(); });
   on(QKeySequence(Qt::Key_F6), [this] { StepFocus(1); });
@@ -130,18 +136,24 @@ void MainWindow::MakeKeys() {
 void MainWindow::Turn() {
   const FormChanges changes = control_.form.TakeChanges();
   const std::vector<int> handledCodes = control_.TakeHandledCodes();
-  if (changes.tree) {
+  // A failure of one part leaves the others what has changed for them.
+  Guarded([&] {
+    if (!changes.tree) return;
     tree_->Apply();
     LimitTree();
-  }
-  if (changes.status) panels_->Apply(control_.form.statusBar);
-  strip_->Apply();
-  page_->Apply(changes, handledCodes);
-  header_->Apply(page_->Current(), page_->Title(), handledCodes);
-  actions_->Apply(control_.form);
-  const QString tag = strip_->Tag();
-  setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
-  PutActionsLast();
+  });
+  Guarded([&] {
+    if (changes.status) panels_->Apply(control_.form.statusBar);
+    strip_->Apply();
+    const QString tag = strip_->Tag();
+    setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
+  });
+  Guarded([&] { page_->Apply(changes); });
+  Guarded([&] {
+    header_->Apply(page_->Current(), page_->Title(), handledCodes);
+    actions_->Apply(control_.form);
+    PutActionsLast();
+  });
   MoveFocus();
 }
 
@@ -249,7 +261,7 @@ void MainWindow::LimitTree() {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  LimitTree();
+  Guarded([this] { LimitTree(); });
 }
 
 void MainWindow::RestorePlaces() {
@@ -259,12 +271,15 @@ void MainWindow::RestorePlaces() {
   splitter_->restoreState(settings.value(QLatin1String(kSplitterKey)).toByteArray());
 }
 
+void MainWindow::KeepPlaces() {
+  if (places_ != Places::kKept) return;
+  QSettings settings;
+  settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
+  settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (places_ == Places::kKept) {
-    QSettings settings;
-    settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
-    settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
-  }
+  Guarded([this] { KeepPlaces(); });
   QMainWindow::closeEvent(event);
 }
 

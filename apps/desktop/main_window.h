@@ -3,7 +3,7 @@
 #include <QMainWindow>
 #include <vector>
 
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 
 class QAction;
 class QSplitter;
@@ -25,7 +25,7 @@ class MainWindow final : public QMainWindow {
   enum class Places { kKept, kFresh };
 
   /// `places`: whether size, splitter and position are those of the last run, and kept for the next.
-  MainWindow(Host& host, Places places);
+  MainWindow(DesktopHost& host, Places places);
 
   TreePanel& Tree() { return *tree_; }
   PageArea& Page() { return *page_; }
@@ -59,8 +59,9 @@ class MainWindow final : public QMainWindow {
   void PutActionsLast();
   void LimitTree();
   void RestorePlaces();
+  void KeepPlaces();
 
-  Host& host_;
+  DesktopHost& host_;
   UserCntrl& control_;
   const Places places_;
   IdentificationStrip* strip_;

@@ -1,10 +1,11 @@
 #include "desktop/options.h"
 
 #include <QCommandLineParser>
-#include <QFile>
+#include <QFileInfo>
 #include <nlohmann/json.hpp>
 
 #include "desktop/qt_text.h"
+#include "simulator/manager/json_text.h"
 
 namespace htr60::desktop {
 namespace {
@@ -16,17 +17,6 @@ QString PresetList() {
 }
 
 [[noreturn]] void Fail(const QString& sentence) { throw OptionError(ToUtf8(sentence)); }
-
-nlohmann::json ReadFile(const QString& name) {
-  QFile file(name);
-  if (!file.open(QIODevice::ReadOnly)) Fail(QStringLiteral("%1: %2").arg(name, file.errorString()));
-  const QByteArray text = file.readAll();
-  try {
-    return nlohmann::json::parse(text.begin(), text.end());
-  } catch (const nlohmann::json::exception& error) {
-    Fail(QStringLiteral("%1: %2").arg(name, QString::fromUtf8(error.what())));
-  }
-}
 
 }  // namespace
 
@@ -69,7 +59,10 @@ sim::Settings LoadSettings(const Options& options) {
   try {
     nlohmann::json object = nlohmann::json::object();
     if (!options.preset.isEmpty()) object = sim::PresetObject(ToUtf8(options.preset));
-    if (!options.settings.isEmpty()) object = sim::MergeSettings(std::move(object), ReadFile(options.settings));
+    if (!options.settings.isEmpty()) {
+      const auto file = QFileInfo(options.settings).filesystemFilePath();
+      object = sim::MergeSettings(std::move(object), sim::ReadSettingsFile(file));
+    }
     return sim::Parse(object);
   } catch (const sim::SettingsError& error) {
     const QString where = options.settings.isEmpty() ? QStringLiteral("--preset ") + options.preset : options.settings;

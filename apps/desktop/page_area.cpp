@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/page_view.h"
 #include "desktop/qt_text.h"
 
@@ -116,10 +117,11 @@ PageArea::PageArea(UserCntrl& control, QWidget* parent)
   } kTabKeys[] = {{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::Key_PageDown, 1}, {Qt::CTRL | Qt::Key_PageUp, -1}};
   for (const auto& [key, step] : kTabKeys) {
     auto* shortcut = new QShortcut(QKeySequence(key), this);
-    connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
+    shortcut->setAutoRepeat(false);  // a tab may read from the device
+    Connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
   }
   deadline_.setSingleShot(true);
-  connect(&deadline_, &QTimer::timeout, this, [this] {
+  Connect(&deadline_, &QTimer::timeout, this, [this] {
     states_.Tick();
     ShowStates();
   });
@@ -135,7 +137,7 @@ const PageLayout* PageArea::InFront() const {
   return found == layouts_.end() ? nullptr : *found;
 }
 
-void PageArea::Apply(const FormChanges& changes, const std::vector<int>& /*handledCodes*/) {
+void PageArea::Apply(const FormChanges& changes) {
   states_.Turn(changes);
   for (WaitingStrip* strip : strips_) strip->Apply();
   ControlSet changed;
@@ -158,7 +160,7 @@ bool PageArea::Show(const PageLayout* page) {
   if (view == nullptr) {
     view = new PageView({control_, states_}, *page, stack_);
     stack_->addWidget(view);
-    connect(view, &PageView::Pressed, this, &PageArea::Press);
+    Connect(view, &PageView::Pressed, this, &PageArea::Press);
   }
   ControlSet all;
   all.set();

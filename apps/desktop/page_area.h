@@ -26,8 +26,8 @@ class PageArea final : public QWidget {
   explicit PageArea(UserCntrl& control, QWidget* parent = nullptr);
   ~PageArea() override;
 
-  /// Once a turn, with what has changed since the last; `handledCodes` are response codes.
-  void Apply(const FormChanges& changes, const std::vector<int>& handledCodes);
+  /// Once a turn, with what has changed since the last.
+  void Apply(const FormChanges& changes);
   /// A node has opened a page: its states begin anew. Called right after `UserCntrl::Activate`, before the turn's
   /// `Apply`; the page asks the form which page is in front now. Open buttons on the page do this themselves.
   void PageActivated();

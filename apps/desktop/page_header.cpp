@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <algorithm>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -45,7 +46,7 @@ PageHeader::PageHeader(UserCntrl& control, QWidget* parent)
   warning_->SetShape(Shape::kWarning);
   warning_->hide();
   clock_.setInterval(1000);
-  connect(&clock_, &QTimer::timeout, this, &PageHeader::ShowLine);
+  Connect(&clock_, &QTimer::timeout, this, &PageHeader::ShowLine);
   Opened();
 }
 

@@ -8,6 +8,7 @@
 #include <map>
 #include <numeric>
 
+#include "desktop/edge.h"
 #include "desktop/mnemonics.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
@@ -23,7 +24,11 @@ class Content final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
-    if (!arrows_) return;
+    if (arrows_) Guarded([this] { PaintArrows(); });
+  }
+
+ private:
+  void PaintArrows() {
     const auto* flow = static_cast<GroupFlow*>(layout());
     const std::vector<QWidget*> column = flow->FirstColumn();
     QPainter painter(this);
@@ -40,7 +45,6 @@ class Content final : public QWidget {
     }
   }
 
- private:
   bool arrows_;
 };
 
@@ -79,7 +83,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
     groups_.push_back(view);
     flow_->Add(view, group.beside, group.separate);
     connect(view, &GroupView::Pressed, this, &PageView::Pressed);
-    connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
+    Connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
   }
   AddFigure();
   scroll_->setWidget(content_);
@@ -94,8 +98,8 @@ void PageView::AddFigure() {
   flow_->Add(figure_, !groups_.empty(), false, true);
   flow_->StretchLast();
   order_.push_back(static_cast<int>(groups_.size()));
-  connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
-  connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
+  Connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
+  Connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
 }
 
 void PageView::RefreshFigure() {
@@ -123,7 +127,7 @@ void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
   column.addWidget(bar);
   strips_.push_back({id, tab, bar});
   const std::size_t number = strips_.size() - 1;
-  connect(bar, &QTabBar::currentChanged, this, [this, number](int index) { OnTab(strips_[number], index); });
+  Connect(bar, &QTabBar::currentChanged, this, [this, number](int index) { OnTab(strips_[number], index); });
 }
 
 void PageView::OnTab(const Strip& strip, int index) {
@@ -251,7 +255,7 @@ void PageView::ChooseLetters() {
 
 void PageView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) AlignCaptions();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Guarded([this] { AlignCaptions(); });
 }
 
 // ---- focus

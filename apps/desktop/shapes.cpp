@@ -5,6 +5,8 @@
 #include <array>
 #include <span>
 
+#include "desktop/edge.h"
+
 namespace htr60::desktop {
 namespace {
 
@@ -194,8 +196,10 @@ QSize ShapeSlot::sizeHint() const {
 }
 
 void ShapeSlot::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  PaintShape(painter, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), shape_, palette());
+  Guarded([this] {
+    QPainter painter(this);
+    PaintShape(painter, QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), shape_, palette());
+  });
 }
 
 }  // namespace htr60::desktop

@@ -2,8 +2,8 @@
 
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QIcon>
 
+#include "desktop/drawings.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -25,9 +25,7 @@ class PanelText final : public QLabel {
 
 }  // namespace
 
-QString ConnectionPicture(std::string_view iconFile) {
-  return QStringLiteral(":/htr60/%1.svg").arg(ToQt(iconFile.substr(0, iconFile.rfind('.'))));
-}
+QString ConnectionPicture(std::string_view iconFile) { return ToQt(iconFile.substr(0, iconFile.rfind('.'))); }
 
 StatusPanels::StatusPanels(QWidget* parent) : QFrame(parent), picture_(new QLabel(this)) {
   auto* line = new QHBoxLayout(this);
@@ -67,9 +65,7 @@ void StatusPanels::Apply(const StatusBar& bar) {
   shownPicture_ = picture;
   picture_->setVisible(!picture.empty());
   const int side = fontMetrics().height();
-  if (!picture.empty()) {
-    picture_->setPixmap(QIcon(ConnectionPicture(picture)).pixmap(QSize(side, side), devicePixelRatioF()));
-  }
+  if (!picture.empty()) picture_->setPixmap(Drawing(ConnectionPicture(picture), side, devicePixelRatioF()));
 }
 
 }  // namespace htr60::desktop

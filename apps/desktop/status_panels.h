@@ -9,7 +9,7 @@
 
 namespace htr60::desktop {
 
-/// The drawing that stands for an icon file of the connection panel, for example "connected.ico".
+/// Name of the drawing that stands for an icon file of the connection panel, for example "connected.ico".
 QString ConnectionPicture(std::string_view iconFile);
 
 /// The four panels of the control: connection with picture, two that stay empty, traffic.

@@ -5,10 +5,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QSaveFile>
 #include <QTabBar>
-#include <QTextStream>
 
 #include "desktop/choice_field.h"
+#include "desktop/edge.h"
+#include "desktop/keys.h"
 #include "desktop/page_area.h"
 #include "desktop/page_header.h"
 #include "desktop/qt_text.h"
@@ -31,13 +33,6 @@ constexpr Word kWords[] = {
     {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},       {TourDo::kExpect, "expect"},
     {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
 };
-
-void Key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
-  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(&widget, &event);
-  }
-}
 
 void ClickAt(QWidget& widget, const QPoint& at) {
   const QPointF place = at;
@@ -70,11 +65,11 @@ QString Describe(const TourStep& step) {
   return line;
 }
 
-Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder)
-    : window_(window), control_(control), steps_(steps), folder_(folder) {
+Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder, Print print)
+    : window_(window), control_(control), steps_(steps), folder_(folder), print_(std::move(print)) {
   ticks_.setInterval(kTickMs);
   ticks_.setSingleShot(true);
-  connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
+  Connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
 }
 
 void Tour::Start() {
@@ -97,15 +92,25 @@ void Tour::Tick() {
     --next_;
     return;
   }
-  QTextStream out(stdout);
-  out << number << ". " << Describe(step);
-  if (outcome == Outcome::kDone) {
-    out << Qt::endl;
-    sinceStep_.restart();
-    return;
-  }
-  out << (late ? ": waited too long" : ": cannot be done") << Qt::endl;
-  End(1);
+  QString line = QStringLiteral("%1. %2").arg(number).arg(Describe(step));
+  if (outcome != Outcome::kDone) line += QLatin1String(late ? ": waited too long" : ": cannot be done");
+  if (!Say(line) || outcome != Outcome::kDone) return End(1);
+  sinceStep_.restart();
+}
+
+bool Tour::Say(const QString& line) {
+  if (print_(ToUtf8(line) + '\n')) return true;
+  notWritten_ = QStringLiteral("the steps of the tour cannot be written to standard output");
+  return false;
+}
+
+// Numbers of the steps have a point, where the operator may have a comma.
+std::string Tour::Localized(std::string_view text) const {
+  std::string localized(text);
+  const auto point = localized.find('.');
+  const bool number = point != std::string::npos && localized.find_first_not_of("-0123456789.") == std::string::npos;
+  if (number) localized[point] = control_.codecs.DecimalSeparator();
+  return localized;
 }
 
 void Tour::End(int exitCode) {
@@ -133,7 +138,7 @@ Tour::Outcome Tour::Try(const TourStep& step) {
     case TourDo::kWait:
       return window_.Header().Settled() ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kExpect:
-      return control_.form.TextOf(step.control) == step.text ? Outcome::kDone : Outcome::kNotYet;
+      return control_.form.TextOf(step.control) == Localized(step.text) ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kSmallest:
       if (step.text.empty()) size_ = window_.size();
       window_.resize(step.text.empty() ? window_.minimumSize() : size_);
@@ -163,9 +168,10 @@ Tour::Outcome Tour::Type(const TourStep& step) {
   if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
   field->setFocus(Qt::TabFocusReason);
   field->selectAll();
-  Key(*field, Qt::Key_Delete);
-  for (const QChar letter : ToQt(step.text)) Key(*field, 0, Qt::NoModifier, letter);
-  return field->text() == ToQt(step.text) ? Outcome::kDone : Outcome::kCannot;
+  SendKey(*field, Qt::Key_Delete);
+  const QString text = ToQt(Localized(step.text));
+  SendText(*field, text);
+  return field->text() == text ? Outcome::kDone : Outcome::kCannot;
 }
 
 Tour::Outcome Tour::Choose(const TourStep& step) {
@@ -179,7 +185,7 @@ Tour::Outcome Tour::Choose(const TourStep& step) {
     const QModelIndex index = list->model()->index(row, 0);
     if (!index.flags().testFlag(Qt::ItemIsSelectable) || index.data().toString() != ToQt(step.text)) continue;
     list->setCurrentIndex(index);
-    Key(*list, Qt::Key_Return);
+    SendKey(*list, Qt::Key_Return);
     return field->Popup() == nullptr || !field->Popup()->isVisible() ? Outcome::kDone : Outcome::kCannot;
   }
   field->hidePopup();
@@ -202,7 +208,11 @@ Tour::Outcome Tour::TakePicture(const TourStep& step) {
   const QString name = QStringLiteral("%1-%2.png")
                            .arg(++pictures_, 2, 10, QLatin1Char('0'))
                            .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
-  return window_.grab().save(folder_.filePath(name)) ? Outcome::kDone : Outcome::kCannot;
+  // A picture that is not written to its end leaves no file.
+  QSaveFile file(folder_.filePath(name));
+  if (file.open(QIODevice::WriteOnly) && window_.grab().save(&file, "PNG") && file.commit()) return Outcome::kDone;
+  notWritten_ = QStringLiteral("%1 cannot be written").arg(file.fileName());
+  return Outcome::kCannot;
 }
 
 }  // namespace htr60::desktop

@@ -12,12 +12,12 @@ enum class TourDo : std::uint8_t {
   kNode,      ///< presses the node `text` of the tree
   kButton,    ///< presses the button `control`: of the page, Back or Save
   kTab,       ///< presses tab `number` of the strip `control`
-  kType,      ///< replaces the text of the field `control` by `text`
+  kType,      ///< replaces the text of the field `control` by `text`; a number has a point in every locale
   kChoose,    ///< picks the row `text` of the list `control`
   kWrite,     ///< presses Write
   kBox,       ///< waits for a message box and presses "OK", "Yes" or "No" in it
   kWait,      ///< waits until the page is read and nothing is under way
-  kExpect,    ///< waits until the form shows `text` in `control`
+  kExpect,    ///< waits until the form shows `text` in `control`; a number has a point in every locale
   kSmallest,  ///< makes the window as small as it can be, or with `text` "no" as large as it was
   kPicture,   ///< leaves a picture of the window under the name `text`
 };

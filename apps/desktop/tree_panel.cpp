@@ -1,25 +1,17 @@
 #include "desktop/tree_panel.h"
 
 #include <QHeaderView>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include "desktop/drawings.h"
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
 namespace {
 
 constexpr int kPosition = Qt::UserRole;
-
-QString Drawing(std::string_view key) { return QStringLiteral(":/htr60/%1.svg").arg(ToQt(key)); }
-
-QIcon IconOf(const TreeNode& node) {
-  QIcon icon;
-  if (!node.picture.empty()) icon.addFile(Drawing(node.picture), {}, QIcon::Normal);
-  if (!node.selectedPicture.empty()) icon.addFile(Drawing(node.selectedPicture), {}, QIcon::Selected);
-  return icon;
-}
 
 }  // namespace
 
@@ -35,7 +27,7 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tre
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { Activate(item); });
+  Connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { Activate(item); });
 }
 
 void TreePanel::Apply() {
@@ -61,7 +53,7 @@ void TreePanel::Rebuild() {
     QTreeWidgetItem* item = node.parent == 0 ? new QTreeWidgetItem(this)
                                              : new QTreeWidgetItem(items_.at(static_cast<std::size_t>(node.parent)));
     item->setText(0, ToQt(node.text));
-    item->setIcon(0, IconOf(node));
+    item->setIcon(0, DrawingIcon(ToQt(node.picture), ToQt(node.selectedPicture), iconSize().height()));
     item->setData(0, kPosition, static_cast<int>(items_.size()));
     items_.push_back(item);
     expanded_.push_back(node.expanded);
@@ -96,7 +88,7 @@ void TreePanel::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-      Activate(currentItem());
+      if (!event->isAutoRepeat()) Activate(currentItem());
       return;
     default:
       QTreeWidget::keyPressEvent(event);

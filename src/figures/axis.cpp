@@ -10,6 +10,12 @@
 namespace htr60::figures {
 namespace {
 
+constexpr double kMostDrawable = 1e300;
+
+double NearestDrawable(double number) {
+  return std::isnan(number) ? 0 : std::clamp(number, -kMostDrawable, kMostDrawable);
+}
+
 // The largest of 1, 2, 5 times a power of ten that gives at least four steps over the span.
 double RoundStep(double span) {
   const double power = std::pow(10.0, std::floor(std::log10(span / 4)));
@@ -20,6 +26,8 @@ double RoundStep(double span) {
 }
 
 }  // namespace
+
+bool Drawable(double number) { return std::abs(number) <= kMostDrawable; }
 
 std::optional<double> NumberOf(std::string_view text, char decimalSeparator) {
   try {
@@ -32,6 +40,8 @@ std::optional<double> NumberOf(std::string_view text, char decimalSeparator) {
 }
 
 FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSeparator) {
+  from = NearestDrawable(from);
+  to = NearestDrawable(to);
   if (from > to) std::swap(from, to);
   // Beyond this neighbouring numbers cannot be told apart, so ticks would stand on each other.
   const double least = std::max({std::abs(from), std::abs(to), 1e-300}) * 1e-12;

@@ -15,8 +15,9 @@ using pages::kTablePoints;
 
 struct Point {
   int number = 0;
-  std::optional<FigurePoint> at;  // none: a text that is no number
+  std::optional<FigurePoint> at;  // none: it cannot be drawn
   bool unwritten = false;
+  bool tooLarge = false;  // its texts are numbers, but no axis reaches them
 };
 
 std::string PointName(int number) { return "point " + std::to_string(number); }
@@ -29,7 +30,10 @@ std::vector<Point> ReadPoints(const FigureSource& source, int count) {
     const auto x = NumberOf(source.form.At(fields.x).Text(), source.decimalSeparator);
     const auto y = NumberOf(source.form.At(fields.y).Text(), source.decimalSeparator);
     Point point{k + 1, std::nullopt, source.unwritten(fields.x) || source.unwritten(fields.y)};
-    if (x && y) point.at = FigurePoint{*x, *y};
+    if (x && y) {
+      point.tooLarge = !Drawable(*x) || !Drawable(*y);
+      if (!point.tooLarge) point.at = FigurePoint{*x, *y};
+    }
     points.push_back(point);
   }
   return points;
@@ -129,8 +133,17 @@ void AddRemarks(Figure& figure, const std::vector<std::string>& faults, const st
     figure.remarks.push_back(std::move(remark));
   }
   for (const Point& point : points) {
-    if (!point.at) figure.remarks.push_back("Point " + std::to_string(point.number) + ": no number.");
+    if (point.at) continue;
+    const char* const why = point.tooLarge ? ": too large to be drawn." : ": no number.";
+    figure.remarks.push_back("Point " + std::to_string(point.number) + why);
   }
+}
+
+// Why no point is drawn.
+std::string Missing(const std::vector<Point>& points) {
+  if (points.empty()) return "No points read yet: open Table Points first.";
+  const bool number = std::any_of(points.begin(), points.end(), [](const Point& point) { return point.tooLarge; });
+  return number ? "No point can be drawn." : "No point is a number.";
 }
 
 }  // namespace
@@ -142,7 +155,7 @@ Figure LinearizationFigure(const FigureSource& source) {
   if (source.known(id::txtParameter(45))) figure.verdict = form.txtParameter(45).Text();
   const auto count = NumberOf(form.cmbNrPoints.Text(), source.decimalSeparator);
   if (!source.known(id::cmbNrPoints) || !count) {
-    figure.missing = "No points read yet: open Table Points first.";
+    figure.missing = Missing({});
     figure.sentence = figure.missing;
     return figure;
   }
@@ -156,7 +169,7 @@ Figure LinearizationFigure(const FigureSource& source) {
                          std::any_of(points.begin(), points.end(), [](const Point& point) { return point.unwritten; });
   if (unwritten) figure.above.emplace_back("Not written yet: the status belongs to the curve in the device.");
   if (!any) {
-    figure.missing = points.empty() ? "No points read yet: open Table Points first." : "No point is a number.";
+    figure.missing = Missing(points);
     figure.sentence = figure.missing;
     return figure;
   }

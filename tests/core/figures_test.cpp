@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "automate/driver.h"
+#include "figures/axis.h"
 #include "figures/figure.h"
 #include "pages/table_points.h"
 
@@ -118,6 +121,118 @@ TEST(SquareRootFigure, DrawsCutOffStraightPartAndRoot) {
   f.form.cmbLinearizationType.SetText("No Linearization.");
   EXPECT_EQ(f.Of(FigureKind::kSquareRoot).above,
             std::vector<std::string>{"The linearization now chosen does not use this curve."});
+}
+
+// ---- numbers at the ends of what a number can be
+
+constexpr const char* kNastyTexts[] = {"0",       "1.7E308",   "-1.7E308", "1.79769313486231E308",
+                                       "1E300",   "-1E300",    "1E301",    "1E-300",
+                                       "-1E-308", "4.94E-324", "1E-320",   "1E999",
+                                       "-1E9999", "1E-99999",  "nan",      "inf",
+                                       "-inf",    "",          "x",        "&HFF",
+                                       "1E",      "--1",       "0.1E-312", "100.00000000000001",
+                                       "99.9999", "1E15",      "1E15.5",   "123456789012345678901234567890"};
+
+void ExpectSound(const FigureAxis& axis) {
+  ASSERT_TRUE(std::isfinite(axis.from) && std::isfinite(axis.to));
+  EXPECT_LT(axis.from, axis.to);
+  EXPECT_TRUE(std::isfinite(axis.to - axis.from));
+  ASSERT_GE(axis.ticks.size(), 2U);
+  EXPECT_LE(axis.ticks.size(), 21U);
+  for (std::size_t i = 0; i < axis.ticks.size(); ++i) {
+    EXPECT_GE(axis.ticks[i].value, axis.from);
+    EXPECT_LE(axis.ticks[i].value, axis.to);
+    EXPECT_TRUE(i == 0 || axis.ticks[i].value > axis.ticks[i - 1].value) << i;
+    EXPECT_FALSE(axis.ticks[i].text.empty());
+  }
+}
+
+void ExpectSound(const Figure& figure) {
+  if (!figure.missing.empty()) return;
+  ExpectSound(figure.x);
+  ExpectSound(figure.y);
+  const auto on = [](const FigureAxis& axis, double value) {
+    const double share = (value - axis.from) / (axis.to - axis.from);
+    return share > -1e-9 && share < 1 + 1e-9;
+  };
+  const auto within = [&](const FigurePoint& at) { return on(figure.x, at.x) && on(figure.y, at.y); };
+  for (const FigureLine& line : figure.lines) {
+    for (const FigurePoint& point : line.points) EXPECT_TRUE(within(point)) << point.x << ' ' << point.y;
+  }
+  for (const FigureMarker& marker : figure.markers) EXPECT_TRUE(within(marker.at)) << marker.at.x << ' ' << marker.at.y;
+  for (const FigureText& text : figure.texts) EXPECT_TRUE(within(text.at)) << text.text;
+}
+
+TEST(Axis, IsSoundBetweenAnyTwoNumbers) {
+  using Limits = std::numeric_limits<double>;
+  const double kEnds[] = {0,
+                          1,
+                          100,
+                          -100,
+                          1 + 1e-11,
+                          1 + 1e-15,
+                          1e15,
+                          1e300,
+                          1e-9,
+                          1e308,
+                          -1e-308,
+                          1e-311,
+                          1e-320,
+                          5e-324,
+                          Limits::max(),
+                          Limits::lowest(),
+                          HUGE_VAL,
+                          -HUGE_VAL,
+                          Limits::quiet_NaN()};
+  for (const double from : kEnds) {
+    for (const double to : kEnds) {
+      SCOPED_TRACE(testing::Message() << from << " to " << to);
+      ExpectSound(figures::RoundAxis("X", from, to, '.'));
+    }
+  }
+}
+
+TEST(LinearizationFigure, IsSoundWhateverStandsInTheFields) {
+  Fixture f;
+  for (const char* x : kNastyTexts) {
+    for (const char* y : kNastyTexts) {
+      SCOPED_TRACE(testing::Message() << x << ", " << y);
+      f.Points({{"0", "0"}, {x, y}, {y, x}, {"100", "100"}});
+      const Figure figure = f.Of(FigureKind::kLinearization);
+      EXPECT_EQ(figure.missing, "");
+      ExpectSound(figure);
+      f.Points({{x, y}, {x, y}});
+      ExpectSound(f.Of(FigureKind::kLinearization));
+      f.form.cmbNrPoints.SetText(x);
+      ExpectSound(f.Of(FigureKind::kLinearization));
+    }
+  }
+}
+
+TEST(LinearizationFigure, SaysWhatIsTooLargeToBeDrawn) {
+  Fixture f;
+  f.Points({{"0", "0"}, {"50", "1.7E308"}, {"-1.7E308", "60"}, {"100", "1E999"}, {"110", "1E300"}});
+  EXPECT_EQ(f.Of(FigureKind::kLinearization).remarks,
+            (std::vector<std::string>{"Point 2: too large to be drawn.", "Point 3: too large to be drawn.",
+                                      "Point 4: no number."}));
+  f.Points({{"1.7E308", "0"}, {"x", "0"}});
+  EXPECT_EQ(f.Of(FigureKind::kLinearization).missing, "No point can be drawn.");
+  f.Points({{"y", "0"}, {"x", "0"}});
+  EXPECT_EQ(f.Of(FigureKind::kLinearization).missing, "No point is a number.");
+}
+
+TEST(SquareRootFigure, IsSoundWhateverStandsInTheFields) {
+  Fixture f;
+  for (const char* linear : kNastyTexts) {
+    for (const char* cutOff : kNastyTexts) {
+      SCOPED_TRACE(testing::Message() << linear << ", " << cutOff);
+      f.form.txtParameter(37).SetText(linear);
+      f.form.txtParameter(40).SetText(cutOff);
+      const Figure figure = f.Of(FigureKind::kSquareRoot);
+      EXPECT_EQ(figure.missing, "");
+      ExpectSound(figure);
+    }
+  }
 }
 
 }  // namespace

@@ -1,13 +1,14 @@
-#include <QApplication>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include "desktop/application.h"
+
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argc, argv);
+  htr60::desktop::Application application(argc, argv);
   // What the window keeps goes to a folder of this run.
   const QTemporaryDir folder;
   QSettings::setDefaultFormat(QSettings::IniFormat);

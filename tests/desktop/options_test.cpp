@@ -7,7 +7,7 @@
 namespace htr60::desktop {
 namespace {
 
-QString Write(const QTemporaryDir& folder, const char* text) {
+QString Write(const QTemporaryDir& folder, const QByteArray& text) {
   QFile file(folder.filePath(QStringLiteral("settings.json")));
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(text);
@@ -59,6 +59,31 @@ TEST(Options, WhatCannotBeTakenIsNamed) {
   EXPECT_NE(ErrorOf({QStringLiteral("--settings"), Write(folder, "{")}), "");
   EXPECT_NE(ErrorOf({QStringLiteral("--settings"), Write(folder, R"({"device":{"tagg":"x"}})")}).find("tagg"),
             std::string::npos);
+}
+
+TEST(Options, NoFileOfSettingsEndsTheProgram) {
+  const QTemporaryDir folder;
+  const struct {
+    const char* name;
+    QByteArray text;
+    const char* sentence;
+  } kCases[] = {
+      {"deep", QByteArray(200'000, '[') + QByteArray(200'000, ']'), "nested too deeply"},
+      {"never closed", QByteArray(900'000, '['), "nested too deeply"},
+      {"large", "{}" + QByteArray(1'000'000, ' '), "larger than 1 MB"},
+      {"after the object", R"({"device":{}} {})", "no JSON"},
+      {"NUL", QByteArray("{}\0 ", 4), "NUL"},
+      {"empty", "", "empty"},
+  };
+  for (const auto& one : kCases) {
+    const std::string error = ErrorOf({QStringLiteral("--settings"), Write(folder, one.text)});
+    EXPECT_NE(error.find(one.sentence), std::string::npos) << one.name << ": " << error;
+    EXPECT_NE(error.find("settings.json: "), std::string::npos) << one.name;
+  }
+  for (const QString& name : {QStringLiteral("/dev/zero"), folder.path()}) {
+    const std::string error = ErrorOf({QStringLiteral("--settings"), name});
+    EXPECT_NE(error.find("no regular file"), std::string::npos) << error;
+  }
 }
 
 }  // namespace

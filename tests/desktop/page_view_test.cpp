@@ -6,23 +6,12 @@
 
 #include "desktop/choice_field.h"
 #include "desktop/field_widgets.h"
+#include "desktop/keys.h"
 #include "page_support.h"
 #include "pages/pages.h"
 
 namespace htr60::desktop {
 namespace {
-
-void Key(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
-  ASSERT_NE(widget, nullptr);
-  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(widget, &event);
-  }
-}
-
-void Text(QWidget* widget, const QString& text) {
-  for (const QChar c : text) Key(widget, 0, Qt::NoModifier, c);
-}
 
 class PageAreaTest : public testing::Test {
  protected:
@@ -34,7 +23,7 @@ class PageAreaTest : public testing::Test {
   }
 
   void Turn() {
-    area_.Apply(control_->form.TakeChanges(), {});
+    area_.Apply(control_->form.TakeChanges());
     QApplication::processEvents();
   }
   template <class Widget>
@@ -117,18 +106,18 @@ TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
   TextEntry* entry = Entry(id::txtParameter(37));
   entry->setFocus();
   entry->selectAll();
-  Text(entry, QStringLiteral("12,5"));
+  SendText(*entry, QStringLiteral("12,5"));
   EXPECT_EQ(control_->form.txtParameter(37).Text(), "12,5");
   Turn();
   EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QStringLiteral("not written"));
   EXPECT_EQ(Cell(id::txtParameter(37)).Hint(), QStringLiteral("Decimal separator here is ."));
   EXPECT_EQ(Cell(id::txtParameter(37)).Slot()->Current(), Shape::kPencil);
   EXPECT_EQ(entry->accessibleDescription(), QStringLiteral("not written; Decimal separator here is ."));
-  Key(entry, Qt::Key_Escape);
+  SendKey(*entry, Qt::Key_Escape);
   Turn();
   EXPECT_EQ(control_->form.txtParameter(37).Text(), "1.000");
   EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QString());
-  Key(entry, Qt::Key_Return);
+  SendKey(*entry, Qt::Key_Return);
   EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(40)));
 }
 
@@ -152,11 +141,11 @@ TEST_F(PageAreaTest, WordsThatDoNotFitAreInTheToolTip) {
 TEST_F(PageAreaTest, EnterNeverWrites) {
   area_.States().Type(id::txtParameter(37), "2");
   auto* write = Field<QPushButton>(id::cmdWriteCalPoint);
-  Key(write, Qt::Key_Return);
-  Key(write, Qt::Key_Enter);
+  SendKey(*write, Qt::Key_Return);
+  SendKey(*write, Qt::Key_Enter);
   QApplication::processEvents();
   EXPECT_TRUE(control_.dtm->writes.empty());
-  Key(write, Qt::Key_Space);
+  SendKey(*write, Qt::Key_Space);
   EXPECT_EQ(control_.dtm->writes, std::vector<std::string>{"44"});
   Turn();
   EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QStringLiteral("sent"));
@@ -244,7 +233,7 @@ class ChoiceFieldTest : public PageAreaTest {
   ChoiceField& Open(ControlId control) {
     auto* field = Field<ChoiceField>(control);
     field->setFocus();
-    Key(field, Qt::Key_F4);
+    SendKey(*field, Qt::Key_F4);
     return *field;
   }
   static QStringList Lines(const ChoicePopup& popup) {
@@ -263,21 +252,21 @@ TEST_F(ChoiceFieldTest, ChangesByAPickAlone) {
   QWheelEvent wheel({5, 5}, field->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
   QApplication::sendEvent(field, &wheel);
-  for (const int key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End}) Key(field, key);
+  for (const int key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End}) SendKey(*field, key);
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
   EXPECT_EQ(field->Popup(), nullptr);
   Open(id::cmbPVSimulateEnable);
   ASSERT_NE(field->Popup(), nullptr);
   EXPECT_EQ(field->Popup()->SearchLine(), nullptr);
   QListView* list = field->Popup()->List();
-  Key(list, Qt::Key_Down);
+  SendKey(*list, Qt::Key_Down);
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
-  Key(list, Qt::Key_Return);
+  SendKey(*list, Qt::Key_Return);
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Disable");
   QApplication::processEvents();
   Open(id::cmbPVSimulateEnable);
-  Key(field->Popup()->List(), Qt::Key_Home);
-  Key(field->Popup()->List(), Qt::Key_Escape);
+  SendKey(*field->Popup()->List(), Qt::Key_Home);
+  SendKey(*field->Popup()->List(), Qt::Key_Escape);
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Disable");
 }
 
@@ -287,10 +276,10 @@ TEST_F(ChoiceFieldTest, AForeignTextStandsAboveTheRows) {
   ChoicePopup& popup = *Open(id::cmbPVSimulateEnable).Popup();
   EXPECT_EQ(Lines(popup).front(), QStringLiteral("Now: Mpa (not in this list)"));
   EXPECT_EQ(popup.List()->model()->index(0, 0).flags(), Qt::NoItemFlags);
-  Key(popup.List(), Qt::Key_Return);  // nothing was chosen
+  SendKey(*popup.List(), Qt::Key_Return);  // nothing was chosen
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Mpa");
-  Key(popup.List(), Qt::Key_Down);
-  Key(popup.List(), Qt::Key_Return);
+  SendKey(*popup.List(), Qt::Key_Down);
+  SendKey(*popup.List(), Qt::Key_Return);
   EXPECT_EQ(control_->form.cmbPVSimulateEnable.Text(), "Enable");
 }
 
@@ -307,19 +296,19 @@ TEST_F(ChoiceFieldTest, LongListsAreSearched) {
   field->setFocus();
   QElapsedTimer clock;
   clock.start();
-  Key(field, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"));  // opens with the search, picks nothing
+  SendKey(*field, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"));  // opens with the search, picks nothing
   EXPECT_LT(clock.elapsed(), 500);
   ASSERT_NE(field->Popup(), nullptr);
   EXPECT_EQ(control_->form.cmbAIUnitOutScale.Text(), "unit 500");
   QLineEdit* search = field->Popup()->SearchLine();
   ASSERT_NE(search, nullptr);
   EXPECT_EQ(search->text(), QStringLiteral("b"));
-  Text(search, QStringLiteral("ar"));
+  SendText(*search, QStringLiteral("ar"));
   EXPECT_EQ(Lines(*field->Popup()), (QStringList{QStringLiteral("Bar"), QStringLiteral("Bar"), QStringLiteral("bar g"),
                                                  QStringLiteral("mbar")}));
-  Key(search, Qt::Key_Down);
-  Key(search, Qt::Key_Down);
-  Key(search, Qt::Key_Return);
+  SendKey(*search, Qt::Key_Down);
+  SendKey(*search, Qt::Key_Down);
+  SendKey(*search, Qt::Key_Return);
   EXPECT_EQ(control_->form.cmbAIUnitOutScale.Text(), "bar g");
 }
 
@@ -373,7 +362,7 @@ TEST_F(AllPagesTest, TabGoesThroughARowBeforeTheNext) {
   Entry(id::txtParameter(21))->setFocus();
   for (int i = 0; i < 4; ++i) {
     order.push_back(QApplication::focusWidget()->objectName());
-    Key(QApplication::focusWidget(), Qt::Key_Tab);
+    SendKey(*QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(order, (std::vector<QString>{QStringLiteral("txtParameter(21)"), QStringLiteral("txtParameter(36)"),
                                          QStringLiteral("txtParameter(22)"), QStringLiteral("txtParameter(52)")}));
@@ -388,7 +377,7 @@ TEST_F(AllPagesTest, TwoPastedColumnsFillTheEnabledPoints) {
   QApplication::clipboard()->setText(QStringLiteral("0\t1\r\n50\t 25.5\r\n100\t100\r\n7\t7\r\n"));
   auto* first = Field<TextEntry>(id::txtParameter(21));
   first->setFocus();
-  Key(first, Qt::Key_V, Qt::ControlModifier);
+  SendKey(*first, Qt::Key_V, Qt::ControlModifier);
   Turn();
   const std::pair<TextId, const char*> points[] = {
       {id::txtParameter(21), "0"},    {id::txtParameter(36), "1"},   {id::txtParameter(22), "50"},
@@ -400,7 +389,7 @@ TEST_F(AllPagesTest, TwoPastedColumnsFillTheEnabledPoints) {
 
   QApplication::clipboard()->setText(QStringLiteral("12.5"));  // one cell goes where the cursor is
   first->selectAll();
-  Key(first, Qt::Key_V, Qt::ControlModifier);
+  SendKey(*first, Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(control_->form.txtParameter(21).Text(), "12.5");
 }
 
@@ -446,7 +435,7 @@ TEST_F(AllPagesTest, ThePasswordIsNeverShown) {
   TextEntry* entry = Entry(id::txtPassword);
   ASSERT_NE(entry, nullptr);
   entry->setFocus();
-  Text(entry, QStringLiteral("1234567"));
+  SendText(*entry, QStringLiteral("1234567"));
   EXPECT_EQ(control_->form.txtPassword.Text(), "12345");
   EXPECT_EQ(entry->displayText(), QStringLiteral("*****"));
   entry->selectAll();

@@ -1,23 +1,39 @@
 #include "desktop/tour.h"
 
+#include <QLocale>
 #include <QTemporaryDir>
+#include <csignal>
 
-#include "session.h"
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+#endif
+
+#include "desktop_test.h"
 
 namespace htr60::desktop {
 namespace {
 
-class TourTest : public Session {
+class TourTest : public DesktopTest {
  protected:
   int Run(std::span<const TourStep> steps) {
-    Tour tour(window_, Control(), steps, QDir(folder_.path()));
+    const auto print = [this](std::string_view text) {
+      printed_ += text;
+      return printed_.size() < roomForLines_;
+    };
+    Tour tour(window_, Control(), steps, QDir(folder_.path()), print);
     int exitCode = -1;
     QObject::connect(&tour, &Tour::Finished, &window_, [&](int code) { exitCode = code; });
     tour.Start();
     WaitFor([&] { return exitCode >= 0; }, 30'000);
+    notWritten_ = tour.NotWritten();
     return exitCode;
   }
+  QStringList Files() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
+
   QTemporaryDir folder_;
+  std::string printed_;
+  std::size_t roomForLines_ = std::string::npos;
+  QString notWritten_;
 };
 
 TEST_F(TourTest, WalksByItsTableAndLeavesPictures) {
@@ -55,7 +71,77 @@ TEST_F(TourTest, AStepThatCannotBeDoneEndsIt) {
     const TourStep steps[] = {step, {TourDo::kPicture, {}, "never"}};
     EXPECT_EQ(Run(steps), 1);
   }
-  EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files).isEmpty());
+  EXPECT_TRUE(Files().isEmpty());
+}
+
+TEST_F(TourTest, EndsWhereItsLinesCannotBePrinted) {
+  constexpr TourStep kSteps[] = {{TourDo::kWait}, {TourDo::kWait}, {TourDo::kPicture, {}, "never"}};
+  roomForLines_ = std::string_view("1. wait\n2. wait\n").size();
+  EXPECT_EQ(Run(kSteps), 1);
+  EXPECT_EQ(printed_, "1. wait\n2. wait\n");
+  EXPECT_TRUE(notWritten_.contains(QLatin1String("standard output"))) << notWritten_.toStdString();
+  EXPECT_TRUE(Files().isEmpty());
+}
+
+#ifdef Q_OS_UNIX
+// Files of this process stay small, as on a full disk.
+class SmallFiles {
+ public:
+  SmallFiles() {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit small = before_;
+    small.rlim_cur = 1000;
+    setrlimit(RLIMIT_FSIZE, &small);
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
+  }
+  ~SmallFiles() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  SmallFiles(const SmallFiles&) = delete;
+  SmallFiles& operator=(const SmallFiles&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
+TEST_F(TourTest, LeavesNoTruncatedPicture) {
+  constexpr TourStep kSteps[] = {{TourDo::kPicture, {}, "large"}, {TourDo::kPicture, {}, "never"}};
+  {
+    const SmallFiles small;
+    EXPECT_EQ(Run(kSteps), 1);
+  }
+  EXPECT_EQ(printed_, "1. picture \"large\": cannot be done\n");
+  EXPECT_TRUE(notWritten_.contains(QLatin1String("01-large.png cannot be written"))) << notWritten_.toStdString();
+  EXPECT_TRUE(Files().isEmpty()) << Files().join(u' ').toStdString();
+}
+#endif
+
+// A host asks for the separator when it is made, so the locale comes before the base.
+struct German {
+  German() { QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany)); }
+  ~German() { QLocale::setDefault(QLocale::c()); }
+};
+class CommaTourTest : private German, public TourTest {};
+
+TEST_F(CommaTourTest, TypesAndExpectsNumbersWithTheOperatorsSeparator) {
+  constexpr TourStep kSteps[] = {
+      {TourDo::kWait},
+      {TourDo::kType, id::txtParameter(0), "N 7.5"},
+      {TourDo::kExpect, id::txtParameter(0), "N 7.5"},
+      {TourDo::kNode, {}, "Pressure/Flow"},
+      {TourDo::kWait},
+      {TourDo::kTab, id::SSTabTRDSettings, {}, 1},
+      {TourDo::kButton, id::cmdTRDInScale},
+      {TourDo::kWait},
+      {TourDo::kType, id::txtParameter(99), "20.5"},
+      {TourDo::kWrite},
+      {TourDo::kWait},
+      {TourDo::kExpect, id::txtParameter(99), "20.500"},
+  };
+  EXPECT_EQ(Run(kSteps), 0) << printed_;
+  EXPECT_EQ(TheForm().txtParameter(99).Text(), "20,500");
 }
 
 }  // namespace

@@ -1,16 +1,20 @@
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 
-#include <QFile>
 #include <QLocale>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <algorithm>
 
+#include "desktop/drawings.h"
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "desktop/status_panels.h"
 #include "pages/pages.h"
 
 namespace htr60::desktop {
 namespace {
+
+constexpr int kPictureSide = 16;
 
 char DecimalSeparator() { return QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.'; }
 
@@ -40,19 +44,16 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 }  // namespace
 
-Host::Host(const sim::Settings& settings) {
+DesktopHost::DesktopHost(const sim::Settings& settings) {
   clock_.start();
   transmitterTimer_.setSingleShot(true);
   transmitterTimer_.setTimerType(Qt::PreciseTimer);
-  connect(&transmitterTimer_, &QTimer::timeout, this, &Host::RunTransmitter);
+  Connect(&transmitterTimer_, &QTimer::timeout, this, &DesktopHost::RunTransmitter);
   for (int i = 0; i < static_cast<int>(kTimerCount); ++i) {
     QTimer& timer = timers_[static_cast<std::size_t>(i)];
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
-    connect(&timer, &QTimer::timeout, this, [this, i] {
-      control_->TimerDue(i);
-      FormChanged();
-    });
+    Connect(&timer, &QTimer::timeout, this, [this, i] { TimerDue(i); });
   }
   manager_ = sim::Manager::Create(settings, [this] { return clock_.elapsed(); });
   manager_->onScheduleChanged = [this] { ArmTransmitter(); };
@@ -63,13 +64,18 @@ Host::Host(const sim::Settings& settings) {
   control_->Init("htr60", "", manager_);
 }
 
-Host::~Host() {
+DesktopHost::~DesktopHost() {
   control_->PrepareToRelease();
   control_.reset();
   manager_->onScheduleChanged = nullptr;
 }
 
-BoxButton Host::Show(const MessageBox& box) {
+BoxButton DesktopHost::Show(const MessageBox& box) {
+  ++openBoxes_;
+  const auto closing = qScopeGuard([this] {
+    --openBoxes_;
+    ArmTransmitter();
+  });
   ArmTransmitter();  // answers go on while the box is open, also when it was opened while one was handled
   const QPointer<QMessageBox> dialog = new QMessageBox(boxParent_);
   dialog->setTextFormat(Qt::PlainText);
@@ -91,36 +97,65 @@ BoxButton Host::Show(const MessageBox& box) {
   return closed;
 }
 
-void Host::Arm(int timer, std::int32_t milliseconds) {
+void DesktopHost::Arm(int timer, std::int32_t milliseconds) {
+  Disarm(timer);
   timers_.at(static_cast<std::size_t>(timer)).start(milliseconds);
 }
 
-void Host::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).stop(); }
-
-bool Host::Load(std::string_view fileName) { return QFile::exists(ConnectionPicture(fileName)); }
-
-void Host::FormChanged() {
-  if (turnQueued_) return;
-  turnQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        turnQueued_ = false;
-        Q_EMIT TurnEnded();
-      },
-      Qt::QueuedConnection);
+void DesktopHost::Disarm(int timer) {
+  timers_.at(static_cast<std::size_t>(timer)).stop();
+  std::erase_if(waitingTimers_, [timer](const WaitingTimer& waiting) { return waiting.timer == timer; });
 }
 
-void Host::ArmTransmitter() {
-  const auto due = manager_ != nullptr ? manager_->NextDue() : std::nullopt;
+void DesktopHost::TimerDue(int timer) {
+  if (!Full() && waitingTimers_.empty()) return RunTimer(timer);
+  waitingTimers_.push_back({timer, clock_.elapsed()});
+  ArmTransmitter();
+}
+
+void DesktopHost::RunTimer(int timer) {
+  control_->TimerDue(timer);
+  FormChanged();
+}
+
+// Asked at every answer: a drawing once drawn is not opened again.
+bool DesktopHost::Load(std::string_view fileName) {
+  return !Drawing(ConnectionPicture(fileName), kPictureSide, 1).isNull();
+}
+
+void DesktopHost::FormChanged() {
+  if (turnQueued_) return;
+  turnQueued_ = true;
+  QMetaObject::invokeMethod(this,
+                            AtEdge(this,
+                                   [this] {
+                                     turnQueued_ = false;
+                                     Q_EMIT TurnEnded();
+                                   }),
+                            Qt::QueuedConnection);
+}
+
+// Armed for what is due first, the transmitter's next item or a timer that waits.
+void DesktopHost::ArmTransmitter() {
+  if (manager_ == nullptr || Full()) return transmitterTimer_.stop();
+  auto due = manager_->NextDue();
+  if (!waitingTimers_.empty()) due = std::min(waitingTimers_.front().due, due.value_or(clock_.elapsed()));
   if (!due) return transmitterTimer_.stop();
   transmitterTimer_.start(static_cast<int>(std::clamp<std::int64_t>(*due - clock_.elapsed(), 0, 24 * 3600 * 1000)));
 }
 
 // One delivery a turn, so that the control's timers and the operator come in between.
-void Host::RunTransmitter() {
-  manager_->RunOne(clock_.elapsed());
-  FormChanged();
+void DesktopHost::RunTransmitter() {
+  if (Full()) return;
+  const auto due = manager_->NextDue();
+  if (!waitingTimers_.empty() && waitingTimers_.front().due <= due.value_or(waitingTimers_.front().due)) {
+    const int timer = waitingTimers_.front().timer;
+    waitingTimers_.pop_front();
+    RunTimer(timer);
+  } else {
+    Guarded([this] { manager_->RunOne(clock_.elapsed()); });
+    FormChanged();
+  }
   ArmTransmitter();
 }
 

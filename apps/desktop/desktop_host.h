@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <array>
+#include <deque>
 #include <memory>
 
 #include "desktop/core.h"
@@ -16,12 +17,17 @@ namespace htr60::desktop {
 
 /// One control with all it needs: the simulated transmitter's DTM manager, timers, message boxes, icons, a watcher.
 /// Everything runs in the thread that made it, out of the event loop. The ports outlive the control.
-class Host final : public QObject, private IMessageBoxes, private ITimers, private IIcons, private IFormWatcher {
+///
+/// While `kMostBoxes` message boxes stand on top of each other it hands the control nothing: answers and timers wait in
+/// their order until one closes.
+class DesktopHost final : public QObject, private IMessageBoxes, private ITimers, private IIcons, private IFormWatcher {
   Q_OBJECT
 
  public:
-  explicit Host(const sim::Settings& settings);
-  ~Host() override;
+  static constexpr int kMostBoxes = 8;
+
+  explicit DesktopHost(const sim::Settings& settings);
+  ~DesktopHost() override;
 
   UserCntrl& Control() { return *control_; }
   sim::Manager& Transmitter() { return *manager_; }
@@ -33,18 +39,28 @@ class Host final : public QObject, private IMessageBoxes, private ITimers, priva
   void TurnEnded();
 
  private:
+  struct WaitingTimer {
+    int timer;
+    std::int64_t due;
+  };
+
   BoxButton Show(const MessageBox& box) override;
   void Arm(int timer, std::int32_t milliseconds) override;
   void Disarm(int timer) override;
   bool Load(std::string_view fileName) override;
   void FormChanged() override;
 
+  bool Full() const { return openBoxes_ >= kMostBoxes; }
+  void TimerDue(int timer);
   void ArmTransmitter();
   void RunTransmitter();
+  void RunTimer(int timer);
 
   QElapsedTimer clock_;
   QTimer transmitterTimer_;
   std::array<QTimer, kTimerCount> timers_;
+  std::deque<WaitingTimer> waitingTimers_;  // due while there were too many boxes
+  int openBoxes_ = 0;
   QPointer<QWidget> boxParent_;
   bool turnQueued_ = false;
   std::shared_ptr<sim::Manager> manager_;

@@ -4,14 +4,14 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QKeyEvent>
 #include <QShortcut>
 #include <QTimer>
 #include <functional>
 
 #include "desktop/action_area.h"
-#include "desktop/host.h"
+#include "desktop/desktop_host.h"
 #include "desktop/identification_strip.h"
+#include "desktop/keys.h"
 #include "desktop/main_window.h"
 #include "desktop/page_area.h"
 #include "desktop/page_header.h"
@@ -34,19 +34,16 @@ inline bool WaitFor(const std::function<bool()>& done, int patienceMs = 10'000) 
   return done();
 }
 
+/// Presses a key where the focus is.
 inline void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {}) {
-  QWidget* focus = QApplication::focusWidget();
-  ASSERT_NE(focus, nullptr);
-  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, modifiers, text);
-    QApplication::sendEvent(focus, &event);
-  }
+  ASSERT_NE(QApplication::focusWidget(), nullptr);
+  SendKey(*QApplication::focusWidget(), key, modifiers, text);
 }
 
 /// A window before a simulated transmitter, shown.
-class Session : public testing::Test {
+class DesktopTest : public testing::Test {
  protected:
-  explicit Session(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
+  explicit DesktopTest(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
       : host_(settings), window_(host_, places) {
     window_.show();
     window_.activateWindow();
@@ -82,7 +79,7 @@ class Session : public testing::Test {
   }
   std::string Panel(int number) { return TheForm().statusBar.Panel(number).text; }
 
-  Host host_;
+  DesktopHost host_;
   MainWindow window_;
 };
 

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "desktop/desktop_host.h"
+#include "desktop/main_window.h"
+
+namespace htr60::desktop {
+
+/// One transmitter with its window.
+struct Session {
+  Session(const sim::Settings& settings, MainWindow::Places places) : host(settings), window(host, places) {}
+
+  DesktopHost host;
+  MainWindow window;
+};
+
+/// The session of one run: another transmitter means another session. Made outside the event loop in which it runs.
+class Sessions final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Sessions(MainWindow::Places places = MainWindow::Places::kKept);
+  void Begin(const sim::Settings& settings);
+  Session* Now() { return now_.get(); }
+
+ private:
+  void Want(const QString& preset);
+  void BeginWanted();
+
+  const MainWindow::Places places_;
+  const int outermost_;
+  QString wanted_;
+  QTimer look_;
+  std::unique_ptr<Session> now_;
+};
+
+}  // namespace htr60::desktop
