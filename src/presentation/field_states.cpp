@@ -207,7 +207,6 @@ int FieldStates::Revert(const PageLayout& page) {
 }
 
 void FieldStates::PageOpened(const PageLayout& page, bool again) {
-  if (rereadPage_ != &page) rereadPage_ = nullptr;
   for (Field& field : fields_) {
     if (field.page != &page) continue;
     Look(field);
@@ -228,6 +227,7 @@ bool FieldStates::SetOrTypedSinceNode(ControlId control) const {
 }
 
 void FieldStates::PageLeft(const PageLayout& page) {
+  if (rereadPage_ == &page) rereadPage_ = nullptr;
   for (Field& field : fields_) {
     if (field.page == &page) Apply(field, FieldEvent::kLeft);
   }
