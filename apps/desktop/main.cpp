@@ -1,6 +1,6 @@
 #include <QDir>
 #include <QTextStream>
-#include <cstdio>
+#include <exception>
 
 #include "desktop/application.h"
 #include "desktop/options.h"
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
     Sessions sessions;
     sessions.Begin(settings);
     return Application::exec();
-  } catch (const htr60::desktop::OptionError& error) {
+  } catch (const std::exception& error) {  // mostly an OptionError
     QTextStream(stderr) << "htr60: " << QString::fromUtf8(error.what()) << Qt::endl;
     return 2;
   }
