@@ -87,6 +87,12 @@ Json ArrayOf(const Items& items, Make make) {
   return array;
 }
 
+Json StripOf(const Screen& screen) {
+  Json strip = screen.badges;
+  for (const std::string& text : screen.identity) strip.push_back(text.empty() ? "not read" : text);
+  return strip;
+}
+
 Json AsJson(const Screen& screen) {
   return {
       {"frame", screen.frame ? Json(htr60::NameOf(screen.frame)) : Json()},
@@ -95,7 +101,7 @@ Json AsJson(const Screen& screen) {
       {"dataLine", screen.dataLine},
       {"footer", screen.footer},
       {"message", screen.message},
-      {"strip", screen.strip},
+      {"strip", StripOf(screen)},
       {"health", {{"state", NameOf(screen.health)}, {"text", screen.healthText}}},
       {"tabs",
        ArrayOf(screen.tabs,

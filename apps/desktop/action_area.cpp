@@ -3,13 +3,12 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <utility>
 
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
 namespace {
-
-constexpr int kMessageMs = 10'000;
 
 // Enter never writes to the device, whatever keys the platform presses buttons with.
 class WriteButton final : public QPushButton {
@@ -23,33 +22,26 @@ class WriteButton final : public QPushButton {
   }
 };
 
-// The one prominent button; while disabled it looks as any other.
-void MakeProminent(QPushButton& button) {
-  QPalette palette = button.palette();
-  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-    palette.setBrush(group, QPalette::Button, palette.brush(QPalette::Active, QPalette::Highlight));
-    palette.setBrush(group, QPalette::ButtonText, palette.brush(QPalette::Active, QPalette::HighlightedText));
-  }
-  button.setPalette(palette);
-  QFont font = button.font();
-  font.setBold(true);
-  button.setFont(font);
-}
-
 }  // namespace
 
 ActionArea::ActionArea(QWidget* parent)
     : QWidget(parent),
       back_(new QPushButton(tr("&Back"), this)),
+      footer_(new QToolButton(this)),
       message_(new QLabel(this)),
+      revert_(new QPushButton(tr("Revert"), this)),
       save_(new QPushButton(tr("&Save"), this)),
       write_(new WriteButton(tr("&Write"), this)) {
   back_->setObjectName(QStringLiteral("cmdBack"));
   save_->setObjectName(QStringLiteral("cmdSave"));
   write_->setObjectName(QStringLiteral("cmdWriteParameter"));
   save_->setToolTip(tr("The device keeps every value: there is nothing to save here."));
-  for (QPushButton* button : {back_, save_, write_}) button->setAutoDefault(false);
-  MakeProminent(*write_);
+  revert_->setObjectName(QStringLiteral("revert"));
+  revert_->setToolTip(tr("Puts the texts not written on this tab back."));
+  footer_->setObjectName(QStringLiteral("footer"));
+  footer_->setAutoRaise(true);
+  footer_->hide();
+  for (QPushButton* button : {back_, revert_, save_, write_}) button->setAutoDefault(false);
   message_->setObjectName(QStringLiteral("messageLine"));
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
@@ -59,29 +51,19 @@ ActionArea::ActionArea(QWidget* parent)
   line->setContentsMargins(gap, gap / 2, gap, gap / 2);
   line->setSpacing(gap);
   line->addWidget(back_);
-  using Signal = void (ActionArea::*)();
-  constexpr Signal kPressed[] = {&ActionArea::NotWrittenPressed, &ActionArea::SentPressed,
-                                 &ActionArea::ConfirmedPressed};
-  for (std::size_t i = 0; i < counts_.size(); ++i) {
-    counts_[i] = new QToolButton(this);
-    counts_[i]->setAutoRaise(true);
-    counts_[i]->setFocusPolicy(Qt::NoFocus);  // not among the stops of Tab
-    counts_[i]->hide();
-    connect(counts_[i], &QToolButton::clicked, this, kPressed[i]);
-    line->addWidget(counts_[i]);
-  }
+  line->addWidget(footer_);
   line->addWidget(message_, 1);
+  line->addWidget(revert_);
   line->addWidget(save_);
   line->addWidget(write_);
 
   connect(back_, &QPushButton::clicked, this, &ActionArea::BackPressed);
+  connect(revert_, &QPushButton::clicked, this, &ActionArea::RevertPressed);
   connect(write_, &QPushButton::clicked, this, &ActionArea::WritePressed);
-  messageTimer_.setSingleShot(true);
-  messageTimer_.setInterval(kMessageMs);
-  connect(&messageTimer_, &QTimer::timeout, message_, &QLabel::clear);
+  connect(footer_, &QToolButton::clicked, this, &ActionArea::FooterPressed);
 }
 
-void ActionArea::Apply(Form& form) {
+void ActionArea::Apply(Form& form, const presentation::Screen& screen) {
   const struct {
     QPushButton* shown;
     const Button& button;
@@ -90,35 +72,33 @@ void ActionArea::Apply(Form& form) {
     shown->setEnabled(button.Enabled());
     shown->setVisible(button.Visible());
   }
-}
-
-void ActionArea::ShowCounts(const StateCounts& counts) {
-  const bool allConfirmed =
-      counts.confirmed > 0 && counts.notWritten == 0 && counts.sent == 0 && counts.unconfirmed == 0;
-  const QString texts[] = {counts.notWritten > 0 ? tr("%1 not written").arg(counts.notWritten) : QString(),
-                           counts.sent > 0 ? tr("%1 sent").arg(counts.sent) : QString(),
-                           allConfirmed ? tr("all confirmed") : QString()};
-  for (std::size_t i = 0; i < counts_.size(); ++i) {
-    counts_[i]->setText(texts[i]);
-    counts_[i]->setVisible(!texts[i].isEmpty());
-  }
-}
-
-QStringList ActionArea::Counts() const {
-  QStringList texts;
-  for (const QToolButton* count : counts_) {
-    if (!count->isHidden()) texts << count->text();
-  }
-  return texts;
-}
-
-void ActionArea::ShowMessage(const QString& text) {
-  message_->setText(text);
-  messageTimer_.start();
-  if (QAccessible::isActive()) {
+  revert_->setEnabled(screen.revertable > 0);
+  SetProminent(screen.unwritten);
+  footer_->setText(ToQt(screen.footer));
+  footer_->setVisible(!screen.footer.empty());
+  const QString message = screen.frame ? ToQt(screen.message) : QString();
+  if (message == message_->text()) return;
+  message_->setText(message);
+  if (!message.isEmpty() && QAccessible::isActive()) {
     QAccessibleEvent event(message_, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+// Prominent while there is something to write; while disabled it looks as any other.
+void ActionArea::SetProminent(bool prominent) {
+  if (std::exchange(prominent_, prominent) == prominent) return;
+  const QPalette plain = back_->palette();
+  QPalette palette = plain;
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    if (!prominent) break;
+    palette.setBrush(group, QPalette::Button, plain.brush(QPalette::Active, QPalette::Highlight));
+    palette.setBrush(group, QPalette::ButtonText, plain.brush(QPalette::Active, QPalette::HighlightedText));
+  }
+  write_->setPalette(palette);
+  QFont font = back_->font();
+  font.setBold(prominent);
+  write_->setFont(font);
 }
 
 }  // namespace htr60::desktop

@@ -2,47 +2,43 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 #include <QToolButton>
 #include <QWidget>
-#include <array>
 
 #include "desktop/core.h"
-#include "desktop/field_states.h"
 
 namespace htr60::desktop {
 
-/// Back, the counts, the message line, Save and Write.
+/// Back, the counts, the message line, Revert, Save and Write.
 class ActionArea final : public QWidget {
   Q_OBJECT
 
  public:
   explicit ActionArea(QWidget* parent);
-  /// Takes the flags of the three buttons.
-  void Apply(Form& form);
-  void ShowCounts(const StateCounts& counts);
-  /// For ten seconds.
-  void ShowMessage(const QString& text);
+  void Apply(Form& form, const presentation::Screen& screen);
   QString Message() const { return message_->text(); }
-  QStringList Counts() const;
+  QString Footer() const { return footer_->isHidden() ? QString() : footer_->text(); }
   QPushButton* Back() const { return back_; }
+  QPushButton* Revert() const { return revert_; }
   QPushButton* Save() const { return save_; }
   QPushButton* Write() const { return write_; }
 
  Q_SIGNALS:
   void BackPressed();
+  void RevertPressed();
   void WritePressed();
-  void NotWrittenPressed();
-  void SentPressed();
-  void ConfirmedPressed();
+  void FooterPressed();
 
  private:
+  void SetProminent(bool prominent);
+
   QPushButton* back_;
-  std::array<QToolButton*, 3> counts_;
+  QToolButton* footer_;
   QLabel* message_;
+  QPushButton* revert_;
   QPushButton* save_;
   QPushButton* write_;
-  QTimer messageTimer_;
+  bool prominent_ = false;
 };
 
 }  // namespace htr60::desktop

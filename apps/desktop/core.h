@@ -6,6 +6,8 @@
 #include "form/control_names.h"
 #include "form/form.h"
 #include "form/layout.h"
+#include "presentation/page_rows.h"
+#include "presentation/presentation.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
 #endif

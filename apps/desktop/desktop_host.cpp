@@ -44,7 +44,7 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 }  // namespace
 
-DesktopHost::DesktopHost(const sim::Settings& settings) {
+DesktopHost::DesktopHost(const sim::Settings& settings, const QString& preset) : preset_(preset) {
   clock_.start();
   transmitterTimer_.setSingleShot(true);
   transmitterTimer_.setTimerType(Qt::PreciseTimer);
@@ -63,6 +63,8 @@ DesktopHost::DesktopHost(const sim::Settings& settings) {
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
   control_->Init("htr60", "", manager_);
 }
+
+std::string DesktopHost::Simulated() const { return preset_.isEmpty() ? "SIMULATED" : "SIMULATED: " + ToUtf8(preset_); }
 
 DesktopHost::~DesktopHost() {
   control_->PrepareToRelease();

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
+#include <QString>
 #include <QTimer>
 #include <array>
 #include <deque>
@@ -26,11 +27,16 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
  public:
   static constexpr int kMostBoxes = 8;
 
-  explicit DesktopHost(const sim::Settings& settings);
+  /// `preset`: name of the ready-made settings, or empty.
+  explicit DesktopHost(const sim::Settings& settings, const QString& preset = {});
   ~DesktopHost() override;
 
   UserCntrl& Control() { return *control_; }
   sim::Manager& Transmitter() { return *manager_; }
+  /// Milliseconds since the host was made.
+  std::int64_t Now() const { return clock_.elapsed(); }
+  /// "SIMULATED", with ready-made settings "SIMULATED: tank".
+  std::string Simulated() const;
   /// Message boxes stand before `window`.
   void SetBoxParent(QWidget* window) { boxParent_ = window; }
 
@@ -56,6 +62,7 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
   void RunTransmitter();
   void RunTimer(int timer);
 
+  const QString preset_;
   QElapsedTimer clock_;
   QTimer transmitterTimer_;
   std::array<QTimer, kTimerCount> timers_;

@@ -1,12 +1,12 @@
 #include "desktop/field_cell.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QToolTip>
+#include <utility>
 
 #include "desktop/edge.h"
-#include "desktop/mnemonics.h"
-#include "desktop/number_hints.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
 #include "text/failure.h"
@@ -76,7 +76,7 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
     entry->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));
   }
   Connect(entry, &QLineEdit::textEdited, this,
-          [this, field](const QString& text) { context_.states.Type(field, ToUtf8(text)); });
+          [this, field](const QString& text) { context_.presented.Type(field, ToUtf8(text)); });
   connect(entry, &TextEntry::PastedCells, this, &FieldCell::PastedCells);
   Connect(entry, &TextEntry::Entered, this, [this] {
     if (row_.enterPresses) {
@@ -91,7 +91,7 @@ void FieldCell::MakeChoice(FieldWidth width, QWidget* parent) {
   auto* choice = new ChoiceField(width, parent);
   widget_ = choice;
   Connect(choice, &ChoiceField::Picked, this,
-          [this](int row) { context_.states.Pick(ChoiceId{control_}, static_cast<std::size_t>(row)); });
+          [this](int row) { context_.presented.Pick(ChoiceId{control_}, static_cast<std::size_t>(row)); });
   connect(choice, &ChoiceField::Entered, this, &FieldCell::Entered);
 }
 
@@ -127,7 +127,7 @@ void FieldCell::Refresh() {
     case RowKind::kOpen:
     case RowKind::kWrite: {
       const QString own = Text();
-      static_cast<QPushButton*>(widget_)->setText(WithMnemonic(own.isEmpty() ? caption_ : own, mnemonic_));
+      static_cast<QPushButton*>(widget_)->setText(WithMnemonic(ToUtf8(own.isEmpty() ? caption_ : own), mnemonic_));
       break;
     }
     default: {
@@ -145,21 +145,28 @@ void FieldCell::Refresh() {
 
 void FieldCell::RefreshState() {
   if (shape_ == nullptr || !control_) return;
-  const std::string text(context_.control.form.TextOf(control_));
-  const bool marked = context_.control.form.Any(control_).Enabled() && !IsPassword();
-  const FieldState state = marked ? context_.states.Of(control_) : FieldState::kAsRead;
-  words_ = marked ? QString::fromStdString(context_.states.Words(control_)) : QString();
-  alert_ = state == FieldState::kDiffers || state == FieldState::kReplaced;
-  hint_.clear();
-  if (marked && kind_ == RowKind::kNum && context_.states.ReadOrEdited(control_)) {
-    hint_ = QString::fromStdString(NumberHint(text, context_.control.codecs.DecimalSeparator()));
-  }
-  const Shape shape = ShapeOf(state);
+  const presentation::ScreenRow* row = context_.presented.Row(control_);
   const Shape before = shape_->Current();
-  shape_->SetShape(shape == Shape::kNone ? ShapeOfStatus(Role(), kind_, text) : shape);
+  Shape shape = Shape::kNone;
+  words_.clear();
+  hint_.clear();
+  alert_ = false;
+  if (row != nullptr) {
+    using presentation::FieldState;
+    if (row->state) shape = ShapeOf(*row->state);
+    if (shape == Shape::kNone) shape = ShapeOf(row->mark);
+    alert_ = row->state == FieldState::kDiffers || row->state == FieldState::kReplaced;
+    words_ = ToQt(row->words);
+    hint_ = ToQt(row->hint);
+    const QString name = ToQt(row->name);
+    if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+    SetPale(row->pale);
+  }
+  shape_->SetShape(shape);
   QStringList marks;
-  if (!words_.isEmpty()) marks << words_;
-  if (!hint_.isEmpty()) marks << hint_;
+  for (const QString& mark : {words_, hint_, row_.control == control_ ? ToQt(row_.note) : QString()}) {
+    if (!mark.isEmpty()) marks << mark;
+  }
   const QString description = marks.join(QStringLiteral("; "));
   if (widget_->accessibleDescription() != description) widget_->setAccessibleDescription(description);
   if (shape_->Current() == Shape::kFault && before != Shape::kFault && kind_ == RowKind::kMsg) {
@@ -168,14 +175,23 @@ void FieldCell::RefreshState() {
   }
 }
 
-void FieldCell::SetCaption(const QString& name, const QString& caption) {
-  caption_ = caption;
-  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+// What is stale is drawn as what is disabled: pale, and still to be read and copied.
+void FieldCell::SetPale(bool pale) {
+  if (std::exchange(pale_, pale) == pale) return;
+  QPalette palette = widget_->palette();
+  const QPalette::ColorGroup source = pale ? QPalette::Disabled : QPalette::Active;
+  const QPalette plain = QApplication::palette(widget_);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    palette.setBrush(group, QPalette::Text, plain.brush(source, QPalette::Text));
+    palette.setBrush(group, QPalette::WindowText, plain.brush(source, QPalette::WindowText));
+  }
+  widget_->setPalette(palette);
 }
 
-void FieldCell::SetMnemonic(QChar letter) {
-  mnemonic_ = letter;
-  Refresh();
+void FieldCell::SetCaption(const QString& caption) { caption_ = caption; }
+
+void FieldCell::SetMnemonic(char letter) {
+  if (std::exchange(mnemonic_, letter) != letter) Refresh();
 }
 
 QString FieldCell::ToolTip() const {

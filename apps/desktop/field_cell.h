@@ -6,7 +6,6 @@
 
 #include "desktop/choice_field.h"
 #include "desktop/core.h"
-#include "desktop/field_states.h"
 #include "desktop/field_widgets.h"
 #include "desktop/shapes.h"
 
@@ -17,7 +16,7 @@ using ControlSet = std::bitset<kControlCount>;
 /// What the pages of one control share.
 struct PageContext {
   UserCntrl& control;
-  FieldStates& states;
+  presentation::Presentation& presented;
 };
 
 /// One control at its place in a row: its shape and its widget, whatever the kind.
@@ -41,8 +40,8 @@ class FieldCell final : public QObject {
   void Refresh();
   /// Takes shape and marker.
   void RefreshState();
-  void SetCaption(const QString& name, const QString& caption);
-  void SetMnemonic(QChar letter);
+  void SetCaption(const QString& caption);
+  void SetMnemonic(char letter);
 
   QString Words() const { return words_; }
   QString Hint() const { return hint_; }
@@ -64,6 +63,7 @@ class FieldCell final : public QObject {
   void MakeChoice(FieldWidth width, QWidget* parent);
   void MakeButton(QWidget* parent);
   QString Text() const;
+  void SetPale(bool pale);
   /// The row's role is that of its first control.
   RowRole Role() const { return control_ == row_.control ? row_.role : RowRole::kNone; }
   bool IsPassword() const { return Role() == RowRole::kAccessCode; }
@@ -78,7 +78,8 @@ class FieldCell final : public QObject {
   QString words_;
   QString hint_;
   bool alert_ = false;
-  QChar mnemonic_;
+  bool pale_ = false;
+  char mnemonic_ = '\0';
   std::function<bool()> wordsFit_;
 };
 

@@ -216,7 +216,7 @@ void ReadList::Show(RowRole role, const std::vector<std::string>& rows) {
   for (const std::string& row : rows) {
     auto* item = new QListWidgetItem(ToQt(row), this);
     item->setToolTip(ToQt(row));
-    const auto shape = ShapeOfStatus(role, RowKind::kListBox, row);
+    const auto shape = ShapeOf(presentation::MarkOf(role, RowKind::kListBox, row));
     if (shape == desktop::Shape::kNone) continue;
     QPixmap picture(QSize(side, side) * devicePixelRatioF());
     picture.setDevicePixelRatio(devicePixelRatioF());

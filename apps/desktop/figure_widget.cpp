@@ -121,7 +121,7 @@ void FigureWidget::Paint() {
 void FigureWidget::PaintWords(QPainter& painter) const {
   const double line = fontMetrics().lineSpacing();
   QRectF row(above_.left(), above_.top(), above_.width(), line);
-  const Shape shape = ShapeOfStatus(RowRole::kNone, RowKind::kStatus, figure_.verdict);
+  const Shape shape = ShapeOf(presentation::MarkOf(RowRole::kNone, RowKind::kStatus, figure_.verdict));
   bool verdict = !figure_.verdict.empty();
   for (const QString& text : Above()) {
     QRectF words = row;

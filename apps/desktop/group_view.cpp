@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "desktop/edge.h"
-#include "desktop/mnemonics.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -88,7 +87,7 @@ void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
     for (int i = 0; i < 2 && i < texts.size(); ++i) {
       if (fields[i] == nullptr || !fields[i]->CanBeTypedIn()) continue;
       if (!context_.control.form.Any(fields[i]->Control()).Enabled()) continue;
-      context_.states.Type(TextId{fields[i]->Control()}, ToUtf8(texts[i].trimmed()));
+      context_.presented.Type(TextId{fields[i]->Control()}, ToUtf8(texts[i].trimmed()));
     }
     ++row;
   }
@@ -190,17 +189,10 @@ void GroupView::Finish() {
 
 // ---- texts
 
-QString GroupView::Caption() const {
-  const std::string_view own = group_.frame ? std::string_view(context_.control.form.TextOf(group_.frame)) : "";
-  return ToQt(own.empty() ? group_.caption : own);
-}
+QString GroupView::Caption() const { return ToQt(presentation::TitleOf(context_.control.form, group_)); }
 
 QString GroupView::CaptionOf(const LayoutRow& row) const {
-  if (row.captionControl) {
-    const std::string_view own = context_.control.form.TextOf(row.captionControl);
-    if (!own.empty()) return ToQt(own);
-  }
-  return ToQt(row.caption);
+  return ToQt(presentation::CaptionOf(context_.control.form, row, false));
 }
 
 QString GroupView::UnitOf(const LayoutRow& row) const {
@@ -224,7 +216,7 @@ void GroupView::Refresh(const ControlSet& changed) {
     line.widget->setVisible(shown);
     RefreshWords(line);
   }
-  if (box_ != nullptr) box_->setTitle(WithMnemonic(Caption(), mnemonic_));
+  if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
   if (openButtons_.size() > 1) {
     int widest = 0;
     for (const QPushButton* button : openButtons_) widest = std::max(widest, button->sizeHint().width());
@@ -237,8 +229,6 @@ void GroupView::RefreshRow(Row& made) {
   const QString caption = CaptionOf(row);
   const QString unit = UnitOf(row);
   const bool shown = Shows(made);
-  QStringList name{Caption(), caption, unit};
-  name.removeAll(QString());
   if (made.caption != nullptr) {
     made.caption->setText(caption);
     const bool own = !row.captionControl || context_.control.form.Any(row.captionControl).Visible();
@@ -250,15 +240,14 @@ void GroupView::RefreshRow(Row& made) {
     made.unit->setVisible(shown && (!placed || context_.control.form.Any(row.unit.control).Visible()));
   }
   if (made.cell != nullptr) {
-    made.cell->SetCaption(name.join(QStringLiteral(", ")), caption);
+    made.cell->SetCaption(caption);
     made.cell->Refresh();
     const bool visible = made.cell->Shows() && StatusFits(row);
     made.cell->Widget()->setVisible(visible);
     if (made.cell->Slot() != nullptr) made.cell->Slot()->setVisible(visible);
   }
   if (made.second != nullptr) {
-    const QString second = row.secondCaption.empty() ? tr("Status") : ToQt(row.secondCaption);
-    made.second->SetCaption(QStringList{name.join(QStringLiteral(", ")), second}.join(QStringLiteral(", ")), second);
+    made.second->SetCaption(ToQt(presentation::CaptionOf(context_.control.form, row, true)));
     made.second->Refresh();
     made.second->Widget()->setVisible(made.second->Shows());
     made.second->Slot()->setVisible(made.second->Shows());
@@ -288,14 +277,9 @@ bool GroupView::Shows() const {
 
 int GroupView::TopOfFrame() const { return group_.frame ? context_.control.form.At(FrameId{group_.frame}).Top() : 0; }
 
-void GroupView::RefreshState(ControlId control) {
-  for (const Row& made : rows_) {
-    for (FieldCell* cell : {made.cell, made.second}) {
-      if (cell == nullptr || !(cell->Control() == control)) continue;
-      cell->RefreshState();
-      RefreshWords(lines_[static_cast<std::size_t>(made.line)]);
-    }
-  }
+void GroupView::RefreshStates() {
+  for (FieldCell* cell : cells_) cell->RefreshState();
+  for (const Line& line : lines_) RefreshWords(line);
 }
 
 void GroupView::RefreshWords(const Line& line) {
@@ -331,9 +315,9 @@ int GroupView::CaptionWidth() const {
 
 void GroupView::SetCaptionWidth(int width) { grid_->setColumnMinimumWidth(0, width); }
 
-void GroupView::SetMnemonic(QChar letter) {
+void GroupView::SetMnemonic(char letter) {
   mnemonic_ = letter;
-  if (box_ != nullptr) box_->setTitle(WithMnemonic(Caption(), mnemonic_));
+  if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
 }
 
 // ---- labels with values

@@ -33,7 +33,8 @@ class GroupView final : public QWidget {
   const LayoutGroup& Group() const { return group_; }
   /// Takes what is in `changed` from the form.
   void Refresh(const ControlSet& changed);
-  void RefreshState(ControlId control);
+  /// Takes shapes and words.
+  void RefreshStates();
   /// The form shows the group's frame and at least one of its rows.
   bool Shows() const;
   int TopOfFrame() const;
@@ -44,7 +45,7 @@ class GroupView final : public QWidget {
   bool SharesCaptionWidth() const { return group_.columns == 1 && hasCaptions_; }
 
   QString Caption() const;
-  void SetMnemonic(QChar letter);
+  void SetMnemonic(char letter);
   const std::vector<FieldCell*>& Cells() const { return cells_; }
 
  Q_SIGNALS:
@@ -92,7 +93,7 @@ class GroupView final : public QWidget {
   const LayoutGroup& group_;
   QGroupBox* box_ = nullptr;
   QGridLayout* grid_ = nullptr;
-  QChar mnemonic_;
+  char mnemonic_ = '\0';
   bool buttonsOnly_ = true;
   bool hasCaptions_ = false;
   bool unitBeforeSecond_ = false;

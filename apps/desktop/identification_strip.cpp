@@ -5,6 +5,7 @@
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <iterator>
 
 #include "desktop/drawings.h"
 #include "desktop/qt_text.h"
@@ -12,47 +13,17 @@
 namespace htr60::desktop {
 namespace {
 
+// The parts in the order of the presentation.
 struct Part {
-  IdentityItem item;
   const char* name;   // for assistive technology and the tooltip
   const char* shown;  // before the text
 };
 constexpr Part kParts[] = {
-    {IdentityItem::kTag, "Tag", ""},
-    {IdentityItem::kManufacturer, "Manufacturer", ""},
-    {IdentityItem::kSerialNumber, "Serial number", "SN "},
-    {IdentityItem::kFirmware, "Firmware", "Firmware "},
-    {IdentityItem::kMeasurement, "Measurement", ""},
-    {IdentityItem::kWriteProtection, "Write protection", ""},
+    {"Tag", ""},         {"Manufacturer", ""},     {"Serial number", "SN "}, {"Firmware", "Firmware "},
+    {"Measurement", ""}, {"Write protection", ""},
 };
-
-// The control that a row of some page declares for this part.
-ControlId ControlOf(IdentityItem item, const PageRegistry& pages) {
-  for (const PageUnit* unit : pages.units) {
-    for (const PageLayout& page : unit->layouts) {
-      for (const LayoutGroup& group : page.groups) {
-        for (const LayoutRow& row : group.rows) {
-          if (row.identity == item) return row.control;
-        }
-      }
-    }
-  }
-  return {};
-}
-
-struct Shown {
-  std::uint32_t sets = 0;
-  QString text;
-};
-
-Shown ShownIn(Form& form, ControlId control) {
-  Shown shown;
-  if (!control) return shown;
-  form.Visit(control, [&](auto& widget) {
-    if constexpr (requires { widget.Sets(); }) shown = {widget.Sets(), ToQt(widget.Text())};
-  });
-  return shown;
-}
+constexpr std::size_t kTag = 0;
+constexpr std::size_t kLock = std::size(kParts) - 1;
 
 }  // namespace
 
@@ -90,8 +61,8 @@ void CopyLabel::contextMenuEvent(QContextMenuEvent* event) {
   menu.exec(event->globalPos());
 }
 
-IdentificationStrip::IdentificationStrip(UserCntrl& control, QWidget* parent)
-    : QFrame(parent), form_(control.form), padlock_(new QLabel(this)) {
+IdentificationStrip::IdentificationStrip(QWidget* parent)
+    : QFrame(parent), padlock_(new QLabel(this)), healthShape_(new ShapeSlot(this)), health_(new CopyLabel(this)) {
   setFrameShape(QFrame::NoFrame);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
@@ -100,58 +71,72 @@ IdentificationStrip::IdentificationStrip(UserCntrl& control, QWidget* parent)
   line->setContentsMargins(gap, gap / 2, gap, gap / 2);
   line->setSpacing(gap);
 
-  auto* simulated = new QLabel(QStringLiteral("SIMULATED"), this);
-  simulated->setObjectName(QStringLiteral("simulated"));
-  simulated->setFrameShape(QFrame::Box);
-  simulated->setContentsMargins(gap / 2, 1, gap / 2, 1);
-  QFont bold = simulated->font();
+  QFont bold = font();
   bold.setBold(true);
-  simulated->setFont(bold);
-  line->addWidget(simulated);
+  for (QLabel*& badge : badges_) {
+    badge = new QLabel(this);
+    badge->setFrameShape(QFrame::Box);
+    badge->setContentsMargins(gap / 2, 1, gap / 2, 1);
+    badge->setTextFormat(Qt::PlainText);
+    badge->setFont(bold);
+    badge->hide();
+    line->addWidget(badge);
+  }
+  badges_.front()->setObjectName(QStringLiteral("simulated"));
 
   const int side = fontMetrics().height();
   padlock_->setPixmap(Drawing(QStringLiteral("padlock"), side, devicePixelRatioF()));
   padlock_->setAccessibleName(tr("Write protection is on"));
   padlock_->hide();
-  for (const Part& part : kParts) {
-    auto* bar = new QFrame(this);
-    bar->setFrameShape(QFrame::VLine);
-    bar->setForegroundRole(QPalette::Mid);
-    line->addWidget(bar);
-    if (part.item == IdentityItem::kWriteProtection) line->addWidget(padlock_);
+  for (std::size_t i = 0; i < std::size(kParts); ++i) {
+    AddBar(*line);
+    if (i == kLock) line->addWidget(padlock_);
     auto* label = new CopyLabel(this);
-    if (part.item == IdentityItem::kTag) label->setFont(bold);
+    if (i == kTag) label->setFont(bold);
     line->addWidget(label);
-    items_.push_back({ControlOf(part.item, control.Pages()), label});
+    labels_.push_back(label);
   }
   line->addStretch(1);
-  Apply();
+  health_->setObjectName(QStringLiteral("health"));
+  health_->setAccessibleName(tr("Health"));
+  line->addWidget(healthShape_);
+  line->addWidget(health_);
 }
 
-void IdentificationStrip::Apply() {
-  for (std::size_t i = 0; i < items_.size(); ++i) {
-    Item& item = items_[i];
-    const Shown shown = ShownIn(form_, item.control);
-    if (shown.sets == item.sets && !item.label->FullText().isEmpty()) continue;
-    item.sets = shown.sets;
-    const Part& part = kParts[i];
-    // A list shows its first row or nothing before any answer: only what the program set counts.
-    const QString text = shown.sets == 0 ? QString() : shown.text.trimmed();
-    const QString name = tr(part.name);
-    item.label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(part.shown) + text);
-    item.label->setToolTip(text.isEmpty() ? QString() : name + QStringLiteral(": ") + text);
-    item.label->setAccessibleName(name);
-    item.label->setAccessibleDescription(text.isEmpty() ? tr("not read") : text);
-    if (part.item == IdentityItem::kTag) tag_ = text;
-    if (part.item == IdentityItem::kWriteProtection) padlock_->setVisible(text == QLatin1String("Write Locked"));
+void IdentificationStrip::AddBar(QHBoxLayout& line) {
+  auto* bar = new QFrame(this);
+  bar->setFrameShape(QFrame::VLine);
+  bar->setForegroundRole(QPalette::Mid);
+  line.addWidget(bar);
+}
+
+void IdentificationStrip::Apply(const presentation::Screen& screen) {
+  for (std::size_t i = 0; i < badges_.size(); ++i) {
+    const bool stands = i < screen.badges.size();
+    if (stands) badges_[i]->setText(ToQt(screen.badges[i]));
+    badges_[i]->setVisible(stands);
   }
+  for (std::size_t i = 0; i < labels_.size() && i < screen.identity.size(); ++i) {
+    const QString text = ToQt(screen.identity[i]);
+    const QString name = tr(kParts[i].name);
+    CopyLabel* label = labels_[i];
+    label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(kParts[i].shown) + text);
+    label->setToolTip(text.isEmpty() ? QString() : name + QStringLiteral(": ") + text);
+    label->setAccessibleName(name);
+    label->setAccessibleDescription(text.isEmpty() ? tr("not read") : text);
+  }
+  tag_ = ToQt(screen.identity[kTag]);
+  padlock_->setVisible(screen.identity[kLock] == "Write Locked");
+  health_->SetFullText(ToQt(screen.healthText));
+  health_->setAccessibleDescription(ToQt(screen.healthText));
+  healthShape_->SetShape(ShapeOf(screen.health));
 }
 
 QString IdentificationStrip::Tag() const { return tag_; }
 
 QStringList IdentificationStrip::Texts() const {
   QStringList texts;
-  for (const Item& item : items_) texts << item.label->FullText();
+  for (const CopyLabel* label : labels_) texts << label->FullText();
   return texts;
 }
 

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QFrame>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "desktop/core.h"
+#include "desktop/shapes.h"
 
 namespace htr60::desktop {
 
@@ -35,22 +38,21 @@ class IdentificationStrip final : public QFrame {
   Q_OBJECT
 
  public:
-  IdentificationStrip(UserCntrl& control, QWidget* parent);
-  void Apply();
+  explicit IdentificationStrip(QWidget* parent);
+  void Apply(const presentation::Screen& screen);
   /// The tag as the device holds it, without the blanks around it; empty while it was not read.
   QString Tag() const;
   /// What stands in the strip, from left to right.
   QStringList Texts() const;
 
  private:
-  struct Item {
-    ControlId control;
-    CopyLabel* label;
-    std::uint32_t sets = 0;
-  };
-  Form& form_;
-  std::vector<Item> items_;
+  void AddBar(QHBoxLayout& line);
+
+  std::array<QLabel*, 2> badges_{};
+  std::vector<CopyLabel*> labels_;
   QLabel* padlock_;
+  ShapeSlot* healthShape_;
+  CopyLabel* health_;
   QString tag_;
 };
 

@@ -22,7 +22,7 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
     QTextStream(stderr) << "htr60: " << options.tour << " cannot be made" << Qt::endl;
     return 2;
   }
-  Session session(settings, MainWindow::Places::kFresh);
+  Session session(settings, options.preset, MainWindow::Places::kFresh);
   Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour),
             htr60::desktop::Print);
   int exitCode = 0;
@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     Application::setApplicationName(QStringLiteral("htr60"));
     if (!options.tour.isEmpty()) return RunTour(application, options, settings);
     Sessions sessions;
-    sessions.Begin(settings);
+    sessions.Begin(settings, options.preset);
     return Application::exec();
   } catch (const std::exception& error) {  // mostly an OptionError
     QTextStream(stderr) << "htr60: " << QString::fromUtf8(error.what()) << Qt::endl;

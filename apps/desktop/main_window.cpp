@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSettings>
@@ -32,13 +33,25 @@ constexpr int kFirstHeight = 720;
 constexpr int kSmallestTree = 180;
 
 constexpr int kIconSide = 32;  // pixels
+constexpr std::int64_t kLongestWaitMs = 3'600'000;
 
 constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kSplitterKey = "window/splitter";
 
+// The host's clock runs from its start.
+presentation::DataLine::TimeOfDay TimeOfDay(const DesktopHost& host) {
+  const QDateTime start = QDateTime::currentDateTime().addMSecs(-host.Now());
+  return [start](std::int64_t now) { return start.addMSecs(now).toString(QStringLiteral("HH:mm:ss")).toStdString(); };
+}
+
 }  // namespace
 
-MainWindow::MainWindow(DesktopHost& host, Places places) : host_(host), control_(host.Control()), places_(places) {
+MainWindow::MainWindow(DesktopHost& host, Places places)
+    : host_(host),
+      control_(host.Control()),
+      presented_(control_,
+                 {.now = [&host] { return host.Now(); }, .timeOfDay = TimeOfDay(host), .simulated = host.Simulated()}),
+      places_(places) {
   setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
   MakeLayout();
   MakeMenus();
@@ -60,7 +73,7 @@ void MainWindow::MakeLayout() {
   auto* column = new QVBoxLayout(all);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  strip_ = new IdentificationStrip(control_, all);
+  strip_ = new IdentificationStrip(all);
   splitter_ = new QSplitter(Qt::Horizontal, all);
   splitter_->setChildrenCollapsible(false);
   panels_ = new StatusPanels(all);
@@ -73,8 +86,8 @@ void MainWindow::MakeLayout() {
   auto* rightColumn = new QVBoxLayout(right);
   rightColumn->setContentsMargins(0, 0, 0, 0);
   rightColumn->setSpacing(0);
-  header_ = new PageHeader(control_, right);
-  page_ = new PageArea(control_, right);
+  header_ = new PageHeader(right);
+  page_ = new PageArea(control_, presented_, right);
   actions_ = new ActionArea(right);
   rightColumn->addWidget(header_);
   rightColumn->addWidget(page_, 1);
@@ -88,19 +101,29 @@ void MainWindow::MakeLayout() {
   Connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
   Connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
     openers_.push_back(opener);
-    header_->Opened();
     focusAfter_ = FocusAfter::kFirstField;
   });
-  Connect(page_, &PageArea::CountsChanged, this, [this] {
-    const PageLayout* page = page_->Current();
-    actions_->ShowCounts(page != nullptr ? page_->States().Counts(*page) : StateCounts{});
+  Connect(page_, &PageArea::ReopenPressed, this, [this] {
+    openers_.clear();
+    presented_.Reopen();
+    focusAfter_ = FocusAfter::kFirstField;
   });
-  Connect(page_, &PageArea::LeftWithoutWriting, actions_, &ActionArea::ShowMessage);
   Connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
-  Connect(actions_, &ActionArea::WritePressed, this, [this] { page_->Press(id::cmdWriteParameter); });
-  Connect(actions_, &ActionArea::NotWrittenPressed, this, [this] { page_->FocusFirst(FieldState::kNotWritten); });
-  Connect(actions_, &ActionArea::SentPressed, this, [this] { page_->FocusFirst(FieldState::kSent); });
-  Connect(actions_, &ActionArea::ConfirmedPressed, this, [this] { page_->FocusFirst(FieldState::kConfirmed); });
+  Connect(actions_, &ActionArea::RevertPressed, this, [this] {
+    presented_.Revert();
+    Turn();
+  });
+  Connect(actions_, &ActionArea::WritePressed, this, [this] {
+    page_->Press(id::cmdWriteParameter);
+    Turn();
+  });
+  Connect(actions_, &ActionArea::FooterPressed, this, [this] {
+    const ControlId field = presented_.StepCounted();
+    Turn();
+    if (field) page_->FocusControl(field);
+  });
+  deadline_.setSingleShot(true);
+  Connect(&deadline_, &QTimer::timeout, this, &MainWindow::Turn);
 }
 
 // The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.
@@ -134,8 +157,8 @@ void MainWindow::MakeKeys() {
 }
 
 void MainWindow::Turn() {
-  const FormChanges changes = control_.form.TakeChanges();
-  const std::vector<int> handledCodes = control_.TakeHandledCodes();
+  const FormChanges changes = presented_.Turn();
+  const presentation::Screen& screen = presented_.Show();
   // A failure of one part leaves the others what has changed for them.
   Guarded([&] {
     if (!changes.tree) return;
@@ -144,16 +167,21 @@ void MainWindow::Turn() {
   });
   Guarded([&] {
     if (changes.status) panels_->Apply(control_.form.statusBar);
-    strip_->Apply();
+    strip_->Apply(screen);
     const QString tag = strip_->Tag();
     setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
   });
   Guarded([&] { page_->Apply(changes); });
   Guarded([&] {
-    header_->Apply(page_->Current(), page_->Title(), handledCodes);
-    actions_->Apply(control_.form);
+    header_->Apply(screen);
+    actions_->Apply(control_.form, screen);
     PutActionsLast();
   });
+  if (const auto next = presented_.NextDeadline()) {
+    deadline_.start(static_cast<int>(std::clamp<std::int64_t>(*next - presented_.Now(), 0, kLongestWaitMs)));
+  } else {
+    deadline_.stop();
+  }
   MoveFocus();
 }
 
@@ -172,17 +200,12 @@ void MainWindow::MoveFocus() {
 
 void MainWindow::ActivateNode(const QString& text, int position) {
   openers_.clear();
-  control_.Activate(ToUtf8(text), position);
-  page_->PageActivated();
-  header_->Opened();
+  presented_.Activate(ToUtf8(text), position);
 }
 
 void MainWindow::ActivateAgain() {
-  const std::string text = control_.LastActivated();
-  if (text.empty()) return;
-  const auto& nodes = control_.form.treeView.Nodes();
-  const auto node = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == text; });
-  ActivateNode(ToQt(text), node == nodes.end() ? 0 : static_cast<int>(node - nodes.begin()) + 1);
+  openers_.clear();
+  presented_.ActivateAgain();
 }
 
 void MainWindow::PressBack() {
@@ -192,7 +215,6 @@ void MainWindow::PressBack() {
     openers_.pop_back();
   }
   page_->Press(id::cmdBack);
-  header_->Returned();
   focusAfter_ = FocusAfter::kOpener;
 }
 
@@ -222,7 +244,7 @@ void MainWindow::ShowHelp() {
   QMessageBox box(this);
   box.setWindowTitle(tr("HTR60"));
   box.setTextFormat(Qt::PlainText);
-  box.setText(page != nullptr ? page_->Title() : tr("No page is open. Choose a node in the tree."));
+  box.setText(page != nullptr ? page_->Title() : ToQt(presented_.Shown().message));
   QStringList lines;
   if (page != nullptr) lines << ToQt(page->purpose);
   if (const QString note = page_->NoteOfFocus(); !note.isEmpty()) lines << note;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <vector>
 
 #include "desktop/desktop_host.h"
@@ -32,6 +33,7 @@ class MainWindow final : public QMainWindow {
   PageHeader& Header() { return *header_; }
   ActionArea& Actions() { return *actions_; }
   IdentificationStrip& Identification() { return *strip_; }
+  presentation::Presentation& Presented() { return presented_; }
 
  Q_SIGNALS:
   /// The operator wants another transmitter: the name of ready-made settings.
@@ -63,6 +65,7 @@ class MainWindow final : public QMainWindow {
 
   DesktopHost& host_;
   UserCntrl& control_;
+  presentation::Presentation presented_;
   const Places places_;
   IdentificationStrip* strip_;
   QSplitter* splitter_;
@@ -75,6 +78,7 @@ class MainWindow final : public QMainWindow {
   std::vector<ControlId> openers_;  // the open buttons that led here, for Back
   ControlId opener_;
   FocusAfter focusAfter_ = FocusAfter::kStays;
+  QTimer deadline_;                // time alone changes what is shown
   const void* chained_ = nullptr;  // the page after which the action area stands in the order of Tab
 };
 

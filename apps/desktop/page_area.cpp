@@ -2,9 +2,9 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
+#include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -15,25 +15,6 @@
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
-namespace {
-
-FieldStates::Clock MonotonicClock() {
-  QElapsedTimer clock;
-  clock.start();
-  return [clock] { return static_cast<std::int64_t>(clock.elapsed()); };
-}
-
-// Where several pages share the frame, the title of the current one.
-std::string_view TitleOf(const PageLayout& page, std::string_view currentPage) {
-  std::string_view any;
-  for (const LayoutTitle& title : page.titles) {
-    if (title.page == currentPage) return title.title;
-    if (title.page.empty() || any.empty()) any = title.title;
-  }
-  return any;
-}
-
-}  // namespace
 
 // A message across the top of the page area while its picture is shown. It takes no focus, catches no click, dims
 // nothing; the program shows and hides it.
@@ -84,19 +65,19 @@ PageArea::~PageArea() {
   for (PageView* view : findChildren<PageView*>()) disconnect(qApp, nullptr, view, nullptr);
 }
 
-PageArea::PageArea(UserCntrl& control, QWidget* parent)
+PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QWidget* parent)
     : QWidget(parent),
       control_(control),
-      states_(control, MonotonicClock()),
+      presented_(presented),
       stack_(new QStackedWidget(this)),
-      none_(new QLabel(tr("No page is open. Choose a node in the tree."), stack_)) {
+      empty_(new QWidget(stack_)),
+      why_(new QLabel(empty_)),
+      reopen_(new QPushButton(empty_)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(fontMetrics().averageCharWidth() / 2);
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
-      if (!page.IsLaidOut()) continue;
-      layouts_.push_back(&page);
       for (const LayoutGroup& group : page.groups) {
         if (!group.panel) continue;
         strips_.push_back(new WaitingStrip(control_.form, group, this));
@@ -105,11 +86,19 @@ PageArea::PageArea(UserCntrl& control, QWidget* parent)
     }
   }
   column->addWidget(stack_, 1);
-  none_->setAlignment(Qt::AlignCenter);
-  none_->setWordWrap(true);
-  none_->setTextFormat(Qt::PlainText);
-  none_->setObjectName(QStringLiteral("noPage"));
-  stack_->addWidget(none_);
+  why_->setAlignment(Qt::AlignCenter);
+  why_->setWordWrap(true);
+  why_->setTextFormat(Qt::PlainText);
+  why_->setObjectName(QStringLiteral("noPage"));
+  reopen_->setObjectName(QStringLiteral("reopen"));
+  reopen_->hide();
+  Connect(reopen_, &QPushButton::clicked, this, [this] { Q_EMIT ReopenPressed(); });
+  auto* middle = new QVBoxLayout(empty_);
+  middle->addStretch(1);
+  middle->addWidget(why_);
+  middle->addWidget(reopen_, 0, Qt::AlignCenter);
+  middle->addStretch(1);
+  stack_->addWidget(empty_);
 
   constexpr struct {
     QKeyCombination key;
@@ -120,32 +109,26 @@ PageArea::PageArea(UserCntrl& control, QWidget* parent)
     shortcut->setAutoRepeat(false);  // a tab may read from the device
     Connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
   }
-  deadline_.setSingleShot(true);
-  Connect(&deadline_, &QTimer::timeout, this, [this] {
-    states_.Tick();
-    ShowStates();
-  });
 }
 
-// ---- what the form shows
-
-const PageLayout* PageArea::InFront() const {
-  const FrameId frame = control_.form.FrameShownLast();
-  if (!frame || !control_.form.At(frame).Visible()) return nullptr;
-  const auto found =
-      std::find_if(layouts_.begin(), layouts_.end(), [&](const PageLayout* page) { return page->frame == frame; });
-  return found == layouts_.end() ? nullptr : *found;
-}
+// ---- what the presentation shows
 
 void PageArea::Apply(const FormChanges& changes) {
-  states_.Turn(changes);
   for (WaitingStrip* strip : strips_) strip->Apply();
   ControlSet changed;
   for (const ControlId control : changes.controls) changed.set(control.ordinal);
-  const bool fresh = Show(InFront());
-  if (current_ != nullptr && !fresh && changed.any()) views_[current_]->Refresh(changed);
-  NotePlace();
-  ShowStates();
+  const bool fresh = Show(presented_.Page());
+  if (current_ == nullptr) return ShowEmpty();
+  if (!fresh && changed.any()) views_[current_]->Refresh(changed);
+  views_[current_]->RefreshStates();
+}
+
+void PageArea::ShowEmpty() {
+  const presentation::Screen& screen = presented_.Shown();
+  why_->setText(ToQt(screen.message));
+  const bool offers = !screen.buttons.empty() && !screen.buttons.front().control;
+  if (offers) reopen_->setText(ToQt(screen.buttons.front().caption));
+  reopen_->setVisible(offers);
 }
 
 // True where another page came to the front: it has taken everything then.
@@ -153,12 +136,12 @@ bool PageArea::Show(const PageLayout* page) {
   if (page == current_) return false;
   current_ = page;
   if (page == nullptr) {
-    stack_->setCurrentWidget(none_);
+    stack_->setCurrentWidget(empty_);
     return true;
   }
   PageView*& view = views_[page];
   if (view == nullptr) {
-    view = new PageView({control_, states_}, *page, stack_);
+    view = new PageView({control_, presented_}, *page, stack_);
     stack_->addWidget(view);
     Connect(view, &PageView::Pressed, this, &PageArea::Press);
   }
@@ -169,59 +152,13 @@ bool PageArea::Show(const PageLayout* page) {
   return true;
 }
 
-PageArea::Place PageArea::PlaceNow(const PageLayout* page) const {
-  if (page == nullptr) return {};
-  const TabsInFront tabs = TabsOf(control_.form, *page);
-  return {page, ToQt(TitleOf(*page, control_.CurrentPage)), tabs.tab, tabs.innerTab};
-}
-
-void PageArea::NotePlace() {
-  const Place now = PlaceNow(current_);
-  if (now == place_) return;
-  const Place left = std::exchange(place_, now);
-  if (left.page == nullptr) return;
-  if (const int count = states_.Unwritten(*left.page, left.tab, left.innerTab); count > 0) {
-    QString where = left.title;
-    if (left.tab >= 0) {
-      const auto tab = control_.form.At(left.page->strip).Captions()[static_cast<std::size_t>(left.tab)];
-      where += QStringLiteral(", ") + ToQt(tab).trimmed();
-    }
-    const QString fields = count == 1 ? tr("1 field") : tr("%1 fields").arg(count);
-    Q_EMIT LeftWithoutWriting(tr("Left without writing: %1 on %2.").arg(fields, where));
-  }
-  if (left.page != now.page || left.title != now.title) states_.PageLeft(*left.page);
-}
-
-void PageArea::ShowStates() {
-  const std::vector<ControlId> changed = states_.TakeChanged();
-  if (current_ != nullptr && !changed.empty()) views_[current_]->RefreshStates(changed);
-  if (const auto next = states_.NextDeadline()) {
-    deadline_.start(static_cast<int>(std::max<std::int64_t>(0, *next - states_.Now())));
-  } else {
-    deadline_.stop();
-  }
-  Q_EMIT CountsChanged();
-}
-
 // ---- what the operator does
 
-void PageArea::PageActivated() {
-  states_.NodeActivated();
-  if (const PageLayout* page = InFront()) Opened(*page);
-}
-
-void PageArea::Opened(const PageLayout& page) {
-  const Place now = PlaceNow(&page);
-  states_.PageOpened(page, now.page == place_.page && now.title == place_.title);
-}
-
 void PageArea::Press(ButtonId button) {
-  const PageLayout* before = InFront();
-  states_.Press(button, before);
-  const PageLayout* after = InFront();
-  if (after == nullptr || after == before || button == id::cmdBack) return;
-  Opened(*after);
-  Q_EMIT Activated(button);
+  const PageLayout* before = presented_.Page();
+  presented_.Press(button);
+  const PageLayout* after = presented_.Page();
+  if (after != nullptr && after != before && !(button == id::cmdBack)) Q_EMIT Activated(button);
 }
 
 void PageArea::ChangeTab(int step) {
@@ -248,12 +185,7 @@ bool PageArea::FocusControl(ControlId control) {
   return view != nullptr && view->FocusControl(control);
 }
 
-void PageArea::FocusFirst(FieldState state) {
-  if (current_ == nullptr) return;
-  if (const ControlId field = states_.First(*current_, state)) FocusControl(field);
-}
-
-QString PageArea::Title() const { return PlaceNow(current_).title; }
+QString PageArea::Title() const { return ToQt(presented_.Shown().title); }
 
 QString PageArea::NoteOfFocus() const {
   const PageView* view = View();

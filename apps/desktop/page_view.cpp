@@ -9,7 +9,6 @@
 #include <numeric>
 
 #include "desktop/edge.h"
-#include "desktop/mnemonics.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
 
@@ -111,13 +110,8 @@ void PageView::RefreshFigure() {
       if (focus != nullptr && cell->Widget() == focus) focused = cell;
     }
   }
-  const FigureSource source{
-      .form = context_.control.form,
-      .decimalSeparator = context_.control.codecs.DecimalSeparator(),
-      .known = [this](ControlId control) { return context_.states.SetOrTypedSinceNode(control); },
-      .unwritten = [this](ControlId control) { return context_.states.Of(control) == FieldState::kNotWritten; },
-      .focus = focused == nullptr ? ControlId{} : focused->Control()};
-  figure_->Show(ComputeFigure(page_.figure, source));
+  context_.presented.Focus(focused == nullptr ? ControlId{} : focused->Control());
+  figure_->Show(context_.presented.Drawing());
 }
 
 void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
@@ -132,14 +126,14 @@ void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
 
 void PageView::OnTab(const Strip& strip, int index) {
   if (syncing_ || index < 0) return;
-  context_.control.ClickTab(strip.id, index);
+  context_.presented.ClickTab(strip.id, index);
   SyncStrips();
   Arrange();
 }
 
 void PageView::SyncStrips() {
   syncing_ = true;
-  const TabsInFront tabs = TabsOf(context_.control.form, page_);
+  const presentation::TabsInFront tabs = presentation::TabsOf(context_.control.form, page_);
   for (const Strip& strip : strips_) {
     strip.bar->setCurrentIndex(context_.control.form.At(strip.id).Index());
     strip.bar->setVisible(strip.tab < 0 || strip.tab == tabs.tab);
@@ -156,20 +150,21 @@ void PageView::Refresh(const ControlSet& changed) {
   RefreshFigure();
 }
 
-void PageView::RefreshStates(const std::vector<ControlId>& controls) {
-  for (const ControlId control : controls) {
-    for (GroupView* group : groups_) group->RefreshState(control);
+void PageView::RefreshStates() {
+  for (GroupView* group : groups_) {
+    if (group->isVisibleTo(content_)) group->RefreshStates();
   }
+  ChooseLetters();
   RefreshFigure();
 }
 
 void PageView::Arrange() {
-  const TabsInFront tabs = TabsOf(context_.control.form, page_);
+  const presentation::TabsInFront tabs = presentation::TabsOf(context_.control.form, page_);
   const QWidget* focus = QApplication::focusWidget();
   const bool held = focus != nullptr && content_->isAncestorOf(focus);
   bool moved = false;
   for (GroupView* group : groups_) {
-    const bool shows = StandsOn(group->Group(), tabs.tab, tabs.innerTab) && group->Shows();
+    const bool shows = presentation::StandsOn(group->Group(), tabs) && group->Shows();
     if (group->isVisibleTo(content_) == shows) continue;
     group->setVisible(shows);
     moved = true;
@@ -180,7 +175,6 @@ void PageView::Arrange() {
   }
   ArrangeByTop();
   AlignCaptions();
-  ChooseLetters();
   flow_->invalidate();
 }
 
@@ -222,34 +216,17 @@ void PageView::AlignCaptions() {
   }
 }
 
+// The letters are those of the screen, whose groups and buttons are those that are to be seen here.
 void PageView::ChooseLetters() {
-  struct Owner {
-    GroupView* group;
-    FieldCell* button;
-  };
-  std::vector<Owner> owners;
-  QStringList captions;
-  for (GroupView* group : groups_) {
-    const bool visible = group->isVisibleTo(content_);
-    if (visible && group->Group().box && !group->Caption().isEmpty()) {
-      owners.push_back({group, nullptr});
-      captions << group->Caption();
-    }
-    for (FieldCell* cell : group->Cells()) {
-      if (cell->Kind() != RowKind::kOpen) continue;
-      if (visible && cell->Shows()) {
-        owners.push_back({group, cell});
-        captions << static_cast<QPushButton*>(cell->Widget())->text().remove(u'&');
-      }
-    }
+  const presentation::Screen& screen = context_.presented.Shown();
+  auto title = screen.groups.begin();
+  for (GroupView* group : InOrder()) {
+    if (!group->isVisibleTo(content_) || group->Caption().isEmpty() || title == screen.groups.end()) continue;
+    group->SetMnemonic((title++)->mnemonic);
   }
-  const std::vector<QChar> letters = ChooseMnemonics(captions);
-  for (std::size_t i = 0; i < owners.size(); ++i) {
-    if (owners[i].button != nullptr) {
-      owners[i].button->SetMnemonic(letters[i]);
-    } else {
-      owners[i].group->SetMnemonic(letters[i]);
-    }
+  for (const presentation::ScreenButton& button : screen.buttons) {
+    if (!button.control) continue;
+    if (FieldCell* cell = CellOf(button.control)) cell->SetMnemonic(button.mnemonic);
   }
 }
 
@@ -273,8 +250,8 @@ void PageView::ChangeTab(int step) {
   strip->setCurrentIndex((strip->currentIndex() + step + strip->count()) % strip->count());
 }
 
-std::vector<const GroupView*> PageView::InOrder() const {
-  std::vector<const GroupView*> groups;
+std::vector<GroupView*> PageView::InOrder() const {
+  std::vector<GroupView*> groups;
   for (const int number : order_) {
     const auto at = static_cast<std::size_t>(number);
     if (at < groups_.size()) groups.push_back(groups_[at]);  // the figure has the last number

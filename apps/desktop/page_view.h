@@ -20,7 +20,8 @@ class PageView final : public QWidget {
   const PageLayout& Page() const { return page_; }
   /// Takes what is in `changed` from the form.
   void Refresh(const ControlSet& changed);
-  void RefreshStates(const std::vector<ControlId>& controls);
+  /// Takes shapes, words, letters and figure from what the presentation shows.
+  void RefreshStates();
 
   /// The tab in front of the innermost strip moves on, or back.
   void ChangeTab(int step);
@@ -58,7 +59,7 @@ class PageView final : public QWidget {
   void AddFigure();
   void RefreshFigure();
   void FocusNextField(FieldCell* from);
-  std::vector<const GroupView*> InOrder() const;
+  std::vector<GroupView*> InOrder() const;
   std::vector<FieldCell*> VisibleCells() const;
 
   PageContext context_;

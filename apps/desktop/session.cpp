@@ -19,8 +19,8 @@ Sessions::Sessions(MainWindow::Places places) : places_(places), outermost_(Loop
   Connect(&look_, &QTimer::timeout, this, &Sessions::BeginWanted);
 }
 
-void Sessions::Begin(const sim::Settings& settings) {
-  auto next = std::make_unique<Session>(settings, places_);
+void Sessions::Begin(const sim::Settings& settings, const QString& preset) {
+  auto next = std::make_unique<Session>(settings, preset, places_);
   Connect(&next->window, &MainWindow::TransmitterWanted, this, &Sessions::Want);
   if (now_ != nullptr) next->window.setGeometry(now_->window.geometry());
   next->window.show();
@@ -36,7 +36,7 @@ void Sessions::Want(const QString& preset) {
 // In an inner event loop, a box's or a menu's, handlers of the session that goes are still on the stack.
 void Sessions::BeginWanted() {
   if (LoopLevel() > outermost_) return look_.start(kLookAgainMs);
-  Begin(LoadSettings({.preset = wanted_}));
+  Begin(LoadSettings({.preset = wanted_}), wanted_);
 }
 
 }  // namespace htr60::desktop

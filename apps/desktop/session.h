@@ -10,7 +10,8 @@ namespace htr60::desktop {
 
 /// One transmitter with its window.
 struct Session {
-  Session(const sim::Settings& settings, MainWindow::Places places) : host(settings), window(host, places) {}
+  Session(const sim::Settings& settings, const QString& preset, MainWindow::Places places)
+      : host(settings, preset), window(host, places) {}
 
   DesktopHost host;
   MainWindow window;
@@ -22,7 +23,7 @@ class Sessions final : public QObject {
 
  public:
   explicit Sessions(MainWindow::Places places = MainWindow::Places::kKept);
-  void Begin(const sim::Settings& settings);
+  void Begin(const sim::Settings& settings, const QString& preset);
   Session* Now() { return now_.get(); }
 
  private:

@@ -3,35 +3,11 @@
 #include <QPainterPath>
 #include <algorithm>
 #include <array>
-#include <span>
 
 #include "desktop/edge.h"
 
 namespace htr60::desktop {
 namespace {
-
-constexpr std::string_view kWarnings[] = {"Table Not Initialised", "Disconnected", "Not Initialized"};
-constexpr std::string_view kFine[] = {"New Table is Valid", "None", "No Alarm"};
-constexpr std::string_view kNoBoard = "Sensor electronic board failure or disconnected";
-
-template <class Range, class Value>
-bool Has(const Range& range, const Value& value) {
-  return std::find(std::begin(range), std::end(range), value) != std::end(range);
-}
-
-bool HoldsStatus(RowKind kind) {
-  switch (kind) {
-    case RowKind::kText:
-    case RowKind::kStatus:
-    case RowKind::kListRo:
-    case RowKind::kListBox:
-    case RowKind::kLabel:
-    case RowKind::kMsg:
-      return true;
-    default:
-      return false;
-  }
-}
 
 // Points of the unit square, mapped to the room.
 struct Pen {
@@ -55,15 +31,13 @@ struct Pen {
 
 void Hourglass(const Pen& pen) { pen.Path({{0.2, 0.08}, {0.8, 0.08}, {0.2, 0.92}, {0.8, 0.92}}, true); }
 
-void NotEqual(const Pen& pen, QPen stroke, bool dashed) {
-  if (dashed) {
-    stroke.setDashPattern({1.6, 1.4});
-    stroke.setCapStyle(Qt::FlatCap);
-  }
-  pen.painter.setPen(stroke);
-  pen.Line(0.05, 0.36, 0.95, 0.36);
-  pen.Line(0.05, 0.66, 0.95, 0.66);
-  pen.Line(0.74, 0.06, 0.26, 0.96);
+// Less high with a dot below.
+void NotEqual(const Pen& pen, bool dotted) {
+  const double scale = dotted ? 0.76 : 1;
+  pen.Line(0.05, 0.36 * scale, 0.95, 0.36 * scale);
+  pen.Line(0.05, 0.66 * scale, 0.95, 0.66 * scale);
+  pen.Line(0.74, 0.06 * scale, 0.26, 0.96 * scale);
+  if (dotted) pen.Line(0.5, 0.95, 0.5, 0.96);
 }
 
 void Exclaim(const Pen& pen) {
@@ -72,13 +46,14 @@ void Exclaim(const Pen& pen) {
 }
 
 bool IsAlert(Shape shape) {
-  return shape == Shape::kNotEqual || shape == Shape::kDashedNotEqual || shape == Shape::kWarning ||
-         shape == Shape::kFault;
+  return shape == Shape::kNotEqual || shape == Shape::kDottedNotEqual || shape == Shape::kWarning ||
+         shape == Shape::kFault || shape == Shape::kQuestion || shape == Shape::kFailure;
 }
 
 }  // namespace
 
-Shape ShapeOf(FieldState state) {
+Shape ShapeOf(presentation::FieldState state) {
+  using presentation::FieldState;
   switch (state) {
     case FieldState::kNotRead:
       return Shape::kCircle;
@@ -88,29 +63,49 @@ Shape ShapeOf(FieldState state) {
       return Shape::kHourglass;
     case FieldState::kConfirmed:
       return Shape::kCheck;
+    case FieldState::kStored:
+      return Shape::kCheckOverLine;
     case FieldState::kDiffers:
       return Shape::kNotEqual;
     case FieldState::kReplaced:
-      return Shape::kDashedNotEqual;
+      return Shape::kDottedNotEqual;
     case FieldState::kChanged:
       return Shape::kFilledTriangle;
     case FieldState::kNotReadBack:
       return Shape::kCrossedHourglass;
     case FieldState::kAsRead:
-    case FieldState::kDeviceShows:
+    case FieldState::kShown:
       break;
   }
   return Shape::kNone;
 }
 
-Shape ShapeOfStatus(RowRole role, RowKind kind, std::string_view text) {
-  if (text.empty()) return Shape::kNone;
-  if (role == RowRole::kSimulate) return text == "Active" || text == "Enable" ? Shape::kWarning : Shape::kNone;
-  if (!HoldsStatus(kind)) return Shape::kNone;
-  if (text.starts_with("Good") || Has(kFine, text)) return Shape::kNone;
-  if (text.starts_with("Uncertain") || Has(kWarnings, text)) return Shape::kWarning;
-  if (text.starts_with("Bad") || text.starts_with("Not Monotonous") || text == kNoBoard) return Shape::kFault;
-  return role == RowRole::kVerdict ? Shape::kFault : Shape::kNone;
+Shape ShapeOf(presentation::Mark mark) {
+  switch (mark) {
+    case presentation::Mark::kUncertain:
+      return Shape::kWarning;
+    case presentation::Mark::kBad:
+      return Shape::kFault;
+    case presentation::Mark::kNone:
+      break;
+  }
+  return Shape::kNone;
+}
+
+Shape ShapeOf(presentation::HealthState health) {
+  using presentation::HealthState;
+  switch (health) {
+    case HealthState::kFailure:
+      return Shape::kFailure;
+    case HealthState::kFunctionCheck:
+      return Shape::kWarning;
+    case HealthState::kOutOfSpecification:
+      return Shape::kQuestion;
+    case HealthState::kGood:
+    case HealthState::kNotRead:
+      break;
+  }
+  return Shape::kNone;
 }
 
 QColor AccentColor(const QPalette& palette) {
@@ -155,11 +150,15 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
     case Shape::kCheck:
       pen.Path({{0.08, 0.55}, {0.38, 0.86}, {0.92, 0.16}}, false);
       break;
-    case Shape::kNotEqual:
-      NotEqual(pen, stroke, false);
+    case Shape::kCheckOverLine:
+      pen.Path({{0.12, 0.42}, {0.38, 0.68}, {0.88, 0.08}}, false);
+      pen.Line(0.08, 0.92, 0.92, 0.92);
       break;
-    case Shape::kDashedNotEqual:
-      NotEqual(pen, stroke, true);
+    case Shape::kNotEqual:
+      NotEqual(pen, false);
+      break;
+    case Shape::kDottedNotEqual:
+      NotEqual(pen, true);
       break;
     case Shape::kFilledTriangle:
       painter.setBrush(color);
@@ -175,6 +174,16 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
       break;
     case Shape::kFault:
       pen.Path({{0.06, 0.06}, {0.94, 0.06}, {0.94, 0.94}, {0.06, 0.94}}, true);
+      pen.Line(0.3, 0.3, 0.7, 0.7);
+      pen.Line(0.7, 0.3, 0.3, 0.7);
+      break;
+    case Shape::kQuestion:
+      pen.Path({{0.06, 0.06}, {0.94, 0.06}, {0.94, 0.94}, {0.06, 0.94}}, true);
+      pen.Path({{0.34, 0.34}, {0.5, 0.22}, {0.66, 0.34}, {0.5, 0.52}, {0.5, 0.62}}, false);
+      pen.Line(0.5, 0.78, 0.5, 0.79);
+      break;
+    case Shape::kFailure:
+      painter.drawEllipse(square.adjusted(side * 0.06, side * 0.06, -side * 0.06, -side * 0.06));
       pen.Line(0.3, 0.3, 0.7, 0.7);
       pen.Line(0.7, 0.3, 0.3, 0.7);
       break;

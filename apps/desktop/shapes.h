@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "desktop/core.h"
-#include "desktop/field_states.h"
 
 namespace htr60::desktop {
 
@@ -17,18 +16,24 @@ enum class Shape : std::uint8_t {
   kPencil,            ///< slanted bar: not written
   kHourglass,         ///< sent
   kCheck,             ///< confirmed
+  kCheckOverLine,     ///< stored as the code can hold it
   kNotEqual,          ///< the device differs
-  kDashedNotEqual,    ///< replaced by the device
+  kDottedNotEqual,    ///< replaced by the device
   kFilledTriangle,    ///< changed
   kCrossedHourglass,  ///< sent, not read back
   kWarning,           ///< triangle: uncertain
   kFault,             ///< square with a cross: bad
+  kQuestion,          ///< square with a question mark: out of specification
+  kFailure,           ///< circle with a cross
 };
 
-Shape ShapeOf(FieldState state);
+Shape ShapeOf(presentation::FieldState state);
 
-/// The shape before a status, a verdict, an alarm, a message. The text itself is never touched.
-Shape ShapeOfStatus(RowRole role, RowKind kind, std::string_view text);
+/// The shape before a status, a verdict, an alarm, a message.
+Shape ShapeOf(presentation::Mark mark);
+
+/// The shape before the word of the instrument's health.
+Shape ShapeOf(presentation::HealthState health);
 
 /// The operator's states, and what the operator must look at; both follow the palette.
 QColor AccentColor(const QPalette& palette);

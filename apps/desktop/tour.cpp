@@ -136,7 +136,7 @@ Tour::Outcome Tour::Try(const TourStep& step) {
     case TourDo::kBox:
       return PressBox(step);
     case TourDo::kWait:
-      return window_.Header().Settled() ? Outcome::kDone : Outcome::kNotYet;
+      return window_.Presented().Settled() ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kExpect:
       return control_.form.TextOf(step.control) == Localized(step.text) ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kSmallest:

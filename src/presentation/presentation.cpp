@@ -279,16 +279,13 @@ std::string Presentation::WhyEmpty() const {
   return std::string(kNoPage);
 }
 
-std::vector<std::string> Presentation::Strip() {
-  std::vector<std::string> strip;
-  if (!surroundings_.simulated.empty()) strip.push_back(surroundings_.simulated);
-  if (control_.ConnectionState == kDisconnected) strip.emplace_back("DISCONNECTED");
+void Presentation::AddStrip(Screen& screen) {
+  if (!surroundings_.simulated.empty()) screen.badges.push_back(surroundings_.simulated);
+  if (control_.ConnectionState == kDisconnected) screen.badges.emplace_back("DISCONNECTED");
   for (const IdentityItem item : kIdentity) {
     const std::string text = states_.IdentityText(item);
-    const std::string_view plain = Trimmed(text);
-    strip.emplace_back(plain.empty() ? "not read" : plain);
+    screen.identity.emplace_back(Trimmed(text));
   }
-  return strip;
 }
 
 void Presentation::AddFrameButtons(Screen& screen) {
@@ -304,16 +301,19 @@ void Presentation::AddFrameButtons(Screen& screen) {
   }
 }
 
-std::optional<ScreenFigure> Presentation::FigureOf(const PageLayout& page) {
-  if (page.figure == FigureKind::kNone) return std::nullopt;
-  const FigureSource source{
-      .form = control_.form,
-      .decimalSeparator = control_.codecs.DecimalSeparator(),
-      .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
-      .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
-      .focus = focus_,
-  };
-  Figure figure = ComputeFigure(page.figure, source);
+Figure Presentation::Drawing() {
+  if (page_ == nullptr) return {};
+  return ComputeFigure(
+      page_->figure, {.form = control_.form,
+                      .decimalSeparator = control_.codecs.DecimalSeparator(),
+                      .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
+                      .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
+                      .focus = focus_});
+}
+
+std::optional<ScreenFigure> Presentation::FigureOf() {
+  if (page_->figure == FigureKind::kNone) return std::nullopt;
+  Figure figure = Drawing();
   ScreenFigure shown{.sentence = std::move(figure.sentence), .above = {}, .remarks = std::move(figure.remarks)};
   if (!figure.verdict.empty()) shown.above.push_back(figure.verdictCaption + ": " + figure.verdict);
   for (std::string& line : figure.above) shown.above.push_back(std::move(line));
@@ -328,6 +328,7 @@ void Presentation::AddPage(Screen& screen) {
   screen.title = title_;
   screen.purpose = std::string(page.purpose);
   screen.dataLine = line_.Text(now);
+  screen.late = line_.Late(now) && !screen.dataLine.empty();
   screen.footer = states_.Footer(page);
   if (page.strip) {
     const TabsInFront tabs = TabsOf(form, page);
@@ -336,13 +337,14 @@ void Presentation::AddPage(Screen& screen) {
   }
   AddRows(screen, control_, states_, page, line_.Stale(now));
   screen.revertable = states_.Revertable(page);
-  screen.figure = FigureOf(page);
+  screen.unwritten = states_.AnyUnwritten(page);
+  screen.figure = FigureOf();
 }
 
-Screen Presentation::Show() {
+const Screen& Presentation::Show() {
   states_.Tick();
   Screen screen;
-  screen.strip = Strip();
+  AddStrip(screen);
   screen.health = health_.State();
   screen.healthText = health_.Text();
   AddWaitingPanel(screen, control_);
@@ -354,7 +356,47 @@ Screen Presentation::Show() {
     if (CanReopen()) screen.buttons.push_back({.caption = "Open " + activation_.node});
   }
   AddFrameButtons(screen);
-  return screen;
+  screen_ = std::move(screen);
+  return screen_;
+}
+
+const ScreenRow* Presentation::Row(ControlId control) const {
+  const auto row = std::find_if(screen_.rows.begin(), screen_.rows.end(),
+                                [&](const ScreenRow& candidate) { return candidate.control == control; });
+  return row == screen_.rows.end() ? nullptr : &*row;
+}
+
+std::optional<std::int64_t> Presentation::NextDeadline() const {
+  const std::int64_t now = surroundings_.now();
+  std::optional<std::int64_t> next = states_.NextDeadline();
+  const auto consider = [&](std::optional<std::int64_t> at) {
+    if (at && (!next || *at < *next)) next = at;
+  };
+  consider(line_.NextDeadline(now));
+  if (!message_.empty() && now < messageEnd_) consider(messageEnd_);
+  return next;
+}
+
+bool Presentation::Settled() const {
+  return line_.HasRead() && !line_.Waits() && !std::as_const(control_.form).At(TimerId::TimerReadAfterWrite).Enabled();
+}
+
+ControlId Presentation::StepCounted() {
+  if (page_ == nullptr) return {};
+  const std::vector<ControlId> counted = states_.Counted(*page_);
+  if (counted.empty()) return {};
+  const auto at = std::find(counted.begin(), counted.end(), counted_);
+  counted_ = at == counted.end() || at + 1 == counted.end() ? counted.front() : *(at + 1);
+  for (const LayoutGroup& group : page_->groups) {
+    const bool holds = std::any_of(group.rows.begin(), group.rows.end(), [&](const LayoutRow& row) {
+      return row.control == counted_ || row.second == counted_;
+    });
+    if (!holds) continue;
+    if (group.tab >= 0) ClickTab(page_->strip, group.tab);
+    const TabsInFront tabs = TabsOf(control_.form, *page_);
+    if (group.innerTab >= 0) ClickTab(tabs.inner, group.innerTab);
+  }
+  return counted_;
 }
 
 }  // namespace htr60::presentation

@@ -46,8 +46,20 @@ class Presentation {
   /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
   FormChanges Turn();
 
-  /// What is to be seen now.
-  Screen Show();
+  /// What is to be seen now. Stands until the next call.
+  const Screen& Show();
+  const Screen& Shown() const { return screen_; }
+  /// The row of a field as shown last; null where it was not to be seen.
+  const ScreenRow* Row(ControlId control) const;
+  /// The figure of the page in front.
+  Figure Drawing();
+  /// When time alone changes what is shown; none where it does not.
+  std::optional<std::int64_t> NextDeadline() const;
+  std::int64_t Now() const { return surroundings_.now(); }
+  /// The values of the page in front are there, and nothing is under way.
+  bool Settled() const;
+  /// The next field that the footer counts, after the one given last, brought to the front; none where there is none.
+  ControlId StepCounted();
 
   /// The page in front, null where none is.
   const PageLayout* Page() const { return page_; }
@@ -74,10 +86,10 @@ class Presentation {
   std::string WhyEmpty() const;
   bool CanReopen() const;
   int PollingInterval() const;
-  std::vector<std::string> Strip();
+  void AddStrip(Screen& screen);
   void AddPage(Screen& screen);
   void AddFrameButtons(Screen& screen);
-  std::optional<ScreenFigure> FigureOf(const PageLayout& page);
+  std::optional<ScreenFigure> FigureOf();
 
   UserCntrl& control_;
   Surroundings surroundings_;
@@ -88,10 +100,12 @@ class Presentation {
   const PageLayout* page_ = nullptr;
   std::string title_;
   ControlId focus_;
+  ControlId counted_;  // the field that a press of the footer led to last
   Activation activation_;
   std::string message_;
   std::int64_t messageEnd_ = 0;
   bool acting_ = false;  // an act tells of the page that it opens
+  Screen screen_;
 };
 
 }  // namespace htr60::presentation

@@ -59,9 +59,12 @@ struct Screen {
   std::string title;
   std::string purpose;
   std::string dataLine;
-  std::string footer;   ///< the line of the action area
-  std::string message;  ///< without a page why there is none, else the message line
-  std::vector<std::string> strip;
+  bool late = false;                ///< an answer is missing: the data line warns
+  std::string footer;               ///< the line of the action area
+  std::string message;              ///< without a page why there is none, else the message line
+  std::vector<std::string> badges;  ///< "SIMULATED...", "DISCONNECTED" where they stand
+  std::vector<std::string>
+      identity;  ///< tag, manufacturer, serial number, firmware, measurement, write protection; empty: not read
   HealthState health = HealthState::kNotRead;
   std::string healthText;
   std::vector<ScreenTabs> tabs;
@@ -69,6 +72,7 @@ struct Screen {
   std::vector<ScreenRow> rows;
   std::vector<ScreenButton> buttons;
   int revertable = 0;
+  bool unwritten = false;  ///< the visible tab has a text not written: Write is prominent
   std::optional<ScreenFigure> figure;
 };
 

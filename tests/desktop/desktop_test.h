@@ -53,7 +53,7 @@ class DesktopTest : public testing::Test {
   UserCntrl& Control() { return host_.Control(); }
   Form& TheForm() { return host_.Control().form; }
   bool Settle() {
-    return WaitFor([this] { return window_.Header().Settled(); });
+    return WaitFor([this] { return window_.Presented().Settled(); });
   }
   /// The start's own reads have been answered: writes go out.
   bool Connect() {

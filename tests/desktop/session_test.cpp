@@ -19,7 +19,7 @@ int OpenBoxes() {
 
 class SessionsTest : public testing::Test {
  protected:
-  SessionsTest() { sessions_.Begin({}); }
+  SessionsTest() { sessions_.Begin({}, {}); }
   UserCntrl& Control() { return sessions_.Now()->host.Control(); }
   void Want(const char* preset) { Q_EMIT sessions_.Now()->window.TransmitterWanted(QLatin1String(preset)); }
   std::string Type() { return std::string(sessions_.Now()->host.Control().form.cmbPVType.Text()); }
