@@ -42,8 +42,8 @@ class EdgeTest : public DesktopTest {
 
 TEST_F(EdgeTest, AFailureInASlotEndsThatSlotAlone) {
   int after = 0;
-  desktop::Connect(&window_.Page(), &PageArea::CountsChanged, &window_, [] { throw RuntimeFailure("in a slot"); });
-  desktop::Connect(&window_.Page(), &PageArea::CountsChanged, &window_, [&] { ++after; });
+  desktop::Connect(&host_, &DesktopHost::TurnEnded, &window_, [] { throw RuntimeFailure("in a slot"); });
+  desktop::Connect(&host_, &DesktopHost::TurnEnded, &window_, [&] { ++after; });
   ASSERT_TRUE(Open("Device Identification"));
   EXPECT_GT(after, 0);
   EXPECT_EQ(window_.Header().Title(), QStringLiteral("Device Identification"));

@@ -23,7 +23,9 @@ class PageAreaTest : public testing::Test {
   }
 
   void Turn() {
-    area_.Apply(control_->form.TakeChanges());
+    const FormChanges changes = presented_.Turn();
+    presented_.Show();
+    area_.Apply(changes);
     QApplication::processEvents();
   }
   template <class Widget>
@@ -40,13 +42,17 @@ class PageAreaTest : public testing::Test {
   }
 
   TestControl control_;
-  PageArea area_{*control_};
+  presentation::Presentation presented_{
+      *control_, {.now = [] { return std::int64_t{0}; }, .timeOfDay = [](std::int64_t) { return std::string("now"); }}};
+  PageArea area_{*control_, presented_};
 };
 
 TEST_F(PageAreaTest, ShowsThePageShownLastOrTheWord) {
   EXPECT_EQ(area_.Current(), &kFirst);
   EXPECT_EQ(area_.Title(), QStringLiteral("First"));
   control_->CurrentPage = "Test 2";
+  control_->form.txtParameter(37).SetText("1");
+  Turn();
   EXPECT_EQ(area_.Title(), QStringLiteral("First again"));
   control_->HideAllFrames();
   Turn();
@@ -112,7 +118,7 @@ TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
   EXPECT_EQ(Cell(id::txtParameter(37)).Words(), QStringLiteral("not written"));
   EXPECT_EQ(Cell(id::txtParameter(37)).Hint(), QStringLiteral("Decimal separator here is ."));
   EXPECT_EQ(Cell(id::txtParameter(37)).Slot()->Current(), Shape::kPencil);
-  EXPECT_EQ(entry->accessibleDescription(), QStringLiteral("not written; Decimal separator here is ."));
+  EXPECT_EQ(entry->accessibleDescription(), QStringLiteral("not written; Decimal separator here is .; The upper end."));
   SendKey(*entry, Qt::Key_Escape);
   Turn();
   EXPECT_EQ(control_->form.txtParameter(37).Text(), "1.000");
@@ -124,22 +130,22 @@ TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
 TEST_F(PageAreaTest, WordsThatDoNotFitAreInTheToolTip) {
   const auto field = id::txtParameter(37);
   control_->form.At(field).SetText("1.000");
-  area_.States().Type(field, "2");
+  presented_.Type(field, "2");
   Turn();
   EXPECT_EQ(Cell(field).ToolTip(), QString());
-  area_.States().Type(field, std::string(80, '7'));
+  presented_.Type(field, std::string(80, '7'));
   control_->form.At(field).SetText("1.000");
   Turn();
   EXPECT_EQ(Cell(field).ToolTip(),
             QStringLiteral("replaced by the device, was: %1").arg(QString(80, QLatin1Char('7'))));
-  EXPECT_EQ(Entry(field)->accessibleDescription(), Cell(field).ToolTip());
+  EXPECT_TRUE(Entry(field)->accessibleDescription().startsWith(Cell(field).ToolTip()));
   control_->form.txtParameter(299).SetText(std::string(80, 'x'));
   Turn();
   EXPECT_EQ(Cell(id::txtParameter(299)).ToolTip(), QString(80, QLatin1Char('x')));
 }
 
 TEST_F(PageAreaTest, EnterNeverWrites) {
-  area_.States().Type(id::txtParameter(37), "2");
+  presented_.Type(id::txtParameter(37), "2");
   auto* write = Field<QPushButton>(id::cmdWriteCalPoint);
   SendKey(*write, Qt::Key_Return);
   SendKey(*write, Qt::Key_Enter);
@@ -156,7 +162,7 @@ TEST_F(PageAreaTest, AnOpenButtonOpensAPageAnew) {
   QObject::connect(&area_, &PageArea::Activated, [&](ControlId opener) { activated.push_back(opener); });
   control_->form.txtParameter(21).SetText("1.000");
   Turn();
-  EXPECT_EQ(area_.States().Of(id::txtParameter(21)), FieldState::kAsRead);
+  EXPECT_EQ(presented_.States().Of(id::txtParameter(21)), presentation::FieldState::kAsRead);
   area_.Press(id::cmdTablePoints);
   EXPECT_EQ(activated, std::vector<ControlId>{id::cmdTablePoints});
   Turn();
@@ -165,18 +171,6 @@ TEST_F(PageAreaTest, AnOpenButtonOpensAPageAnew) {
   area_.FocusFirstField();
   EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(21)));
   EXPECT_FALSE(area_.FocusControl(id::cmdTablePoints));
-}
-
-TEST_F(PageAreaTest, TellsWhatWasLeftWithoutWriting) {
-  QStringList said;
-  QObject::connect(&area_, &PageArea::LeftWithoutWriting, [&](const QString& sentence) { said << sentence; });
-  area_.States().Type(id::txtParameter(37), "2");
-  area_.States().Type(id::txtParameter(40), "2");
-  Turn();
-  Tab(1);
-  EXPECT_EQ(said, QStringList{QStringLiteral("Left without writing: 2 fields on First, Settings.")});
-  Tab(0);
-  EXPECT_EQ(said.size(), 1);
 }
 
 TEST_F(PageAreaTest, TabsShowTheirGroupsAndKeysMoveOn) {
@@ -318,7 +312,7 @@ class CommaTest : public PageAreaTest {
 };
 
 TEST_F(CommaTest, HintsFollowTheLocale) {
-  area_.States().Type(id::txtParameter(37), "12.5");
+  presented_.Type(id::txtParameter(37), "12.5");
   Turn();
   EXPECT_EQ(Cell(id::txtParameter(37)).Hint(), QStringLiteral("Decimal separator here is ,"));
 }
@@ -373,7 +367,7 @@ TEST_F(AllPagesTest, TwoPastedColumnsFillTheEnabledPoints) {
   control_->form.frmTRDTable.SetVisible(true);
   control_->form.cmbNrPoints.SetText("3");
   Turn();
-  area_.PageActivated();
+  presented_.States().NodeActivated();
   QApplication::clipboard()->setText(QStringLiteral("0\t1\r\n50\t 25.5\r\n100\t100\r\n7\t7\r\n"));
   auto* first = Field<TextEntry>(id::txtParameter(21));
   first->setFocus();
@@ -397,7 +391,7 @@ TEST_F(AllPagesTest, TheTablesFigureFollowsTyping) {
   control_->HideAllFrames();
   control_->form.frmTRDTable.SetVisible(true);
   Turn();
-  area_.PageActivated();
+  presented_.States().NodeActivated();
   control_->form.cmbNrPoints.SetText("2");
   for (const TextId field : {id::txtParameter(21), id::txtParameter(36)}) control_->form.At(field).SetText("0.000");
   for (const TextId field : {id::txtParameter(22), id::txtParameter(52)}) control_->form.At(field).SetText("100.000");
@@ -407,7 +401,7 @@ TEST_F(AllPagesTest, TheTablesFigureFollowsTyping) {
   ASSERT_EQ(figure->Shown().missing, "");
   ASSERT_FALSE(figure->Shown().markers.empty());
   EXPECT_FALSE(figure->accessibleName().isEmpty());
-  area_.States().Type(id::txtParameter(22), "50");
+  presented_.Type(id::txtParameter(22), "50");
   Turn();
   const auto hollow = std::count_if(figure->Shown().markers.begin(), figure->Shown().markers.end(),
                                     [](const FigureMarker& m) { return m.shape == MarkerShape::kHollowSquare; });

@@ -45,11 +45,11 @@ TEST_F(WindowTest, IdentificationShowsWhatTheProgramSetAndNotWhatIsTyped) {
   QApplication::processEvents();
   EXPECT_EQ(TheForm().txtParameter(0).Text(), "A");
   EXPECT_EQ(window_.Identification().Texts(), texts);
-  EXPECT_EQ(window_.Actions().Counts(), QStringList(QStringLiteral("1 not written")));
+  EXPECT_EQ(window_.Actions().Footer(), QStringLiteral("1 not written"));
   window_.Actions().Write()->click();
   ASSERT_TRUE(WaitFor([&] { return window_.Identification().Tag() == QLatin1String("A"); }));
   EXPECT_EQ(window_.windowTitle(), QStringLiteral("A - HTR60 - SIMULATED"));
-  EXPECT_EQ(window_.Actions().Counts(), QStringList(QStringLiteral("all confirmed")));
+  EXPECT_EQ(window_.Actions().Footer(), QStringLiteral("all confirmed"));
 }
 
 TEST_F(WindowTest, ArrowsMoveTheSelectionAloneAndEnterActivates) {
