@@ -45,7 +45,7 @@ Manager::Manager(const Settings& settings, std::function<std::int64_t()> now)
     : now_(std::move(now)),
       zero_(now_()),
       settings_(settings),
-      device_(settings) {
+      device_(settings.device, settings.process, settings.timing.seed) {
   for (const auto& fault : settings_.faults) AddFault(fault, 0);
   device_.Settle();
 }

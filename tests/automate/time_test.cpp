@@ -132,6 +132,8 @@ TEST(VirtualTime, TheClockMovesBy366DaysAtMost) {
   EXPECT_EQ(driver.Sent(), Strings{});  // nothing has changed
   driver.Ok({{"do", "advance"}, {"ms", kMost}});
   EXPECT_EQ(driver.Sent(), (Strings{"read 90", "read 1"}));
+  const Json pv = driver.Ok({{"do", "simulator"}, {"get", {"pv"}}})["values"]["pv"];
+  EXPECT_NEAR(pv["value"].get<double>(), 10 + 366 * 24 * 0.001, 0.05);  // the drift, and noise of 7 Pa
 }
 
 TEST(Simulator, CommandsReachTheTransmitter) {
