@@ -7,7 +7,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <utility>
 
 #include "automate/virtual_host.h"
 #include "codecs/codec_names.h"

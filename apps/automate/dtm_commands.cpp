@@ -79,7 +79,7 @@ Json CarryOut(sim::Manager& simulator, const SimulatorCommand& command) {
   // What can be refused comes first and is tried without effect, so that a refused command has changed nothing.
   if (!command.get.is_null()) simulator.Get(command.get);
   if (!command.fault.is_null()) sim::ParseFault(command.fault, "fault");
-  if (command.clear && !simulator.HasFault(*command.clear)) throw CommandError("there is no fault of that number");
+  if (command.clear && !simulator.HasBegunFault(*command.clear)) throw CommandError("there is no fault of that number");
   if (!command.set.is_null()) simulator.Set(command.set);
   if (command.clear) simulator.ClearFault(*command.clear);
   if (command.clearAll) simulator.ClearAllFaults();

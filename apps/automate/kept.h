@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstddef>
-
 #include "automate/fields.h"
 #include "simulator/device/bounded_queue.h"
 

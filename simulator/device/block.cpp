@@ -1,13 +1,10 @@
 #include "simulator/device/block.h"
 
-#include <cmath>
-
 #include "simulator/device/chain.h"
 
 namespace htr60::sim {
 namespace {
 
-constexpr double kCycleSeconds = 0.1;
 constexpr unsigned kOutOfService = 0x1C;
 constexpr unsigned kSubstitute = 0x48;
 constexpr unsigned kLastUsable = 0x44;
@@ -45,11 +42,7 @@ void Block::Automatic(const BlockConfig& c, const BlockInput& input, bool steady
   }
   const double share = (input.value - c.pvLower) / (c.pvUpper - c.pvLower);
   const double target = c.outLower + share * (c.outUpper - c.outLower);
-  if (steady || c.damping <= 0) {
-    lag_ = target;
-  } else {
-    lag_ += (target - lag_) * (1 - std::exp(-kCycleSeconds / c.damping));
-  }
+  c.lag.Follow(lag_, target, steady);
   status_ = input.status;
   out_ = lag_;
   if (!IsBad(input.status)) {
@@ -67,6 +60,12 @@ void Block::Write(double out, unsigned status) {
   out_ = out;
   status_ = status;
   if (!IsBad(status)) lastGood_ = out;
+}
+
+Block Block::WithOtherAlarms() const {
+  Block other = *this;
+  other.alarms_ ^= kAlarmHiHi | kAlarmHi | kAlarmLoLo | kAlarmLo;
+  return other;
 }
 
 void Block::JudgeAlarms(const BlockConfig& c) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include "simulator/device/lag.h"
 
 namespace htr60::sim {
 
@@ -13,10 +13,10 @@ inline constexpr unsigned kAlarmHi = 0x0400;
 inline constexpr unsigned kAlarmLoLo = 0x0800;
 inline constexpr unsigned kAlarmLo = 0x1000;
 
-/// Parameters of one Analog Input block, in engineering values; damping in seconds.
+/// Parameters of one Analog Input block, in engineering values.
 struct BlockConfig {
   unsigned target = kTargetAuto;
-  double damping = 0;
+  Lag lag;  ///< the damping
   double pvUpper = 1, pvLower = 0, outUpper = 1, outLower = 0;
   double hiHi = 0, hi = 0, loLo = 0, lo = 0, hyst = 0;
   unsigned failSafeType = 1;
@@ -45,6 +45,9 @@ class Block {
   unsigned Status() const { return status_; }
   /// Active alarms, a set of `kAlarm...`.
   unsigned Alarms() const { return alarms_; }
+
+  /// The same block with each alarm the other way round.
+  Block WithOtherAlarms() const;
 
   bool operator==(const Block&) const = default;
 

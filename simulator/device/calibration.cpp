@@ -280,7 +280,7 @@ void WriteDensityPoint(Device& device, int code, const Attributes& attributes) {
 
 void WriteMeasuredType(Device& device, int code, const Attributes& attributes) {
   if (attributes[0] == kUnused) return;
-  const bool calibrating = device.GetSettings().device.selfCalibration;
+  const bool calibrating = device.GetSettings().selfCalibration;
   Refusal refusal = CheckForm(attributes[0], Form::kE2);
   if (!refusal && NumberOf(attributes[0]) >= kMeasuredTypes) refusal = kRefusedCode;
   const int type = refusal ? 0 : static_cast<int>(NumberOf(attributes[0]));

@@ -6,16 +6,6 @@
 namespace htr60::sim {
 namespace {
 
-constexpr double kCycleMilliseconds = 100;
-
-void Lag(double& value, double target, double timeConstantMs, bool steady) {
-  if (steady || timeConstantMs <= 0) {
-    value = target;
-  } else {
-    value += (target - value) * (1 - std::exp(-kCycleMilliseconds / timeConstantMs));
-  }
-}
-
 double Percent(double value, double upper, double lower) {
   return upper == lower ? 0 : 100 * (value - lower) / (upper - lower);
 }
@@ -49,6 +39,7 @@ double Interpolate(const double* x, const double* y, std::size_t points, double 
 }
 
 void Chain::Cycle(const ChainConfig& config, const ChainInput& input, const SensorFaults& faults, bool steady) {
+  keepsDensity_ = false;
   Temperature(config, input, faults, steady);
   Sensors(config, input, faults, steady);
   Diagnosis(config, faults);
@@ -61,8 +52,13 @@ void Chain::Cycle(const ChainConfig& config, const ChainInput& input, const Sens
   started_ = true;
 }
 
+void Chain::FollowLags(const ChainConfig& config, const ChainInput& input) {
+  config.thermalLag.Follow(laggedTemperature_, input.temperature + config.temperatureError, false);
+  for (std::size_t s = 0; s < 2; ++s) config.sensorLag.Follow(lagged_[s], input.pressure[s], false);
+}
+
 void Chain::Temperature(const ChainConfig& c, const ChainInput& input, const SensorFaults& faults, bool steady) {
-  Lag(laggedTemperature_, input.temperature + c.temperatureError, c.thermalLagMs, steady);
+  c.thermalLag.Follow(laggedTemperature_, input.temperature + c.temperatureError, steady);
   if (!faults.board || !started_) {
     live_.tRaw = laggedTemperature_;
     live_.t = c.gainTemp * live_.tRaw + c.offsetTemp;
@@ -81,7 +77,7 @@ void Chain::Sensors(const ChainConfig& c, const ChainInput& input, const SensorF
   for (std::size_t s = 0; s < 2; ++s) {
     const SensorConfig& sensor = c.sensors[s];
     LiveSensor& live = live_.sensors[s];
-    Lag(lagged_[s], input.pressure[s], c.sensorLagMs, steady);
+    c.sensorLag.Follow(lagged_[s], input.pressure[s], steady);
     if (!faults.stuck[s] || !started_) {
       const double seen = (1 + sensor.gainError) * lagged_[s] + sensor.offsetError + input.drift[s] +
                           sensor.ambientEffect * (input.ambient - 25);
@@ -199,7 +195,8 @@ void Chain::Linear(const ChainConfig& c) {
   double input = live_.press;
   if (c.type == 2 && c.compensation) {
     const double top = live_.sensors[1].p;
-    if (top > c.deadBand && live_.press > 0) live_.compensatedRho = live_.press / (c.gravity * c.height);
+    keepsDensity_ = !(top > c.deadBand && live_.press > 0);
+    if (!keepsDensity_) live_.compensatedRho = live_.press / (c.gravity * c.height);
     // The input scale is given for water.
     input = live_.sensors[0].p * 1000 / live_.compensatedRho;
   }

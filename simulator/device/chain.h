@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
 #include "simulator/device/density.h"
+#include "simulator/device/lag.h"
 
 namespace htr60::sim {
 
@@ -38,7 +38,8 @@ struct SensorConfig {
 struct ChainConfig {
   int type = 0;
   std::array<SensorConfig, 2> sensors;
-  double sensorLagMs = 0, thermalLagMs = 0, temperatureError = 0;
+  Lag sensorLag, thermalLag;
+  double temperatureError = 0;
   bool connected = true;
   double gain = 1, offset = 0, gainTemp = 1, offsetTemp = 0;
   bool curveOn = false;
@@ -117,7 +118,11 @@ class Chain {
  public:
   /// `steady` leaves out the lags: the state that an unchanging process ends in.
   void Cycle(const ChainConfig& config, const ChainInput& input, const SensorFaults& faults, bool steady);
+  /// A cycle whose values nobody sees: only the lags follow.
+  void FollowLags(const ChainConfig& config, const ChainInput& input);
   const Live& Now() const { return live_; }
+  /// The last cycle kept the fluid's density of an earlier one.
+  bool KeepsDensity() const { return keepsDensity_; }
 
  private:
   void Sensors(const ChainConfig& c, const ChainInput& input, const SensorFaults& faults, bool steady);
@@ -134,6 +139,7 @@ class Chain {
   double laggedTemperature_ = 20;
   double lastGoodPv_ = 0;
   bool started_ = false;
+  bool keepsDensity_ = false;
 };
 
 /// Straight lines through the points; outside, the end values hold or the end lines go on.

@@ -7,6 +7,23 @@
 #include "simulator/device/units.h"
 
 namespace htr60::sim {
+namespace {
+
+/// Pressures of both sensors in Pa that show a round primary value.
+std::array<double, 2> DefaultPressures(int primaryValueType) {
+  switch (primaryValueType) {
+    case kFlow:
+      return {19350, 10000};
+    case kLevel:
+      return {24709.975, 10000};
+    case kDensity:
+      return {14903.325, 10000};
+    default:
+      return {20000, 10000};
+  }
+}
+
+}  // namespace
 
 void History::Push(double value) {
   values_[next_] = value;
@@ -20,8 +37,11 @@ double History::Movement() const {
   return *most - *least;
 }
 
-Device::Device(const Settings& settings)
-    : settings_(settings), start_(StartParameters(settings.device)), p_(start_), process_(settings) {
+Device::Device(const DeviceSettings& settings, const ProcessSettings& process, std::uint64_t seed)
+    : settings_(settings),
+      start_(StartParameters(settings)),
+      p_(start_),
+      process_(process, DefaultPressures(settings.primaryValueType), settings.height, seed) {
   factoryCopy_ = lastCopy_ = TakeCalibration();
   BackUpSensorData();
   RunCycle(0, true);
@@ -53,15 +73,23 @@ void Device::CatchUp(std::int64_t nowMs) {
   const std::int64_t last = nowMs_ / kCycleMs;
   while (cycle_ < last) {
     if (quietCycles_ >= kSettled && !dirty_) {
-      const auto step = process_.NextStepCycle();
-      const std::int64_t until = step ? std::min(last, *step - 1) : last;
-      if (until > cycle_) {
-        cycle_ = until;
-        continue;
-      }
+      const std::int64_t before = cycle_;
+      PassOver(last);
+      if (cycle_ > before) continue;
     }
-    RunCycle(++cycle_, false);
+    if (!SkipUnseen(last)) RunCycle(++cycle_, false);
   }
+}
+
+/// Passes over cycles that only repeat each other, up to the next step of the profile or of the auto zero trim.
+void Device::PassOver(std::int64_t last) {
+  const auto step = process_.NextStepCycle();
+  std::int64_t until = step ? std::min(last, *step - 1) : last;
+  if (IsNearZero()) {
+    until = std::min(until, cycle_ + (autoZero_.timeMs - 1) / kCycleMs - autoZeroCycles_);
+    autoZeroCycles_ += std::max<std::int64_t>(until - cycle_, 0);
+  }
+  cycle_ = std::max(cycle_, until);
 }
 
 void Device::RunCycle(std::int64_t cycle, bool steady) {
@@ -70,12 +98,12 @@ void Device::RunCycle(std::int64_t cycle, bool steady) {
   const auto blocksBefore = blocks_;
   process_.Advance(cycle);
   chain_.Cycle(config_, InputAt(cycle), faults_, steady);
-  RunBlocks(steady);
+  RunBlocks(blocks_, steady);
   const Live& live = Now();
   const std::array<double, 5> measured{live.curve, live.sensors[0].untrimmed, live.sensors[1].untrimmed, live.tRaw,
                                        live.rhoR};
   for (std::size_t i = 0; i < measured.size(); ++i) histories_[i].Push(measured[i]);
-  const bool quiet = process_.Quiet() && Code("azEnable") != 1 && live == before && blocks_ == blocksBefore;
+  const bool quiet = process_.Quiet() && live == before && blocks_ == blocksBefore;
   quietCycles_ = quiet ? quietCycles_ + 1 : 0;
   AutoZero();
 }
@@ -94,30 +122,44 @@ ChainInput Device::InputAt(std::int64_t cycle) const {
 void Device::Settle() {
   if (dirty_) BuildConfig();
   chain_.Cycle(config_, InputAt(cycle_), faults_, true);
-  RunBlocks(true);
+  RunBlocks(blocks_, true);
   quietCycles_ = 0;
 }
 
-void Device::RunBlocks(bool steady) {
-  for (std::size_t i = 0; i < blocks_.size(); ++i) {
-    blocks_[i].Cycle(blockConfigs_[i], Channel(static_cast<int>(i) + 1), steady);
+void Device::RunBlocks(std::array<Block, 3>& blocks, bool steady) const {
+  for (std::size_t i = 0; i < blocks.size(); ++i) blocks[i].Cycle(blockConfigs_[i], Measure(channels_[i]), steady);
+}
+
+Device::ChannelConfig Device::ChannelOfBlock(int block) const {
+  const ChannelSource source = ChannelOf(p_, block);
+  switch (source) {
+    case ChannelSource::kSensorHi:
+      return {source, PascalPer(Code("snsUnit.hi"))};
+    case ChannelSource::kSensorLo:
+      return {source, PascalPer(Code("snsUnit.lo"))};
+    case ChannelSource::kPress:
+      return {source, PascalPer(Code("inUnit"))};
+    default:
+      return {source, 1};
   }
 }
 
-BlockInput Device::Channel(int block) const {
+BlockInput Device::Channel(int block) const { return Measure(ChannelOfBlock(block)); }
+
+BlockInput Device::Measure(const ChannelConfig& channel) const {
   const Live& live = Now();
-  const auto sensor = [&](std::size_t s, std::string_view unit) {
-    return BlockInput{live.sensors[s].p / PascalPer(Code(unit)), live.sensors[s].status};
+  const auto sensor = [&](std::size_t s) {
+    return BlockInput{live.sensors[s].p / channel.pascal, live.sensors[s].status};
   };
-  switch (ChannelOf(p_, block)) {
+  switch (channel.source) {
     case ChannelSource::kPv:
       return {live.pv, live.pvStatus};
     case ChannelSource::kSensorHi:
-      return sensor(0, "snsUnit.hi");
+      return sensor(0);
     case ChannelSource::kSensorLo:
-      return sensor(1, "snsUnit.lo");
+      return sensor(1);
     case ChannelSource::kPress:
-      return {live.press / PascalPer(Code("inUnit")), live.pressStatus};
+      return {live.press / channel.pascal, live.pressStatus};
     case ChannelSource::kVolume:
       return {live.volume, live.volumeStatus};
     case ChannelSource::kCompensatedDensity:
@@ -137,34 +179,33 @@ void Device::WriteOut(int block, double out, unsigned status) {
   blocks_[static_cast<std::size_t>(block - 1)].Write(out, status);
 }
 
+bool Device::IsNearZero() const {
+  return autoZero_.on && Now().dpStatus == kStatusGood && std::abs(Now().trim - autoZero_.reference) <= autoZero_.band;
+}
+
 void Device::AutoZero() {
-  const double unit = PascalPer(Code("sensorUnit"));
-  const double trim = Now().trim;
-  const bool near = Code("azEnable") == 1 && Now().dpStatus == kStatusGood &&
-                    std::abs(trim - Number("azRef") * unit) <= Number("azBand") * unit;
-  if (!near) {
+  if (!IsNearZero()) {
     autoZeroCycles_ = 0;
     return;
   }
   ++autoZeroCycles_;
-  if (autoZeroCycles_ * kCycleMs < static_cast<std::int64_t>(Code("azTime")) * 1000) return;
+  if (autoZeroCycles_ * kCycleMs < autoZero_.timeMs) return;
   autoZeroCycles_ = 0;
-  const bool usingLower = Code("azSelect") == 2;
-  const double target = usingLower ? Number("inScale", 8) * PascalPer(Code("inUnit")) : Number("azRef") * unit;
-  const double offset = Number("offset") * 1000 + target - trim;
+  const double offset = Number("offset") * 1000 + autoZero_.target - Now().trim;
   if (std::abs(offset) > UpperRangeLimit(0) / 10) return;
-  Change().SetNumber("offset", offset / 1000);
+  const std::string digits = FloatDigits(offset / 1000);
+  if (digits != Digits("offset")) Put("offset", digits);
 }
 
 void Device::SetDeviceSettings(const DeviceSettings& device) {
   Touch();
-  if (device.selfCalibration != settings_.device.selfCalibration) airCalibrated = false;
-  if (device.firmware != settings_.device.firmware) {
+  if (device.selfCalibration != settings_.selfCalibration) airCalibrated = false;
+  if (device.firmware != settings_.firmware) {
     const std::string digits = TextDigits(device.firmware, 16, ' ');
     p_.Set("firmware", digits);
     start_.Set("firmware", digits);
   }
-  settings_.device = device;
+  settings_ = device;
 }
 
 void Device::SetProcess(const ProcessSettings& process) {

@@ -6,13 +6,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "simulator/device/block.h"
 #include "simulator/device/bounded_queue.h"
 #include "simulator/device/chain.h"
+#include "simulator/device/device_settings.h"
 #include "simulator/device/parameters.h"
-#include "simulator/manager/settings.h"
 #include "simulator/process/process.h"
 
 namespace htr60::sim {
@@ -56,7 +55,8 @@ class History {
 /// Time is in milliseconds since creation. Copyable, so that a change can be tried.
 class Device {
  public:
-  explicit Device(const Settings& settings);
+  /// The seed is that of the noise.
+  Device(const DeviceSettings& settings, const ProcessSettings& process, std::uint64_t seed);
 
   /// Runs all cycles that are due. A change afterwards counts from the next cycle.
   void CatchUp(std::int64_t nowMs);
@@ -76,8 +76,8 @@ class Device {
   /// Value and status on the channel of a block, in the unit of its PV scale.
   BlockInput Channel(int block) const;
 
-  const Settings& GetSettings() const { return settings_; }
-  const Firmware& Version() const { return settings_.device.version; }
+  const DeviceSettings& GetSettings() const { return settings_; }
+  const Firmware& Version() const { return settings_.version; }
   /// Takes over changed settings of the device (hidden errors, lags, arming, firmware).
   void SetDeviceSettings(const DeviceSettings& device);
   void SetProcess(const ProcessSettings& process);
@@ -91,7 +91,7 @@ class Device {
   bool IsType(int primaryValueType) const { return Code("pvType") == static_cast<std::uint64_t>(primaryValueType); }
   /// Upper range limit in Pa of sensor 0 or 1; the differential pressure has that of sensor 0.
   double UpperRangeLimit(std::size_t sensor) const;
-  int FittedRange(std::size_t sensor) const { return settings_.device.sensorRange[sensor]; }
+  int FittedRange(std::size_t sensor) const { return settings_.sensorRange[sensor]; }
 
   // Calibration.
   TrimState& Trim();
@@ -133,24 +133,47 @@ class Device {
   BoundedQueue<std::string>::Taken TakeLog() { return log_.Take(); }
 
  private:
+  /// What a block measures, with the Pa of its unit where it is a pressure.
+  struct ChannelConfig {
+    ChannelSource source = ChannelSource::kPv;
+    double pascal = 1;
+  };
+
+  /// The auto zero trim, pressures in Pa.
+  struct AutoZeroConfig {
+    bool on = false;
+    double reference = 0, band = 0, target = 0;
+    std::int64_t timeMs = 0;
+  };
+
   void RunCycle(std::int64_t cycle, bool steady);
+  void PassOver(std::int64_t last);
+  bool SkipUnseen(std::int64_t last);
+  bool Forgets() const;
+  void AdvanceUnseen(std::int64_t last);
+  bool RunUntilKnown(std::int64_t last);
   ChainInput InputAt(std::int64_t cycle) const;
-  void RunBlocks(bool steady);
+  ChannelConfig ChannelOfBlock(int block) const;
+  BlockInput Measure(const ChannelConfig& channel) const;
+  void RunBlocks(std::array<Block, 3>& blocks, bool steady) const;
+  bool IsNearZero() const;
   void AutoZero();
   void BuildConfig();
   void BuildSensors();
   void BuildCurves();
   void BuildDensity();
   void BuildBlocks();
+  void BuildAutoZero();
   void Touch();
 
-  Settings settings_;
+  DeviceSettings settings_;
   ParameterStore start_;
   ParameterStore p_;
   Process process_;
   Chain chain_;
   ChainConfig config_;
   std::array<BlockConfig, 3> blockConfigs_;
+  std::array<ChannelConfig, 3> channels_;
   std::array<Block, 3> blocks_;
   SensorFaults faults_;
   TrimState trim_;
@@ -162,7 +185,9 @@ class Device {
   std::int64_t cycle_ = 0;
   std::int64_t autoZeroCycles_ = 0;
   int quietCycles_ = 0;
+  std::int64_t unskippable_ = 0;  ///< up to this cycle skipping has been tried in vain
   bool dirty_ = true;
+  AutoZeroConfig autoZero_;
   BoundedQueue<std::string> log_{20'000, 64'000'000};
 };
 

@@ -4,6 +4,8 @@
 namespace htr60::sim {
 namespace {
 
+constexpr double kCycleSeconds = 0.1;
+
 std::string Indexed(std::string_view name, std::size_t index) {
   return std::string(name).append("[").append(std::to_string(index)).append("]");
 }
@@ -12,11 +14,10 @@ std::string Indexed(std::string_view name, std::size_t index) {
 
 void Device::BuildConfig() {
   dirty_ = false;
-  const DeviceSettings& hidden = settings_.device;
   config_.type = static_cast<int>(Code("pvType"));
-  config_.sensorLagMs = hidden.sensorLagMs;
-  config_.thermalLagMs = hidden.thermalLagMs;
-  config_.temperatureError = hidden.temperatureError;
+  config_.sensorLag = Lag(settings_.sensorLagMs, kCycleMs);
+  config_.thermalLag = Lag(settings_.thermalLagMs, kCycleMs);
+  config_.temperatureError = settings_.temperatureError;
   config_.connected = Code("connected") != 0;
   config_.gain = Number("gain");
   config_.offset = 1000 * Number("offset");
@@ -47,10 +48,19 @@ void Device::BuildConfig() {
   BuildCurves();
   BuildDensity();
   BuildBlocks();
+  BuildAutoZero();
+}
+
+void Device::BuildAutoZero() {
+  const double unit = PascalPer(Code("sensorUnit"));
+  autoZero_.on = Code("azEnable") == 1;
+  autoZero_.reference = Number("azRef") * unit;
+  autoZero_.band = Number("azBand") * unit;
+  autoZero_.target = Code("azSelect") == 2 ? Number("inScale", 8) * config_.inPascal : autoZero_.reference;
+  autoZero_.timeMs = static_cast<std::int64_t>(Code("azTime")) * 1000;
 }
 
 void Device::BuildSensors() {
-  const DeviceSettings& hidden = settings_.device;
   const double unit = PascalPer(Code("sensorUnit"));
   for (std::size_t s = 0; s < 2; ++s) {
     const std::string side = s == 0 ? ".hi" : ".lo";
@@ -60,9 +70,9 @@ void Device::BuildSensors() {
     for (std::size_t i = 0; i < sensor.poly.size(); ++i) sensor.poly[i] = Number("poly" + side, 8 * i);
     sensor.gain = Number("gain" + side);
     sensor.offset = 1000 * Number("offset" + side);
-    sensor.gainError = hidden.gainError[s];
-    sensor.offsetError = hidden.offsetError[s];
-    sensor.ambientEffect = hidden.ambientEffect[s];
+    sensor.gainError = settings_.gainError[s];
+    sensor.offsetError = settings_.offsetError[s];
+    sensor.ambientEffect = settings_.ambientEffect[s];
     sensor.limHi = unit * Number("limHi" + side);
     sensor.limLo = unit * Number("limLo" + side);
     sensor.initialized = Code("initialized" + side) == 0xAA && Code("range" + side) != 0;
@@ -111,11 +121,13 @@ void Device::BuildDensity() {
 
 void Device::BuildBlocks() {
   for (int block = 1; block <= 3; ++block) {
-    BlockConfig& c = blockConfigs_[static_cast<std::size_t>(block - 1)];
+    const auto index = static_cast<std::size_t>(block - 1);
+    channels_[index] = ChannelOfBlock(block);
+    BlockConfig& c = blockConfigs_[index];
     const auto number = [&](std::string_view name, std::size_t at = 0) { return Number(BlockName(block, name), at); };
     const PvScale scale = PvScaleOf(p_, block);
     c.target = static_cast<unsigned>(Code(BlockName(block, "target")));
-    c.damping = number("damping");
+    c.lag = Lag(number("damping"), kCycleSeconds);
     c.pvUpper = scale.upper;
     c.pvLower = scale.lower;
     c.outUpper = number("outScale", 0);

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "simulator/device/device_settings.h"
 #include "simulator/device/wire.h"
-#include "simulator/manager/settings.h"
 
 namespace htr60::sim {
 

@@ -19,7 +19,6 @@ double FromCelsius(double celsius, std::uint64_t unitCode);
 double ToCelsius(double value, std::uint64_t unitCode);
 
 inline constexpr std::uint64_t kKelvin = 0x3E8;
-inline constexpr std::uint64_t kCelsius = 0x3E9;
 inline constexpr std::uint64_t kFahrenheit = 0x3EA;
 
 inline constexpr std::string_view kUnitCelsius = "03E9";

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <map>
-#include <span>
 #include <string>
 #include <string_view>
 

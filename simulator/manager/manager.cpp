@@ -42,7 +42,10 @@ std::shared_ptr<Manager> Manager::Create(const Settings& settings, std::function
 }
 
 Manager::Manager(const Settings& settings, std::function<std::int64_t()> now)
-    : now_(std::move(now)), zero_(now_()), settings_(settings), device_(settings) {
+    : now_(std::move(now)),
+      zero_(now_()),
+      settings_(settings),
+      device_(settings.device, settings.process, settings.timing.seed) {
   for (const auto& fault : settings_.faults) AddFault(fault, 0);
   device_.Settle();
 }
@@ -65,6 +68,7 @@ void Manager::ReadRequest(std::string_view code, std::string_view document, std:
   if (Uses(FaultKind::kReadFails, number)) throw RuntimeFailure("the read fails");
   result = "0";
   if (!online_ && !IsState(number)) return;
+  if (!HasRoom("read", number)) return;
   Enqueue(settings_.timing.answerMs + Jitter() + Slowness(number),
           [this, number, operands = OperandsOf(document)](std::int64_t at) { AnswerDue(number, operands, at); });
 }
@@ -80,19 +84,36 @@ void Manager::WriteRequest(std::string_view code, std::string_view document, std
   }
   if (Uses(FaultKind::kWriteFails, number)) throw RuntimeFailure("the write fails");
   result = "0";
-  if (!online_) return;
+  if (!online_ || !HasRoom("write", number)) return;
   Enqueue(settings_.timing.writeMs,
           [this, number, attributes = std::move(attributes)](std::int64_t at) { WriteDue(number, attributes, at); });
 }
 
-void Manager::Schedule(std::int64_t at, Item item) {
-  items_.emplace(at, std::move(item));
+void Manager::Schedule(std::int64_t at, Action action, int fault) {
+  items_.emplace(at, Item{std::move(action), fault});
   Changed();
 }
 
-void Manager::Enqueue(std::int64_t delay, Item item) {
+void Manager::Enqueue(std::int64_t delay, Action action) {
   lastDue_ = std::max(Elapsed() + delay, lastDue_);
-  Schedule(lastDue_, std::move(item));
+  ScheduleRequest(lastDue_, std::move(action));
+}
+
+void Manager::ScheduleRequest(std::int64_t at, Action action) {
+  ++waiting_;
+  Schedule(at, [this, action = std::move(action)](std::int64_t due) {
+    --waiting_;
+    action(due);
+  });
+}
+
+/// False where too many requests wait already; this one is then taken and lost, as by a device that does not answer.
+bool Manager::HasRoom(std::string_view kind, int code) {
+  constexpr std::size_t kMostWaiting = 5000;
+  if (waiting_ + held_.size() < kMostWaiting) return true;
+  device_.Log(std::to_string(Elapsed()) + " ms " + std::string(kind) + " " + std::to_string(code) + ": lost, " +
+              std::to_string(kMostWaiting) + " requests wait");
+  return false;
 }
 
 void Manager::Changed() const {
@@ -137,7 +158,8 @@ bool Manager::RunOne(std::int64_t now) {
   // What is handled may let the host drop its last reference.
   const auto self = shared_from_this();
   auto item = items_.extract(items_.begin());
-  item.mapped()(item.key());
+  item.mapped().action(item.key());
+  ForgetEndedFaults();
   return true;
 }
 
@@ -161,7 +183,9 @@ bool Manager::Hold(int code, const ReadOperands& operands, std::int64_t at) {
     const int id = fault.id;
     const bool first = std::none_of(held_.begin(), held_.end(), [id](const Held& h) { return h.fault == id; });
     held_.push_back({id, code, operands});
-    if (first) Schedule(at + fault.settings.ms.value_or(kDefault), [this, id](std::int64_t) { Release(id); });
+    if (first)
+      Schedule(
+          at + fault.settings.ms.value_or(kDefault), [this, id](std::int64_t) { Release(id); }, id);
     Use(fault);
     return true;
   }
@@ -173,7 +197,8 @@ void Manager::Release(int fault) {
   const std::int64_t at = Elapsed();
   for (const auto& held : held_) {
     if (held.fault != fault) continue;
-    Schedule(at, [this, code = held.code, operands = held.operands](std::int64_t due) { Send(code, operands, due); });
+    ScheduleRequest(
+        at, [this, code = held.code, operands = held.operands](std::int64_t due) { Send(code, operands, due); });
   }
   std::erase_if(held_, [fault](const Held& h) { return h.fault == fault; });
 }

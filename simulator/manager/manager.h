@@ -59,9 +59,11 @@ class Manager final : public IDtm,
   void Set(const nlohmann::json& settings);
   /// Answers the number of the fault.
   int BeginFault(const nlohmann::json& fault);
+  /// A fault that has ended already stays as it is; a number that no fault has had is an error.
   void ClearFault(int id);
   void ClearAllFaults();
-  /// Whether a fault of that number has been begun and not been cleared.
+  bool HasBegunFault(int id) const { return id > 0 && id <= lastFault_; }
+  /// Whether the fault of that number still waits or acts.
   bool HasFault(int id) const;
   /// Values by the asked names (an array of texts): parameters as their digits, live quantities as `value`, `unit`,
   /// `status`, "lcd" and "link" as texts.
@@ -74,13 +76,19 @@ class Manager final : public IDtm,
   void SetOffline(bool offline);
 
  private:
-  using Item = std::function<void(std::int64_t)>;  ///< takes its time since creation
+  using Action = std::function<void(std::int64_t)>;  ///< takes its time since creation
+  struct Item {
+    Action action;
+    int fault = 0;  ///< whose beginning or end this is; 0: no fault's
+  };
 
   Manager(const Settings& settings, std::function<std::int64_t()> now);
 
   std::int64_t Elapsed() const { return now_() - zero_; }
-  void Schedule(std::int64_t at, Item item);
-  void Enqueue(std::int64_t delay, Item item);
+  void Schedule(std::int64_t at, Action action, int fault = 0);
+  void Enqueue(std::int64_t delay, Action action);
+  void ScheduleRequest(std::int64_t at, Action action);
+  bool HasRoom(std::string_view kind, int code);
   void Changed() const;
 
   std::int64_t Jitter();
@@ -100,6 +108,8 @@ class Manager final : public IDtm,
   void StartFault(int id, std::int64_t at);
   void EndFault(int id, std::int64_t at);
   Fault* FindFault(int id);
+  void ForgetEndedFaults();
+  void ForgetFault(int id);
   void UpdateSensors(std::int64_t at);
 
   struct Held {
@@ -114,6 +124,7 @@ class Manager final : public IDtm,
   Device device_;
   std::multimap<std::int64_t, Item> items_;  ///< by time since creation; equal times keep their order
   std::int64_t lastDue_ = 0;
+  std::size_t waiting_ = 0;  ///< reads and writes among the items
   std::uint64_t requests_ = 0;
   std::vector<std::pair<std::string, std::shared_ptr<IUpdateUI>>> receivers_;
   std::vector<Fault> faults_;

@@ -76,6 +76,7 @@ void Manager::Set(const json& object) {
 int Manager::BeginFault(const json& fault) { return AddFault(ParseFault(fault, "fault"), Elapsed()); }
 
 int Manager::AddFault(const FaultSettings& settings, std::int64_t at) {
+  ForgetEndedFaults();
   const int id = ++lastFault_;
   Fault fault;
   fault.id = id;
@@ -83,7 +84,8 @@ int Manager::AddFault(const FaultSettings& settings, std::int64_t at) {
   fault.left = settings.count;
   faults_.push_back(std::move(fault));
   if (settings.atMs && *settings.atMs > 0) {
-    Schedule(at + *settings.atMs, [this, id](std::int64_t due) { StartFault(id, due); });
+    Schedule(
+        at + *settings.atMs, [this, id](std::int64_t due) { StartFault(id, due); }, id);
   } else {
     StartFault(id, at);
   }
@@ -96,7 +98,7 @@ Fault* Manager::FindFault(int id) {
 }
 
 bool Manager::HasFault(int id) const {
-  return std::any_of(faults_.begin(), faults_.end(), [id](const Fault& f) { return f.id == id; });
+  return std::any_of(faults_.begin(), faults_.end(), [id](const Fault& f) { return f.id == id && !f.over; });
 }
 
 void Manager::StartFault(int id, std::int64_t at) {
@@ -104,7 +106,8 @@ void Manager::StartFault(int id, std::int64_t at) {
   if (fault == nullptr || fault->over) return;
   fault->active = true;
   if (fault->settings.forMs) {
-    Schedule(at + *fault->settings.forMs, [this, id](std::int64_t due) { EndFault(id, due); });
+    Schedule(
+        at + *fault->settings.forMs, [this, id](std::int64_t due) { EndFault(id, due); }, id);
   }
   if (fault->settings.kind == FaultKind::kUnaskedAnswer) {
     const int code = fault->settings.codes.empty() ? 1 : fault->settings.codes.front();
@@ -126,10 +129,28 @@ void Manager::EndFault(int id, std::int64_t at) {
   UpdateSensors(at);
 }
 
+void Manager::ForgetEndedFaults() {
+  const auto isDone = [this](const Fault& fault) {
+    // While it holds answers its time may still end and let them go.
+    return fault.over &&
+           std::none_of(held_.begin(), held_.end(), [&](const Held& held) { return held.fault == fault.id; });
+  };
+  for (;;) {
+    const auto done = std::find_if(faults_.begin(), faults_.end(), isDone);
+    if (done == faults_.end()) return;
+    ForgetFault(done->id);
+  }
+}
+
+void Manager::ForgetFault(int id) {
+  std::erase_if(faults_, [id](const Fault& fault) { return fault.id == id; });
+  std::erase_if(items_, [id](const auto& entry) { return entry.second.fault == id; });
+}
+
 void Manager::ClearFault(int id) {
-  if (!HasFault(id)) throw SettingsError("clear: there is no such fault");
+  if (!HasBegunFault(id)) throw SettingsError("clear: there is no such fault");
   EndFault(id, Elapsed());
-  std::erase_if(faults_, [id](const Fault& f) { return f.id == id; });
+  ForgetFault(id);
 }
 
 void Manager::ClearAllFaults() {

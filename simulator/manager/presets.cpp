@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <array>
 #include <nlohmann/json.hpp>
 
 #include "simulator/manager/settings.h"

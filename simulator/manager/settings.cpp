@@ -1,7 +1,6 @@
 #include "simulator/manager/settings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "simulator/device/wire.h"

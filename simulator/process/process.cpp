@@ -1,6 +1,7 @@
 #include "simulator/process/process.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace htr60::sim {
@@ -16,32 +17,29 @@ std::uint64_t SplitMix64(std::uint64_t x) {
   return x ^ (x >> 31U);
 }
 
-/// Pressures of both sensors in Pa that show a round primary value.
-std::pair<double, double> DefaultPressures(int primaryValueType) {
-  switch (primaryValueType) {
-    case kFlow:
-      return {19350, 10000};
-    case kLevel:
-      return {24709.975, 10000};
-    case kDensity:
-      return {14903.325, 10000};
-    default:
-      return {20000, 10000};
-  }
+std::uint64_t StreamOf(std::uint64_t seed, std::uint64_t stream) { return SplitMix64(SplitMix64(seed) ^ stream); }
+
+double NumberOfStream(std::uint64_t stream, std::uint64_t number) {
+  return static_cast<double>(SplitMix64(stream ^ number) >> 11U) * 0x1.0p-53;
+}
+
+bool IsDrift(std::size_t quantity) {
+  return quantity == static_cast<std::size_t>(Quantity::kDriftHi) ||
+         quantity == static_cast<std::size_t>(Quantity::kDriftLo);
 }
 
 }  // namespace
 
 double UniformNumber(std::uint64_t seed, std::uint64_t stream, std::uint64_t number) {
-  const std::uint64_t mixed = SplitMix64(SplitMix64(SplitMix64(seed) ^ stream) ^ number);
-  return static_cast<double>(mixed >> 11U) * 0x1.0p-53;
+  return NumberOfStream(StreamOf(seed, stream), number);
 }
 
-Process::Process(const Settings& settings) : seed_(settings.timing.seed) {
-  if (settings.process.profile) profile_ = *settings.process.profile;
-  const auto [hi, lo] = DefaultPressures(settings.device.primaryValueType);
-  values_ = {hi, lo, 20, 25, 0, 0, 0, 1000, 1, 0, settings.device.height, 0};
-  Change(settings.process.start);
+Process::Process(const ProcessSettings& settings, const std::array<double, 2>& pressures, double vesselDistance,
+                 std::uint64_t seed)
+    : seed_(seed) {
+  if (settings.profile) profile_ = *settings.profile;
+  values_ = {pressures[0], pressures[1], 20, 25, 0, 0, 0, 1000, 1, 0, vesselDistance, 0};
+  Change(settings.start);
 }
 
 void Process::EndRamp(std::size_t quantity) {
@@ -85,22 +83,49 @@ void Process::Begin(const ProfileStep& step) {
 
 void Process::Advance(std::int64_t cycle) {
   const std::int64_t now = cycle * kCycleMs;
-  const auto follow = [this](std::int64_t time) {
-    for (const auto& ramp : ramps_) {
-      const auto run = static_cast<double>(std::min(time - ramp.startMs, ramp.lengthMs));
-      const double share = run / static_cast<double>(ramp.lengthMs);
-      values_[ramp.quantity] = share >= 1 ? ramp.to : ramp.from + (ramp.to - ramp.from) * share;
-    }
-    std::erase_if(ramps_, [time](const Ramp& r) { return time - r.startMs >= r.lengthMs; });
-  };
   for (; nextStep_ < profile_.size() && profile_[nextStep_].atMs <= now; ++nextStep_) {
-    follow(profile_[nextStep_].atMs);
+    FollowRamps(profile_[nextStep_].atMs);
     Begin(profile_[nextStep_]);
   }
-  follow(now);
-  if (cycle == 0) return;
-  drift_[0] += Get(Quantity::kDriftHi) / kCyclesPerHour;
-  drift_[1] += Get(Quantity::kDriftLo) / kCyclesPerHour;
+  FollowRamps(now);
+  if (cycle > 0) AddDrift(1);
+}
+
+void Process::Advance(std::int64_t from, std::int64_t to) {
+  while (from < to) {
+    const std::int64_t step = NextStepCycle().value_or(std::numeric_limits<std::int64_t>::max());
+    const bool driftRamps =
+        std::any_of(ramps_.begin(), ramps_.end(), [](const Ramp& r) { return IsDrift(r.quantity); });
+    // Between two steps the last cycle tells all: a ramp depends on the time alone, and the drift grows evenly.
+    const std::int64_t until = std::min(to, step - 1);
+    if (driftRamps || until <= from) {
+      Advance(++from);
+      continue;
+    }
+    FollowRamps(until * kCycleMs);
+    AddDrift(until - from);
+    from = until;
+  }
+}
+
+void Process::FollowRamps(std::int64_t timeMs) {
+  for (const auto& ramp : ramps_) {
+    const auto run = static_cast<double>(std::min(timeMs - ramp.startMs, ramp.lengthMs));
+    const double share = run / static_cast<double>(ramp.lengthMs);
+    values_[ramp.quantity] = share >= 1 ? ramp.to : ramp.from + (ramp.to - ramp.from) * share;
+  }
+  std::erase_if(ramps_, [timeMs](const Ramp& r) { return timeMs - r.startMs >= r.lengthMs; });
+}
+
+// Cycle by cycle and not by one product, so that the sum does not depend on who reads when.
+void Process::AddDrift(std::int64_t cycles) {
+  const double hi = Get(Quantity::kDriftHi) / kCyclesPerHour;
+  const double lo = Get(Quantity::kDriftLo) / kCyclesPerHour;
+  if (hi == 0 && lo == 0) return;
+  for (; cycles > 0; --cycles) {
+    drift_[0] += hi;
+    drift_[1] += lo;
+  }
 }
 
 double Process::Static(std::size_t sensor) const {
@@ -114,9 +139,9 @@ double Process::Static(std::size_t sensor) const {
 double Process::Applied(std::size_t sensor, std::int64_t cycle) const {
   const double deviation = Get(Quantity::kNoise);
   if (deviation == 0) return Static(sensor);
+  const std::uint64_t stream = StreamOf(seed_, sensor);
   double gauss = -6;
-  for (std::uint64_t i = 0; i < 12; ++i)
-    gauss += UniformNumber(seed_, sensor, static_cast<std::uint64_t>(cycle) * 12 + i);
+  for (std::uint64_t i = 0; i < 12; ++i) gauss += NumberOfStream(stream, static_cast<std::uint64_t>(cycle) * 12 + i);
   return Static(sensor) + deviation * gauss;
 }
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "simulator/manager/settings.h"
+#include "simulator/process/process_settings.h"
 
 namespace htr60::sim {
 
@@ -18,8 +18,9 @@ double UniformNumber(std::uint64_t seed, std::uint64_t stream, std::uint64_t num
 /// Knows cycles, not the instrument.
 class Process {
  public:
-  /// Default pressures by primary value type; a vessel's default distance is the height of the settings.
-  explicit Process(const Settings& settings);
+  /// `pressures` (Pa) and `vesselDistance` (m) hold where the settings do not say otherwise. Noise comes from the seed.
+  Process(const ProcessSettings& settings, const std::array<double, 2>& pressures, double vesselDistance,
+          std::uint64_t seed);
 
   /// Puts in what `change` names, from the next cycle on. A running ramp of a named quantity ends.
   void Change(const ProcessChange& change);
@@ -28,6 +29,8 @@ class Process {
 
   /// Steps and ramps up to the cycle, and one cycle's drift.
   void Advance(std::int64_t cycle);
+  /// The same for all cycles after `from` up to `to`.
+  void Advance(std::int64_t from, std::int64_t to);
 
   /// Pressure on sensor 0 or 1 in Pa with its noise of this cycle.
   double Applied(std::size_t sensor, std::int64_t cycle) const;
@@ -52,6 +55,8 @@ class Process {
 
   double Get(Quantity quantity) const { return values_[static_cast<std::size_t>(quantity)]; }
   void Begin(const ProfileStep& step);
+  void FollowRamps(std::int64_t timeMs);
+  void AddDrift(std::int64_t cycles);
   void SetFlags(const ProcessChange& change);
   void EndRamp(std::size_t quantity);
   double Static(std::size_t sensor) const;

@@ -150,7 +150,7 @@ TEST(BoxInAnAdvance, WhatFallsDueWhileEightAreOpenWaitsInItsOrder) {
 TEST_F(Boxes, ALongQueueOfNestedAnswersDoesNotExhaustTheStack) {
   const Json nests = Json::parse(R"j({"answer":"OK","during":[
     {"do":"answer","code":500,"tags":[["TRDPVType","0002"],["TRDLinType","00"]]}]})j");
-  driver.Ok({{"do", "boxes"}, {"answers", Json(50000, nests)}});
+  driver.Ok({{"do", "boxes"}, {"answers", Json(20000, nests)}});
   driver.Activate("Observe");
   EXPECT_EQ(driver.Shown().size(), 8U);
 }

@@ -125,6 +125,37 @@ TEST(Faults, LateBurstComesAtOneInstantInOrder) {
   EXPECT_EQ(bench.receiver->answers.size(), 3U);
 }
 
+TEST(Faults, WhatHasEndedIsForgotten) {
+  Bench bench;
+  const int counted = bench.manager->BeginFault({{"kind", "noTags"}, {"count", 1}, {"forMs", 1000000}});
+  const int timed = bench.manager->BeginFault({{"kind", "boardFailure"}, {"forMs", 100}});
+  const int delayed = bench.manager->BeginFault({{"kind", "noTags"}, {"atMs", 1000}, {"forMs", 100}});
+  const int cleared = bench.manager->BeginFault({{"kind", "offline"}, {"atMs", 500}, {"forMs", 1000000}});
+  bench.manager->ClearFault(cleared);
+  for (const int id : {counted, timed, delayed}) EXPECT_TRUE(bench.manager->HasFault(id)) << id;
+  EXPECT_EQ(bench.Read(7), "<Answer></Answer>");
+  bench.Advance(100);
+  EXPECT_FALSE(bench.manager->HasFault(counted));
+  EXPECT_FALSE(bench.manager->HasFault(timed));
+  EXPECT_TRUE(bench.manager->HasFault(delayed));
+  bench.Advance(2000);
+  EXPECT_FALSE(bench.manager->HasFault(delayed));
+  EXPECT_FALSE(bench.manager->NextDue());  // nor does anything of them wait
+  for (const int id : {counted, timed, delayed, cleared}) EXPECT_NO_THROW(bench.manager->ClearFault(id));
+}
+
+TEST(Faults, AnEndedBurstStillDeliversWhatItHolds) {
+  Bench bench;
+  bench.manager->BeginFault({{"kind", "lateBurst"}, {"ms", 9000}, {"count", 1}, {"forMs", 3000}});
+  bench.Ask(7);
+  bench.Advance(2999);
+  EXPECT_TRUE(bench.receiver->answers.empty());
+  bench.Advance(1);
+  EXPECT_EQ(bench.receiver->answers.size(), 1U);
+  bench.Advance(20000);
+  EXPECT_EQ(bench.receiver->answers.size(), 1U);
+}
+
 TEST(Faults, StateLinkAndCalls) {
   Bench bench;
   std::string result;

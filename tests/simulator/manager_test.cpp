@@ -44,6 +44,44 @@ TEST(Manager, AnswersGoToTheReceiverOfTheMoment) {
   EXPECT_EQ(bench.receiver->answers.size(), 1U);
 }
 
+TEST(Manager, RequestsBeyondTheQueueAreLost) {
+  for (const json& settings : {json{{"timing", {{"answerMs", 100000}}}}, json{{"faults", {{{"kind", "lateBurst"}}}}}}) {
+    SCOPED_TRACE(settings);
+    Bench bench(settings);
+    for (int i = 0; i < 4998; ++i) bench.Ask(52);
+    bench.Advance(100);
+    for (int i = 0; i < 2; ++i) bench.Ask(52);
+    bench.Log();
+    bench.Ask(7);
+    std::string result;
+    bench.manager->WriteRequest("36", RequestOf({"0000"}), result);
+    EXPECT_EQ(result, "0");
+    EXPECT_EQ(bench.Log(),
+              (json{"100 ms read 7: lost, 5000 requests wait", "100 ms write 36: lost, 5000 requests wait"}));
+    bench.Advance(200000);
+    EXPECT_EQ(bench.receiver->answers.size(), 5000U);
+    EXPECT_EQ(bench.Digits("writeLock"), "0999");
+    bench.manager->ClearAllFaults();
+    bench.Ask(7);
+    bench.Advance(200000);
+    EXPECT_EQ(bench.receiver->answers.size(), 5001U);
+  }
+}
+
+TEST(Manager, TheLogKeepsItsNewestLines) {
+  Bench bench(json{{"timing", {{"writeMs", 0}}}});
+  std::string result;
+  for (int i = 0; i < 20002; ++i) {
+    bench.manager->WriteRequest("5", RequestOf({i % 2 == 0 ? "03E8" : "0000"}), result);
+    bench.Advance(1);
+  }
+  const auto log = bench.manager->TakeLog();
+  EXPECT_EQ(log.dropped, 2U);
+  ASSERT_EQ(log.entries.size(), 20000U);
+  EXPECT_TRUE(log.entries.front().starts_with("2 ms write 5")) << log.entries.front();
+  EXPECT_EQ(bench.manager->TakeLog().dropped, 0U);
+}
+
 TEST(Manager, RequestsThatFail) {
   Bench bench;
   std::string result;
