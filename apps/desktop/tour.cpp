@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBuffer>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -208,10 +209,13 @@ Tour::Outcome Tour::TakePicture(const TourStep& step) {
   const QString name = QStringLiteral("%1-%2.png")
                            .arg(++pictures_, 2, 10, QLatin1Char('0'))
                            .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+  QBuffer picture;
+  if (!picture.open(QIODevice::WriteOnly) || !window_.grab().save(&picture, "PNG")) return Outcome::kCannot;
   // A picture that is not written to its end leaves no file.
   QSaveFile file(folder_.filePath(name));
-  if (file.open(QIODevice::WriteOnly) && window_.grab().save(&file, "PNG") && file.commit()) return Outcome::kDone;
-  notWritten_ = QStringLiteral("%1 cannot be written").arg(file.fileName());
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(picture.data()) == picture.size();
+  if (written && file.commit()) return Outcome::kDone;
+  notWritten_ = QStringLiteral("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
   return Outcome::kCannot;
 }
 
