@@ -203,13 +203,13 @@ TEST(AnswerReader, NoDocumentMakesALookUpSlow) {
   Tags prefixes;
   for (std::size_t size = 1; size <= 1500; ++size) prefixes.emplace_back(size, 'P');
   Tags rising;
-  for (int i = 0; i < 8192; ++i) rising.push_back("X" + std::to_string(i));
+  for (int i = 0; i < 4096; ++i) rising.push_back("X" + std::to_string(i));
   const std::string million(1'000'000, 'L');
   const std::pair<const char*, Tags> kFamilies[] = {
-      {"one hash", TagsOfOneHash(13)},
+      {"one hash", TagsOfOneHash(10)},
       {"few alike where the hash looks", TagsAlikeWhereTheHashLooks(64)},
-      {"many alike where the hash looks", TagsAlikeWhereTheHashLooks(8192)},
-      {"equal", Tags(8192, "TRDPVType")},
+      {"many alike where the hash looks", TagsAlikeWhereTheHashLooks(4096)},
+      {"equal", Tags(4096, "TRDPVType")},
       {"prefixes", prefixes},
       {"rising", rising},
       {"falling", Tags(rising.rbegin(), rising.rend())},

@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <set>
+#include <string>
+#include <vector>
+
 #include "automate/driver.h"
 
 namespace htr60 {
@@ -21,9 +26,8 @@ std::vector<std::string> TreeTexts(Driver& d) {
 TEST(Tree, FollowsThePrimaryValueType) {
   Driver d(Driver::Captured());
   const std::vector<std::string> base = TreeTexts(d);
-  ASSERT_EQ(base.size(), 14U);
-  EXPECT_EQ(base[5], "4 Analog Input 1");
-  EXPECT_EQ(base[13], "2 AI 3 View");
+  EXPECT_EQ(base.at(5), "4 Analog Input 1");
+  EXPECT_EQ(base.back(), "2 AI 3 View");
 
   struct Step {
     const char* code;
@@ -45,8 +49,14 @@ TEST(Tree, FollowsThePrimaryValueType) {
     d.Ok({{"do", "activate"}, {"node", "Observe"}});
     d.AnswerTags(7900, {{"TRDPVType", step.code}});
     const std::vector<std::string> texts = TreeTexts(d);
-    EXPECT_EQ(texts[5], step.node) << step.code;
-    EXPECT_EQ(texts.size(), step.node[0] == '5' ? 16U : 14U);
+    EXPECT_EQ(texts.at(5), step.node) << step.code;
+    EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()).size(), texts.size());
+    // A type adds its own node and, under it, its calibration; all else stands as in the base tree.
+    std::vector<std::string> rest = texts;
+    if (step.node[0] == '5') {
+      EXPECT_EQ(std::erase(rest, step.node) + std::erase(rest, "6 Calibration"), 2U);
+    }
+    EXPECT_EQ(rest, base);
     // A rebuild loses the selection.
     EXPECT_EQ(d.Ok({{"do", "tree"}})["nodes"][1]["selected"], !step.rebuilt) << step.code;
   }
@@ -54,6 +64,22 @@ TEST(Tree, FollowsThePrimaryValueType) {
   const Json node = d.Ok({{"do", "tree"}})["nodes"][11];
   EXPECT_EQ(node["picture"], "konqueror8");
   EXPECT_EQ(node["selectedPicture"], "Biblio");
+}
+
+TEST(Tree, AParentStandsBeforeItsChildrenAndEveryNodeLeadsToAPage) {
+  for (const char* type : {"00FF", "0000", "0002", "0081"}) {
+    Driver d(Driver::Captured());
+    d.Init();
+    d.AnswerTags(7900, {{"TRDPVType", type}});
+    const Json nodes = d.Ok({{"do", "tree"}})["nodes"];
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+      SCOPED_TRACE(nodes[i]["text"]);
+      EXPECT_LE(nodes[i]["parent"].get<std::size_t>(), i);
+      d.SetMember("CurrentPage", "Before");
+      d.Activate(nodes[i]["text"].get<std::string>());
+      EXPECT_NE(d.Member("CurrentPage"), "Before");
+    }
+  }
 }
 
 TEST(Tree, AnUnknownTypeIsStoredWithTheOldText) {

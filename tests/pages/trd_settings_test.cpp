@@ -187,7 +187,7 @@ TEST(TrdSettings, SimulationValueAndStatus) {
   OpenSettings(driver);
   EXPECT_EQ(driver.Items("cmbTRDSimStatus"), "[]");
   driver.Tab("SSTabTRDSettings", 2);
-  EXPECT_EQ(driver.Get("cmbTRDSimStatus")["items"].size(), 146U);
+  EXPECT_EQ(driver.Get("cmbTRDSimStatus")["items"].front(), "Bad & Non-specific");
   driver.AnswerTags(4300, {{"TRDSimulateEnable", "00"}, {"TRDSimulateValue", "4248000080"}});
   EXPECT_EQ(driver.Text("cmbPVSimulateEnable"), "Disable");
   const std::string good = driver.Codec("StatusByteToText", Json::array({128}));
