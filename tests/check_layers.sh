@@ -11,6 +11,7 @@ src/shell: text codecs form
 src/navigation: text codecs form shell
 src/pages: text codecs form shell navigation
 src/figures: text codecs form shell navigation pages
+src/presentation: text codecs form shell navigation pages figures
 simulator/process: text codecs form shell
 simulator/device: text codecs form shell simulator/process
 simulator/manager: text codecs form shell simulator/process simulator/device

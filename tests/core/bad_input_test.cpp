@@ -98,7 +98,7 @@ struct HandledAnswer {
 const std::vector<HandledAnswer>& HandledAnswers() {
   static const std::vector<HandledAnswer> answers = [] {
     std::vector<HandledAnswer> handled;
-    sim::Device device{sim::Settings{}};
+    sim::Device device{{}, {}, 1};
     for (const int code : sim::ReadCodes()) {
       Parameters parameters;
       const auto tags = sim::AnswerRead(device, code, {.block = "1"});

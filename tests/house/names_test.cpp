@@ -119,7 +119,7 @@ TEST(Names, OfPagesStandInTheirUnitsAlone) {
   const std::set<std::string> names = NamesOfPages();
   ASSERT_TRUE(names.count("cmbPVType") == 1 && names.count("\"TRD Table\"") == 1 && names.count("TimerMonit1") == 1);
   int files = 0;
-  for (const char* folder : {"src/shell", "src/navigation", "apps/automate", "apps/desktop"}) {
+  for (const char* folder : {"src/shell", "src/navigation", "src/presentation", "apps/automate", "apps/desktop"}) {
     for (const fs::path& file : SourcesOf(folder)) {
       // A tour is a script: it presses what an operator presses, by name.
       if (file.string().find("tour_") != std::string::npos) continue;
