@@ -4,9 +4,9 @@
 
 #include "desktop/application.h"
 #include "desktop/options.h"
-#include "desktop/session.h"
 #include "desktop/standard_streams.h"
-#include "desktop/tour.h"
+#include "desktop/tour/tour.h"
+#include "desktop/window/session.h"
 
 namespace {
 

@@ -8,15 +8,15 @@
 #include <QTimer>
 #include <functional>
 
-#include "desktop/action_area.h"
-#include "desktop/desktop_host.h"
-#include "desktop/identification_strip.h"
-#include "desktop/keys.h"
-#include "desktop/main_window.h"
-#include "desktop/page_area.h"
-#include "desktop/page_header.h"
+#include "desktop/page/page_area.h"
 #include "desktop/qt_text.h"
-#include "desktop/tree_panel.h"
+#include "desktop/window/action_area.h"
+#include "desktop/window/desktop_host.h"
+#include "desktop/window/identification_strip.h"
+#include "desktop/window/keys.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/page_header.h"
+#include "desktop/window/tree_panel.h"
 #include "form/control_names.h"
 
 namespace htr60::desktop {

@@ -1,8 +1,8 @@
-#include "desktop/drawings.h"
+#include "desktop/figure/drawings.h"
 
 #include <QLabel>
 
-#include "desktop/status_panels.h"
+#include "desktop/window/status_panels.h"
 #include "desktop_test.h"
 
 namespace htr60::desktop {

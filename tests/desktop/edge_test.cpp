@@ -4,9 +4,9 @@
 #include <QLineEdit>
 #include <sstream>
 
-#include "desktop/figure_widget.h"
+#include "desktop/figure/figure_widget.h"
 #include "desktop/options.h"
-#include "desktop/page_view.h"
+#include "desktop/page/page_view.h"
 #include "desktop_test.h"
 #include "pages/table_points.h"
 #include "text/failure.h"

@@ -3,8 +3,8 @@
 #include <QImage>
 #include <set>
 
+#include "desktop/figure/shapes.h"
 #include "desktop/qt_text.h"
-#include "desktop/shapes.h"
 
 namespace htr60::desktop {
 namespace {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "desktop/page_area.h"
-#include "desktop/page_view.h"
+#include "desktop/page/page_area.h"
+#include "desktop/page/page_view.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
 #include "shell/operands.h"

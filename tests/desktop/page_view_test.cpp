@@ -4,9 +4,9 @@
 #include <QShortcut>
 #include <QWheelEvent>
 
-#include "desktop/choice_field.h"
-#include "desktop/field_widgets.h"
-#include "desktop/keys.h"
+#include "desktop/page/choice_field.h"
+#include "desktop/page/field_widgets.h"
+#include "desktop/window/keys.h"
 #include "page_support.h"
 #include "pages/pages.h"
 

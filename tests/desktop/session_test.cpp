@@ -1,4 +1,4 @@
-#include "desktop/session.h"
+#include "desktop/window/session.h"
 
 #include <QMessageBox>
 

@@ -1,4 +1,4 @@
-#include "desktop/tour.h"
+#include "desktop/tour/tour.h"
 
 #include <QLocale>
 #include <QTemporaryDir>

@@ -1,0 +1,251 @@
+#include "desktop/figure/figure_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/edge.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+constexpr double kLeastWidth = 320;  // 1/96 inch
+constexpr double kLeastHeight = 170;
+
+double Share(const FigureAxis& axis, double value) {
+  return axis.to == axis.from ? 0.5 : (value - axis.from) / (axis.to - axis.from);
+}
+
+QPen PenOf(LineStyle style, const QPalette& palette, double hairline) {
+  const QColor ink = palette.color(QPalette::WindowText);
+  QColor faint = ink;
+  faint.setAlphaF(0.6F);
+  switch (style) {
+    case LineStyle::kCurve:
+      return {AccentColor(palette), 2 * hairline, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    case LineStyle::kWrong:
+      return {AlertColor(palette), 3 * hairline, Qt::DashLine, Qt::FlatCap};
+    case LineStyle::kLevel:
+      return {ink, hairline, Qt::DotLine, Qt::FlatCap};
+    case LineStyle::kReference:
+      break;
+  }
+  return {faint, hairline, Qt::DashLine, Qt::FlatCap};
+}
+
+}  // namespace
+
+FigureWidget::FigureWidget(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("figure"));
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void FigureWidget::Show(Figure figure) {
+  figure_ = std::move(figure);
+  const QString sentence = ToQt(figure_.sentence);
+  if (accessibleName() != sentence) setAccessibleName(sentence);
+  Arrange();
+  update();
+}
+
+QSize FigureWidget::minimumSizeHint() const { return {Pixels(*this, kLeastWidth), Pixels(*this, kLeastHeight)}; }
+
+QSize FigureWidget::sizeHint() const { return {Pixels(*this, kLeastWidth), Pixels(*this, kLeastHeight)}; }
+
+void FigureWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Guarded([this] { Arrange(); });
+}
+
+QStringList FigureWidget::Above() const {
+  QStringList lines;
+  if (!figure_.verdict.empty()) lines << ToQt(figure_.verdictCaption) + QStringLiteral(": ") + ToQt(figure_.verdict);
+  for (const std::string& line : figure_.above) lines << ToQt(line);
+  return lines;
+}
+
+void FigureWidget::Arrange() {
+  const QFontMetrics metrics = fontMetrics();
+  const double line = metrics.lineSpacing();
+  const double gap = metrics.averageCharWidth();
+  QRectF room = QRectF(rect()).adjusted(gap / 2, gap / 2, -gap / 2, -gap / 2);
+  above_ = QRectF(room.topLeft(), QSizeF(room.width(), line * static_cast<double>(Above().size())));
+  double remarks = 0;
+  for (const std::string& remark : figure_.remarks) {
+    remarks += metrics.boundingRect(QRect(0, 0, static_cast<int>(room.width()), 1'000), Qt::TextWordWrap, ToQt(remark))
+                   .height();
+  }
+  below_ = QRectF(room.left(), room.bottom() - remarks, room.width(), remarks);
+  double left = 0;
+  for (const FigureTick& tick : figure_.y.ticks) {
+    left = std::max(left, static_cast<double>(metrics.horizontalAdvance(ToQt(tick.text))));
+  }
+  double right = gap * 2;
+  if (!figure_.x.ticks.empty()) {
+    right = std::max(right, metrics.horizontalAdvance(ToQt(figure_.x.ticks.back().text)) / 2.0);
+  }
+  plot_ = QRectF(QPointF(room.left() + left + gap * 1.5, above_.bottom() + line * 1.4),
+                 QPointF(room.right() - right, below_.top() - line * 2.4));
+}
+
+QPointF FigureWidget::Place(FigurePoint point) const {
+  return {plot_.left() + Share(figure_.x, point.x) * plot_.width(),
+          plot_.bottom() - Share(figure_.y, point.y) * plot_.height()};
+}
+
+// ---- painting
+
+void FigureWidget::paintEvent(QPaintEvent* /*event*/) {
+  Guarded([this] { Paint(); });
+}
+
+void FigureWidget::Paint() {
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::WindowText));
+  PaintWords(painter);
+  if (!figure_.missing.empty()) {
+    const QRectF middle(rect().left(), above_.bottom(), rect().width(), below_.top() - above_.bottom());
+    painter.drawText(middle, Qt::AlignCenter | Qt::TextWordWrap, ToQt(figure_.missing));
+    return;
+  }
+  if (plot_.width() <= 0 || plot_.height() <= 0) return;
+  PaintAxes(painter);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintLines(painter);
+  PaintMarkers(painter);
+  PaintTexts(painter);
+}
+
+void FigureWidget::PaintWords(QPainter& painter) const {
+  const double line = fontMetrics().lineSpacing();
+  QRectF row(above_.left(), above_.top(), above_.width(), line);
+  const Shape shape = ShapeOf(presentation::MarkOf(RowRole::kNone, RowKind::kStatus, figure_.verdict));
+  bool verdict = !figure_.verdict.empty();
+  for (const QString& text : Above()) {
+    QRectF words = row;
+    if (verdict && shape != Shape::kNone) {
+      const double side = fontMetrics().ascent();
+      PaintShape(painter, QRectF(row.left(), row.top() + (line - side) / 2, side, side), shape, palette());
+      words.setLeft(row.left() + side + fontMetrics().averageCharWidth() / 2.0);
+    }
+    verdict = false;
+    painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(words.width())));
+    row.translate(0, line);
+  }
+  QRectF remark = below_;
+  for (const std::string& text : figure_.remarks) {
+    QRectF used;
+    painter.drawText(remark, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, ToQt(text), &used);
+    remark.setTop(used.bottom());
+  }
+}
+
+void FigureWidget::PaintAxes(QPainter& painter) const {
+  const QFontMetrics metrics = fontMetrics();
+  const double line = metrics.lineSpacing();
+  const double gap = metrics.averageCharWidth();
+  QColor grid = palette().color(QPalette::WindowText);
+  grid.setAlphaF(0.15F);
+  const QPen axisPen(palette().color(QPalette::WindowText), 0);  // hairlines: whole device pixels at every scale
+  for (const FigureTick& tick : figure_.x.ticks) {
+    const double x = std::round(plot_.left() + Share(figure_.x, tick.value) * plot_.width());
+    painter.setPen(QPen(grid, 0));
+    painter.drawLine(QPointF(x, plot_.top()), QPointF(x, plot_.bottom()));
+    painter.setPen(axisPen);
+    painter.drawLine(QPointF(x, plot_.bottom()), QPointF(x, plot_.bottom() + gap / 2));
+    const QString text = ToQt(tick.text);
+    const double wide = metrics.horizontalAdvance(text) + gap;
+    painter.drawText(QRectF(x - wide / 2, plot_.bottom() + gap / 2, wide, line), Qt::AlignCenter, text);
+  }
+  for (const FigureTick& tick : figure_.y.ticks) {
+    const double y = std::round(plot_.bottom() - Share(figure_.y, tick.value) * plot_.height());
+    painter.setPen(QPen(grid, 0));
+    painter.drawLine(QPointF(plot_.left(), y), QPointF(plot_.right(), y));
+    painter.setPen(axisPen);
+    painter.drawLine(QPointF(plot_.left() - gap / 2, y), QPointF(plot_.left(), y));
+    painter.drawText(QRectF(0, y - line / 2, plot_.left() - gap, line), Qt::AlignRight | Qt::AlignVCenter,
+                     ToQt(tick.text));
+  }
+  painter.setPen(axisPen);
+  painter.drawLine(plot_.bottomLeft(), plot_.bottomRight());
+  painter.drawLine(plot_.bottomLeft(), plot_.topLeft());
+  painter.drawText(QRectF(plot_.left(), plot_.bottom() + gap / 2 + line * 0.95, plot_.width(), line),
+                   Qt::AlignRight | Qt::AlignVCenter, ToQt(figure_.x.caption));
+  painter.drawText(QRectF(above_.left(), above_.bottom(), above_.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
+                   ToQt(figure_.y.caption));
+}
+
+void FigureWidget::PaintLines(QPainter& painter) const {
+  painter.save();
+  painter.setClipRect(plot_.adjusted(-2, -2, 2, 2));
+  const double hairline = std::max(1.0, Pixels(*this, 1) / 1.0);
+  for (const FigureLine& line : figure_.lines) {
+    QPolygonF points;
+    for (const FigurePoint& point : line.points) points << Place(point);
+    painter.setPen(PenOf(line.style, palette(), hairline));
+    painter.drawPolyline(points);
+  }
+  painter.restore();
+}
+
+void FigureWidget::PaintMarkers(QPainter& painter) const {
+  const double side = MarkerSide();
+  const QColor ink = AccentColor(palette());
+  for (const FigureMarker& marker : figure_.markers) {
+    const QPointF at = Place(marker.at);
+    const QRectF square(at.x() - side / 2, at.y() - side / 2, side, side);
+    painter.setPen(QPen(ink, std::max(1.0, side / 6)));
+    painter.setBrush(Qt::NoBrush);
+    switch (marker.shape) {
+      case MarkerShape::kFilledSquare:
+        painter.fillRect(square, ink);
+        break;
+      case MarkerShape::kHollowSquare:
+        painter.setBrush(palette().color(QPalette::Window));
+        painter.drawRect(square);
+        break;
+      case MarkerShape::kRing:
+        painter.drawEllipse(square.adjusted(-side / 2, -side / 2, side / 2, side / 2));
+        break;
+      case MarkerShape::kCross:
+        painter.setPen(QPen(AlertColor(palette()), std::max(1.5, side / 4)));
+        painter.drawLine(square.topLeft(), square.bottomRight());
+        painter.drawLine(square.topRight(), square.bottomLeft());
+        break;
+    }
+  }
+}
+
+// Texts keep inside the widget whatever their points are.
+void FigureWidget::PaintTexts(QPainter& painter) const {
+  const QFontMetrics metrics = fontMetrics();
+  const double gap = metrics.averageCharWidth();
+  painter.setPen(palette().color(QPalette::WindowText));
+  for (const FigureText& text : figure_.texts) {
+    const QString words = ToQt(text.text);
+    const QPointF at = Place(text.at);
+    const double wide = metrics.horizontalAdvance(words);
+    double x = text.rightAligned ? at.x() - gap - wide : at.x() + gap;
+    x = std::clamp(x, 0.0, std::max(0.0, width() - wide));
+    const double y = std::max(at.y() - gap / 2, above_.bottom() + metrics.ascent());
+    painter.drawText(QPointF(x, y), words);
+  }
+}
+
+void FigureWidget::mousePressEvent(QMouseEvent* event) {
+  const double reach = MarkerSide() * 1.5;
+  const FigureMarker* nearest = nullptr;
+  double least = reach;
+  for (const FigureMarker& marker : figure_.markers) {
+    const double distance = QLineF(Place(marker.at), event->position()).length();
+    if (!marker.field || distance > least) continue;
+    least = distance;
+    nearest = &marker;
+  }
+  if (nearest != nullptr && figure_.missing.empty()) Q_EMIT FieldWanted(nearest->field);
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+
+#include "desktop/core.h"
+#include "desktop/figure/shapes.h"
+#ifndef Q_MOC_RUN
+#include "figures/figure.h"
+#endif
+
+namespace htr60::desktop {
+
+/// Paints a figure. It takes no focus; a click on a point asks for the point's field.
+class FigureWidget final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FigureWidget(QWidget* parent);
+  void Show(Figure figure);
+  const Figure& Shown() const { return figure_; }
+  /// Where a point of the figure stands in the widget.
+  QPointF Place(FigurePoint point) const;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ Q_SIGNALS:
+  void FieldWanted(htr60::ControlId field);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void Arrange();
+  void Paint();
+  void PaintAxes(QPainter& painter) const;
+  void PaintLines(QPainter& painter) const;
+  void PaintMarkers(QPainter& painter) const;
+  void PaintTexts(QPainter& painter) const;
+  void PaintWords(QPainter& painter) const;
+  QStringList Above() const;
+  int MarkerSide() const { return fontMetrics().averageCharWidth(); }
+
+  Figure figure_;
+  QRectF plot_;   // where the axes' units lie
+  QRectF above_;  // verdict and further lines
+  QRectF below_;  // remarks
+};
+
+}  // namespace htr60::desktop

@@ -1,0 +1,249 @@
+#include "desktop/page/field_widgets.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+#include <algorithm>
+
+#include "desktop/edge.h"
+#include "desktop/figure/shapes.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
+}  // namespace
+
+FieldWidth FieldWidth::Of(RowKind kind, WidthClass width, int numberWidth) {
+  if (width == WidthClass::kKind) width = WidthOf(kind);
+  const bool list = kind == RowKind::kList;
+  switch (width) {
+    case WidthClass::kS:
+      return {.characters = 8, .arrow = list};
+    case WidthClass::kM:
+      return {.characters = 28, .arrow = true};
+    case WidthClass::kW:
+      return {.characters = 50, .arrow = true};
+    case WidthClass::kPage:
+      return {.characters = 50, .page = true};
+    case WidthClass::kN:
+    case WidthClass::kKind:
+      break;
+  }
+  return {.characters = kind == RowKind::kNum || kind == RowKind::kValue ? numberWidth : 16, .arrow = list};
+}
+
+int FieldWidth::Hint(const QWidget& widget) const {
+  const int frame = 2 * (widget.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &widget) + 3);
+  return characters * widget.fontMetrics().averageCharWidth() + frame +
+         (arrow ? widget.fontMetrics().height() * 3 / 2 : 0);
+}
+
+int FieldWidth::Least(const QWidget& widget) const {
+  FieldWidth narrow = *this;
+  narrow.characters = std::min(characters, least);
+  return narrow.Hint(widget);
+}
+
+int FieldHeight(const QWidget& widget) {
+  const QFontMetrics metrics = widget.fontMetrics();
+  return metrics.height() + 2 * (widget.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, &widget) +
+                                 std::max(2, metrics.height() / 6));
+}
+
+// ---- TextEntry
+
+TextEntry::TextEntry(FieldWidth width, bool readOnly, QWidget* parent) : QLineEdit(parent), width_(width) {
+  setReadOnly(readOnly);
+  setAcceptDrops(false);
+  setDragEnabled(false);
+  setSizePolicy(width.page ? QSizePolicy::Expanding : QSizePolicy::Maximum, QSizePolicy::Fixed);
+  if (!readOnly) return;
+  // A frame line without a field's ground tells reading from typing.
+  QPalette bare;
+  bare.setBrush(QPalette::Base, Qt::NoBrush);
+  setPalette(bare);
+}
+
+void TextEntry::Show(const QString& text) {
+  if (text == QLineEdit::text()) return;
+  restored_ = text;
+  const int at = cursorPosition();
+  setText(text);
+  if (hasFocus() && !isReadOnly()) {
+    setCursorPosition(at);
+  } else {
+    ToStart();
+  }
+}
+
+void TextEntry::ToStart() { setCursorPosition(0); }
+
+bool TextEntry::CutOff() const {
+  const FieldWidth none{.characters = 0};
+  return fontMetrics().horizontalAdvance(text()) > width() - none.Hint(*this);
+}
+
+QSize TextEntry::sizeHint() const { return {width_.Hint(*this), FieldHeight(*this)}; }
+
+QSize TextEntry::minimumSizeHint() const { return {width_.Least(*this), FieldHeight(*this)}; }
+
+bool TextEntry::event(QEvent* event) {
+  // Esc and Copy are the field's before any shortcut's.
+  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    event->accept();
+    return true;
+  }
+  return QLineEdit::event(event);
+}
+
+void TextEntry::focusInEvent(QFocusEvent* event) {
+  restored_ = text();
+  QLineEdit::focusInEvent(event);
+}
+
+void TextEntry::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) ToStart();
+}
+
+void TextEntry::keyPressEvent(QKeyEvent* event) {
+  if (IsEnter(*event)) {
+    const bool held = event->isAutoRepeat() && echoMode() == QLineEdit::Password;  // a password's Enter opens a page
+    if (!held) Q_EMIT Entered();
+    return;
+  }
+  if (event->key() == Qt::Key_Escape) {
+    if (isReadOnly() || text() == restored_) return;
+    setText(restored_);
+    Q_EMIT textEdited(restored_);
+    return;
+  }
+  if (event->matches(QKeySequence::Copy) && !hasSelectedText() && echoMode() == QLineEdit::Normal) {
+    QApplication::clipboard()->setText(text());
+    return;
+  }
+  if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
+    const QString cells = QApplication::clipboard()->text();
+    if (cells.contains(u'\t') || cells.trimmed().contains(u'\n')) {
+      Q_EMIT PastedCells(cells);
+      return;
+    }
+  }
+  QLineEdit::keyPressEvent(event);
+}
+
+// ---- labels
+
+PlainLabel::PlainLabel(const QString& text, QWidget* parent) : QLabel(text, parent) { setTextFormat(Qt::PlainText); }
+
+WordsLabel::WordsLabel(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+void WordsLabel::SetWords(const QString& words, const QString& brief, bool alert) {
+  if (words == words_ && brief == brief_ && alert == alert_) return;
+  words_ = words;
+  brief_ = brief;
+  alert_ = alert;
+  updateGeometry();
+  update();
+}
+
+bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <= width(); }
+
+QSize WordsLabel::sizeHint() const { return {fontMetrics().horizontalAdvance(words_), fontMetrics().height()}; }
+
+QSize WordsLabel::minimumSizeHint() const {
+  return {brief_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(brief_), fontMetrics().height()};
+}
+
+void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
+  Guarded([this] { Paint(); });
+}
+
+void WordsLabel::Paint() {
+  const QString& text = Fits() ? words_ : brief_;
+  if (text.isEmpty()) return;
+  QPainter painter(this);
+  painter.setPen(alert_ ? AlertColor(palette()) : palette().color(QPalette::WindowText));
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+// ---- buttons, strips, list boxes
+
+void PageButton::keyPressEvent(QKeyEvent* event) {
+  if (IsEnter(*event)) {
+    if (!writes_ && !event->isAutoRepeat()) animateClick();
+    return;
+  }
+  QPushButton::keyPressEvent(event);
+}
+
+PageTabs::PageTabs(QWidget* parent) : QTabBar(parent) {
+  setExpanding(false);
+  setElideMode(Qt::ElideNone);
+  setDrawBase(true);
+  setUsesScrollButtons(true);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void PageTabs::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+ReadList::ReadList(FieldWidth width, QWidget* parent) : QListWidget(parent), width_(width) {
+  setEditTriggers(NoEditTriggers);
+  setDragDropMode(NoDragDrop);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setUniformItemSizes(true);
+  setTabKeyNavigation(false);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+  QPalette bare;
+  bare.setBrush(QPalette::Base, Qt::NoBrush);
+  setPalette(bare);
+  setFrameShape(QFrame::StyledPanel);
+}
+
+void ReadList::Show(RowRole role, const std::vector<std::string>& rows) {
+  clear();
+  const int side = fontMetrics().ascent();
+  setIconSize({side, side});
+  for (const std::string& row : rows) {
+    auto* item = new QListWidgetItem(ToQt(row), this);
+    item->setToolTip(ToQt(row));
+    const auto shape = ShapeOf(presentation::MarkOf(role, RowKind::kListBox, row));
+    if (shape == desktop::Shape::kNone) continue;
+    QPixmap picture(QSize(side, side) * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    PaintShape(painter, QRectF(0.5, 0.5, side - 1, side - 1), shape, palette());
+    painter.end();
+    item->setIcon(QIcon(picture));
+  }
+}
+
+QSize ReadList::sizeHint() const {
+  return {width_.Hint(*this), 3 * (fontMetrics().height() + 4) + 2 * frameWidth() + 2};
+}
+
+QSize ReadList::minimumSizeHint() const { return {width_.Least(*this), sizeHint().height()}; }
+
+void ReadList::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) {
+    QStringList texts;
+    for (int i = 0; i < count(); ++i) {
+      if (currentRow() < 0 || i == currentRow()) texts << item(i)->text();
+    }
+    QApplication::clipboard()->setText(texts.join(u'\n'));
+    return;
+  }
+  QListWidget::keyPressEvent(event);
+}
+
+}  // namespace htr60::desktop

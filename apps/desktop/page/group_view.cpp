@@ -1,0 +1,361 @@
+#include "desktop/page/group_view.h"
+
+#include <QKeyEvent>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/edge.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+constexpr int kUnitCharacters = 16;
+constexpr int kLeastUnitCharacters = 6;
+
+// Group boxes of the live monitors stand this high while a value without a status is shown.
+constexpr int kHeightWithoutStatus = 960;
+
+bool SpansPage(RowKind kind) { return kind == RowKind::kMsg || kind == RowKind::kFixed; }
+
+bool IsButton(RowKind kind) { return kind == RowKind::kOpen || kind == RowKind::kWrite; }
+
+bool Touches(const ControlSet& changed, ControlId control) { return control && changed.test(control.ordinal); }
+
+}  // namespace
+
+UnitLabel::UnitLabel(bool wide, QWidget* parent) : QLabel(parent), wide_(wide) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+}
+
+QSize UnitLabel::sizeHint() const {
+  const QSize own = QLabel::sizeHint();
+  return {std::max(own.width(), wide_ ? kUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+}
+
+QSize UnitLabel::minimumSizeHint() const {
+  const QSize own = QLabel::sizeHint();
+  return {std::max(own.width(), wide_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+}
+
+GroupView::GroupView(PageContext context, const PageLayout& page, const LayoutGroup& group, QWidget* parent)
+    : QWidget(parent), context_(context), page_(page), group_(group) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  QWidget* body = nullptr;
+  if (group.box && (!group.caption.empty() || group.frame)) {
+    body = box_ = new QGroupBox(this);
+  } else {
+    body = new QWidget(this);
+  }
+  column->addWidget(body);
+  grid_ = new QGridLayout(body);
+  Build();
+}
+
+void GroupView::Build() {
+  const int gap = fontMetrics().averageCharWidth();
+  grid_->setContentsMargins(gap, box_ != nullptr ? gap : gap / 2, gap, box_ != nullptr ? gap : gap / 2);
+  grid_->setHorizontalSpacing(group_.columns > 1 ? gap / 2 : gap);
+  grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
+  int lines = 0;
+  for (const LayoutRow& row : group_.rows) {
+    if (!row.sameLine) ++lines;
+    buttonsOnly_ = buttonsOnly_ && IsButton(row.kind);
+    unitBeforeSecond_ = unitBeforeSecond_ || (row.second && (row.unit.control || !row.unit.text.empty()));
+  }
+  const int columns = std::max(1, group_.columns);
+  const int linesInColumn = (lines + columns - 1) / columns;
+  rows_.reserve(group_.rows.size());
+  for (const LayoutRow& row : group_.rows) AddRow(row, *grid_, linesInColumn);
+  Finish();
+}
+
+// Cells of a spreadsheet, from the row of `first` on down: a line a row, a column a field. What is disabled or no field
+// to type into is passed over, with the cell that was meant for it.
+void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
+  QStringList lines = cells.split(u'\n');
+  if (lines.last().trimmed().isEmpty()) lines.removeLast();
+  auto row = std::find_if(rows_.begin(), rows_.end(),
+                          [&](const Row& candidate) { return candidate.cell == &first || candidate.second == &first; });
+  const bool fromSecond = row != rows_.end() && row->second == &first;
+  for (const QString& line : lines) {
+    if (row == rows_.end()) return;
+    const QStringList texts = line.split(u'\t');
+    FieldCell* const fields[] = {fromSecond ? row->second : row->cell, fromSecond ? nullptr : row->second};
+    for (int i = 0; i < 2 && i < texts.size(); ++i) {
+      if (fields[i] == nullptr || !fields[i]->CanBeTypedIn()) continue;
+      if (!context_.control.form.Any(fields[i]->Control()).Enabled()) continue;
+      context_.presented.Type(TextId{fields[i]->Control()}, ToUtf8(texts[i].trimmed()));
+    }
+    ++row;
+  }
+}
+
+FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
+  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1, line.widget);
+  cells_.push_back(cell);
+  if (cell->Slot() != nullptr) line.box->addWidget(cell->Slot());
+  // A button among fields stands below them.
+  if (cell->IsButton() && !buttonsOnly_ && line.rows.empty()) {
+    line.box->addSpacing(ShapeSlot(line.widget).sizeHint().width() + line.box->spacing());
+  }
+  line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
+  connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
+  Connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
+  Connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
+  if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
+  if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
+  return cell;
+}
+
+void GroupView::AddUnit(Row& made, Line& line) {
+  const LayoutUnit& unit = made.row->unit;
+  const bool has = unit.control || !unit.text.empty();
+  if (!has && !(made.row->second && unitBeforeSecond_)) return;
+  made.unit = new UnitLabel(unit.control || made.row->second, line.widget);
+  line.box->addWidget(made.unit);
+}
+
+void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColumn) {
+  const bool joins = row.sameLine && !lines_.empty();
+  if (!joins) {
+    const int number = static_cast<int>(lines_.size());
+    Line line;
+    line.widget = new QWidget(grid.parentWidget());
+    line.box = new QHBoxLayout(line.widget);
+    line.box->setContentsMargins(0, 0, 0, 0);
+    line.box->setSpacing(fontMetrics().averageCharWidth() / (group_.columns > 1 ? 3 : 2) + 1);
+    line.gridColumn = 2 * (number / linesInColumn);
+    const bool wide = SpansPage(row.kind) || (buttonsOnly_ && IsButton(row.kind));
+    const int gridRow = number % linesInColumn;
+    grid.addWidget(line.widget, gridRow, line.gridColumn + (wide ? 0 : 1), 1, wide ? 2 : 1);
+    grid.setColumnStretch(line.gridColumn + 1, 1);
+    lines_.push_back(line);
+  }
+  Line& line = lines_.back();
+  Row made;
+  made.row = &row;
+  made.line = static_cast<int>(lines_.size()) - 1;
+  if (!IsButton(row.kind) && !SpansPage(row.kind)) {
+    QWidget* parent = joins ? line.widget : grid.parentWidget();
+    made.caption = new PlainLabel({}, parent);
+    hasCaptions_ = true;
+    if (joins) {
+      line.box->addWidget(made.caption);
+    } else {
+      const Qt::Alignment up = row.kind == RowKind::kListBox ? Qt::AlignTop : Qt::Alignment();
+      grid.addWidget(made.caption, (static_cast<int>(lines_.size()) - 1) % linesInColumn, line.gridColumn, up);
+    }
+  }
+  if (row.control || row.kind == RowKind::kFixed) made.cell = AddCell(row, false, line);
+  AddUnit(made, line);
+  if (row.second) {
+    if (!row.secondCaption.empty()) {
+      made.secondCaption = new PlainLabel(ToQt(row.secondCaption), line.widget);
+      line.box->addWidget(made.secondCaption);
+    }
+    made.second = AddCell(row, true, line);
+  }
+  line.rows.push_back(rows_.size());
+  rows_.push_back(made);
+}
+
+void GroupView::Finish() {
+  for (Line& line : lines_) {
+    const bool page = std::any_of(line.rows.begin(), line.rows.end(), [&](std::size_t i) {
+      return SpansPage(rows_[i].row->kind) || rows_[i].row->width == WidthClass::kPage;
+    });
+    line.words = new WordsLabel(line.widget);
+    line.box->addWidget(line.words, page ? 0 : 1);
+    for (const std::size_t i : line.rows) {
+      for (FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
+        if (cell != nullptr) cell->SetWordsFit([words = line.words] { return words->Fits(); });
+      }
+    }
+  }
+  // Labels with values take the focus as one: the first by Tab, the others by arrows.
+  bool first = true;
+  for (FieldCell* cell : cells_) {
+    if (cell->Kind() != RowKind::kLabel) continue;
+    cell->Widget()->setFocusPolicy(first ? Qt::StrongFocus : Qt::ClickFocus);
+    first = false;
+  }
+  ControlSet all;
+  all.set();
+  Refresh(all);
+}
+
+// ---- texts
+
+QString GroupView::Caption() const { return ToQt(presentation::TitleOf(context_.control.form, group_)); }
+
+QString GroupView::CaptionOf(const LayoutRow& row) const {
+  return ToQt(presentation::CaptionOf(context_.control.form, row, false));
+}
+
+QString GroupView::UnitOf(const LayoutRow& row) const {
+  return ToQt(row.unit.control ? context_.control.form.TextOf(row.unit.control) : row.unit.text);
+}
+
+// ---- taking from the form
+
+void GroupView::Refresh(const ControlSet& changed) {
+  for (Row& made : rows_) {
+    const LayoutRow& row = *made.row;
+    const bool touched = Touches(changed, row.control) || Touches(changed, row.second) ||
+                         Touches(changed, row.captionControl) || Touches(changed, row.unit.control) ||
+                         Touches(changed, group_.frame);
+    if (!touched && !changed.all()) continue;
+    RefreshRow(made);
+  }
+  for (const Line& line : lines_) {
+    const bool shown =
+        std::any_of(line.rows.begin(), line.rows.end(), [this](std::size_t i) { return Shows(rows_[i]); });
+    line.widget->setVisible(shown);
+    RefreshWords(line);
+  }
+  if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
+  if (openButtons_.size() > 1) {
+    int widest = 0;
+    for (const QPushButton* button : openButtons_) widest = std::max(widest, button->sizeHint().width());
+    for (QPushButton* button : openButtons_) button->setMinimumWidth(widest);
+  }
+}
+
+void GroupView::RefreshRow(Row& made) {
+  const LayoutRow& row = *made.row;
+  const QString caption = CaptionOf(row);
+  const QString unit = UnitOf(row);
+  const bool shown = Shows(made);
+  if (made.caption != nullptr) {
+    made.caption->setText(caption);
+    const bool own = !row.captionControl || context_.control.form.Any(row.captionControl).Visible();
+    made.caption->setVisible(shown && own);
+  }
+  if (made.unit != nullptr) {
+    made.unit->setText(unit);
+    const bool placed = row.unit.control && !row.unit.echo;
+    made.unit->setVisible(shown && (!placed || context_.control.form.Any(row.unit.control).Visible()));
+  }
+  if (made.cell != nullptr) {
+    made.cell->SetCaption(caption);
+    made.cell->Refresh();
+    const bool visible = made.cell->Shows() && StatusFits(row);
+    made.cell->Widget()->setVisible(visible);
+    if (made.cell->Slot() != nullptr) made.cell->Slot()->setVisible(visible);
+  }
+  if (made.second != nullptr) {
+    made.second->SetCaption(ToQt(presentation::CaptionOf(context_.control.form, row, true)));
+    made.second->Refresh();
+    made.second->Widget()->setVisible(made.second->Shows());
+    made.second->Slot()->setVisible(made.second->Shows());
+    if (made.secondCaption != nullptr) made.secondCaption->setVisible(made.second->Shows());
+  }
+}
+
+bool GroupView::Shows(const Row& made) const {
+  if (made.cell == nullptr) {
+    const ControlId caption = made.row->captionControl;
+    return !caption || context_.control.form.Any(caption).Visible();
+  }
+  return (made.cell->Shows() && StatusFits(*made.row)) || (made.second != nullptr && made.second->Shows());
+}
+
+// A monitor's status is shown while its box is high: an old status never stands beside a new value.
+bool GroupView::StatusFits(const LayoutRow& row) const {
+  if (row.kind != RowKind::kListRo || !group_.frame) return true;
+  const int height = context_.control.form.At(FrameId{group_.frame}).Height();
+  return height == 0 || height > kHeightWithoutStatus;
+}
+
+bool GroupView::Shows() const {
+  if (group_.frame && !context_.control.form.Any(group_.frame).Visible()) return false;
+  return rows_.empty() || std::any_of(rows_.begin(), rows_.end(), [this](const Row& row) { return Shows(row); });
+}
+
+int GroupView::TopOfFrame() const { return group_.frame ? context_.control.form.At(FrameId{group_.frame}).Top() : 0; }
+
+void GroupView::RefreshStates() {
+  for (FieldCell* cell : cells_) cell->RefreshState();
+  for (const Line& line : lines_) RefreshWords(line);
+}
+
+void GroupView::RefreshWords(const Line& line) {
+  QStringList words;
+  bool hinted = false;
+  bool alert = false;
+  int marked = 0;
+  for (const std::size_t i : line.rows) {
+    for (const FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
+      if (cell == nullptr || !cell->Shows()) continue;
+      const auto before = words.size();
+      if (!cell->Words().isEmpty()) words << cell->Words();
+      if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
+      hinted = hinted || !cell->Hint().isEmpty();
+      alert = alert || cell->IsAlert();
+      if (words.size() > before) ++marked;
+    }
+  }
+  // Two fields in one line that say the same say it once; their shapes tell them apart.
+  if (marked > 1) words.removeDuplicates();
+  line.words->SetWords(words.join(QStringLiteral("  ")), hinted ? QStringLiteral("?") : QString(), alert);
+}
+
+// ---- captions in one line
+
+int GroupView::CaptionWidth() const {
+  int width = 0;
+  for (const Row& made : rows_) {
+    if (made.caption != nullptr && !made.row->sameLine) width = std::max(width, made.caption->sizeHint().width());
+  }
+  return width;
+}
+
+void GroupView::SetCaptionWidth(int width) { grid_->setColumnMinimumWidth(0, width); }
+
+void GroupView::SetMnemonic(char letter) {
+  mnemonic_ = letter;
+  if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
+}
+
+// ---- labels with values
+
+bool GroupView::eventFilter(QObject* watched, QEvent* event) {
+  if (GuardedTakes([&] { return LabelTakes(watched, *event); })) return true;
+  return QWidget::eventFilter(watched, event);
+}
+
+bool GroupView::LabelTakes(const QObject* label, const QEvent& event) {
+  if (event.type() == QEvent::KeyPress || event.type() == QEvent::FocusIn) {
+    for (FieldCell* cell : cells_) {
+      if (cell->Widget() != label) continue;
+      if (event.type() == QEvent::FocusIn) {
+        for (FieldCell* other : cells_) {
+          if (other->Kind() == RowKind::kLabel) {
+            other->Widget()->setFocusPolicy(other == cell ? Qt::StrongFocus : Qt::ClickFocus);
+          }
+        }
+        break;
+      }
+      const int key = static_cast<const QKeyEvent&>(event).key();
+      if (key != Qt::Key_Up && key != Qt::Key_Down) break;
+      MoveAmongLabels(*cell, key == Qt::Key_Down ? 1 : -1);
+      return true;
+    }
+  }
+  return false;
+}
+
+void GroupView::MoveAmongLabels(FieldCell& from, int step) {
+  auto at = std::find(cells_.begin(), cells_.end(), &from) - cells_.begin();
+  for (at += step; at >= 0 && at < static_cast<std::ptrdiff_t>(cells_.size()); at += step) {
+    const FieldCell* next = cells_[static_cast<std::size_t>(at)];
+    if (next->Kind() != RowKind::kLabel || !next->Widget()->isVisible()) continue;
+    next->Widget()->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+}
+
+}  // namespace htr60::desktop

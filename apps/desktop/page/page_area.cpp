@@ -1,0 +1,195 @@
+#include "desktop/page/page_area.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "desktop/edge.h"
+#include "desktop/page/page_view.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+
+// A message across the top of the page area while its picture is shown. It takes no focus, catches no click, dims
+// nothing; the program shows and hides it.
+class WaitingStrip final : public QFrame {
+ public:
+  WaitingStrip(Form& form, const LayoutGroup& group, QWidget* parent)
+      : QFrame(parent), form_(form), group_(group), text_(new QLabel(this)) {
+    setObjectName(QStringLiteral("waitingStrip"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    text_->setForegroundRole(QPalette::ToolTipText);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setAlignment(Qt::AlignCenter);
+    auto* column = new QVBoxLayout(this);
+    const int gap = fontMetrics().averageCharWidth();
+    column->setContentsMargins(gap, gap / 2, gap, gap / 2);
+    column->addWidget(text_);
+    hide();
+  }
+
+  void Apply() {
+    QString text = ToQt(group_.caption);
+    for (const LayoutRow& row : group_.rows) {
+      if (row.control) text = ToQt(form_.TextOf(row.control));
+    }
+    text_->setText(text);
+    const bool shown = form_.At(group_.panel).Visible();
+    if (shown == isVisibleTo(parentWidget())) return;
+    setVisible(shown);
+    if (!shown) return;
+    text_->setAccessibleName(text);
+    QAccessibleEvent alert(text_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+  }
+
+ private:
+  Form& form_;
+  const LayoutGroup& group_;
+  QLabel* text_;
+};
+
+// The views look at the states when the focus moves, as it does once more when the window goes: they stop looking
+// first.
+PageArea::~PageArea() {
+  for (PageView* view : findChildren<PageView*>()) disconnect(qApp, nullptr, view, nullptr);
+}
+
+PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QWidget* parent)
+    : QWidget(parent),
+      control_(control),
+      presented_(presented),
+      stack_(new QStackedWidget(this)),
+      empty_(new QWidget(stack_)),
+      why_(new QLabel(empty_)),
+      reopen_(new QPushButton(empty_)) {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(fontMetrics().averageCharWidth() / 2);
+  for (const PageUnit* unit : control_.Pages().units) {
+    for (const PageLayout& page : unit->layouts) {
+      for (const LayoutGroup& group : page.groups) {
+        if (!group.panel) continue;
+        strips_.push_back(new WaitingStrip(control_.form, group, this));
+        column->addWidget(strips_.back());
+      }
+    }
+  }
+  column->addWidget(stack_, 1);
+  why_->setAlignment(Qt::AlignCenter);
+  why_->setWordWrap(true);
+  why_->setTextFormat(Qt::PlainText);
+  why_->setObjectName(QStringLiteral("noPage"));
+  reopen_->setObjectName(QStringLiteral("reopen"));
+  reopen_->hide();
+  Connect(reopen_, &QPushButton::clicked, this, [this] { Q_EMIT ReopenPressed(); });
+  auto* middle = new QVBoxLayout(empty_);
+  middle->addStretch(1);
+  middle->addWidget(why_);
+  middle->addWidget(reopen_, 0, Qt::AlignCenter);
+  middle->addStretch(1);
+  stack_->addWidget(empty_);
+
+  constexpr struct {
+    QKeyCombination key;
+    int step;
+  } kTabKeys[] = {{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::Key_PageDown, 1}, {Qt::CTRL | Qt::Key_PageUp, -1}};
+  for (const auto& [key, step] : kTabKeys) {
+    auto* shortcut = new QShortcut(QKeySequence(key), this);
+    shortcut->setAutoRepeat(false);  // a tab may read from the device
+    Connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
+  }
+}
+
+// ---- what the presentation shows
+
+void PageArea::Apply(const FormChanges& changes) {
+  for (WaitingStrip* strip : strips_) strip->Apply();
+  ControlSet changed;
+  for (const ControlId control : changes.controls) changed.set(control.ordinal);
+  const bool fresh = Show(presented_.Page());
+  if (current_ == nullptr) return ShowEmpty();
+  if (!fresh && changed.any()) views_[current_]->Refresh(changed);
+  views_[current_]->RefreshStates();
+}
+
+void PageArea::ShowEmpty() {
+  const presentation::Screen& screen = presented_.Shown();
+  why_->setText(ToQt(screen.message));
+  const bool offers = !screen.buttons.empty() && !screen.buttons.front().control;
+  if (offers) reopen_->setText(ToQt(screen.buttons.front().caption));
+  reopen_->setVisible(offers);
+}
+
+// True where another page came to the front: it has taken everything then.
+bool PageArea::Show(const PageLayout* page) {
+  if (page == current_) return false;
+  current_ = page;
+  if (page == nullptr) {
+    stack_->setCurrentWidget(empty_);
+    return true;
+  }
+  PageView*& view = views_[page];
+  if (view == nullptr) {
+    view = new PageView({control_, presented_}, *page, stack_);
+    stack_->addWidget(view);
+    Connect(view, &PageView::Pressed, this, &PageArea::Press);
+  }
+  ControlSet all;
+  all.set();
+  view->Refresh(all);
+  stack_->setCurrentWidget(view);
+  return true;
+}
+
+// ---- what the operator does
+
+void PageArea::Press(ButtonId button) {
+  const PageLayout* before = presented_.Page();
+  presented_.Press(button);
+  const PageLayout* after = presented_.Page();
+  if (after != nullptr && after != before && !(button == id::cmdBack)) Q_EMIT Activated(button);
+}
+
+void PageArea::ChangeTab(int step) {
+  if (PageView* view = View()) view->ChangeTab(step);
+}
+
+// ---- focus
+
+PageView* PageArea::View() const {
+  const auto found = views_.find(current_);
+  return found == views_.end() ? nullptr : found->second;
+}
+
+void PageArea::FocusFirstField() {
+  if (PageView* view = View(); view != nullptr && !view->FocusFirstField()) view->FocusStart();
+}
+
+void PageArea::FocusPage() {
+  if (PageView* view = View()) view->FocusStart();
+}
+
+bool PageArea::FocusControl(ControlId control) {
+  PageView* view = View();
+  return view != nullptr && view->FocusControl(control);
+}
+
+QString PageArea::Title() const { return ToQt(presented_.Shown().title); }
+
+QString PageArea::NoteOfFocus() const {
+  const PageView* view = View();
+  return view == nullptr ? QString() : view->NoteOfFocus();
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,338 @@
+#include "desktop/page/page_view.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <map>
+#include <numeric>
+
+#include "desktop/edge.h"
+#include "desktop/qt_text.h"
+#include "form/control_names.h"
+
+namespace htr60::desktop {
+namespace {
+
+// The ground of the groups. On the page that follows the signal an arrow leads from each group of the left column to
+// the next.
+class Content final : public QWidget {
+ public:
+  Content(bool arrows, QWidget* parent) : QWidget(parent), arrows_(arrows) {}
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    if (arrows_) Guarded([this] { PaintArrows(); });
+  }
+
+ private:
+  void PaintArrows() {
+    const auto* flow = static_cast<GroupFlow*>(layout());
+    const std::vector<QWidget*> column = flow->FirstColumn();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette().color(QPalette::WindowText));
+    for (std::size_t i = 0; i + 1 < column.size(); ++i) {
+      const double top = column[i]->geometry().bottom() + 1;
+      const double bottom = column[i + 1]->geometry().top();
+      if (bottom <= top) continue;  // another column begins
+      const double x = column[i]->geometry().left() + fontMetrics().averageCharWidth() * 4;
+      const double half = (bottom - top) * 0.6;
+      painter.drawPolygon(QPolygonF{{x - half, top}, {x + half, top}, {x, bottom}});
+    }
+  }
+
+  bool arrows_;
+};
+
+// Follows the width of the viewport and never scrolls sideways; the wheel is the page's alone.
+class PageScroll final : public QScrollArea {
+ public:
+  explicit PageScroll(QWidget* parent) : QScrollArea(parent) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+  }
+};
+
+}  // namespace
+
+PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
+    : QWidget(parent), context_(context), page_(page) {
+  const int gap = fontMetrics().averageCharWidth();
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(gap, 0, gap, 0);
+  column->setSpacing(gap / 2);
+  strips_.reserve(page.innerStrips.size() + 1);
+  if (page.strip) AddStrip(page.strip, -1, *column);
+  for (const LayoutInnerStrip& inner : page.innerStrips) AddStrip(inner.strip, inner.tab, *column);
+
+  scroll_ = new PageScroll(this);
+  content_ = new Content(page.signalFlow, scroll_);
+  flow_ = new GroupFlow(content_);
+  flow_->setContentsMargins(0, 0, 0, gap);
+  flow_->setSpacing(gap);
+  for (const LayoutGroup& group : page.groups) {
+    if (group.panel) continue;  // stands across the page area
+    auto* view = new GroupView(context, page, group, content_);
+    order_.push_back(static_cast<int>(groups_.size()));
+    groups_.push_back(view);
+    flow_->Add(view, group.beside, group.separate);
+    connect(view, &GroupView::Pressed, this, &PageView::Pressed);
+    Connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
+  }
+  AddFigure();
+  scroll_->setWidget(content_);
+  column->addWidget(scroll_, 1);
+  SyncStrips();
+  Arrange();
+}
+
+void PageView::AddFigure() {
+  if (page_.figure == FigureKind::kNone) return;
+  figure_ = new FigureWidget(content_);
+  flow_->Add(figure_, !groups_.empty(), false, true);
+  flow_->StretchLast();
+  order_.push_back(static_cast<int>(groups_.size()));
+  Connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
+  Connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
+}
+
+void PageView::RefreshFigure() {
+  if (figure_ == nullptr) return;
+  const FieldCell* focused = nullptr;
+  const QWidget* focus = QApplication::focusWidget();
+  for (const GroupView* group : groups_) {
+    for (const FieldCell* cell : group->Cells()) {
+      if (focus != nullptr && cell->Widget() == focus) focused = cell;
+    }
+  }
+  context_.presented.Focus(focused == nullptr ? ControlId{} : focused->Control());
+  figure_->Show(context_.presented.Drawing());
+}
+
+void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
+  auto* bar = new PageTabs(this);
+  bar->setObjectName(QString::fromStdString(NameOf(id)));
+  for (const std::string_view caption : context_.control.form.At(id).Captions()) bar->addTab(ToQt(caption));
+  column.addWidget(bar);
+  strips_.push_back({id, tab, bar});
+  const std::size_t number = strips_.size() - 1;
+  Connect(bar, &QTabBar::currentChanged, this, [this, number](int index) { OnTab(strips_[number], index); });
+}
+
+void PageView::OnTab(const Strip& strip, int index) {
+  if (syncing_ || index < 0) return;
+  context_.presented.ClickTab(strip.id, index);
+  SyncStrips();
+  Arrange();
+}
+
+void PageView::SyncStrips() {
+  syncing_ = true;
+  const presentation::TabsInFront tabs = presentation::TabsOf(context_.control.form, page_);
+  for (const Strip& strip : strips_) {
+    strip.bar->setCurrentIndex(context_.control.form.At(strip.id).Index());
+    strip.bar->setVisible(strip.tab < 0 || strip.tab == tabs.tab);
+  }
+  syncing_ = false;
+}
+
+// ---- taking from the form
+
+void PageView::Refresh(const ControlSet& changed) {
+  SyncStrips();
+  for (GroupView* group : groups_) group->Refresh(changed);
+  Arrange();
+  RefreshFigure();
+}
+
+void PageView::RefreshStates() {
+  for (GroupView* group : groups_) {
+    if (group->isVisibleTo(content_)) group->RefreshStates();
+  }
+  ChooseLetters();
+  RefreshFigure();
+}
+
+void PageView::Arrange() {
+  const presentation::TabsInFront tabs = presentation::TabsOf(context_.control.form, page_);
+  const QWidget* focus = QApplication::focusWidget();
+  const bool held = focus != nullptr && content_->isAncestorOf(focus);
+  bool moved = false;
+  for (GroupView* group : groups_) {
+    const bool shows = presentation::StandsOn(group->Group(), tabs) && group->Shows();
+    if (group->isVisibleTo(content_) == shows) continue;
+    group->setVisible(shows);
+    moved = true;
+  }
+  // The focus does not wander to whatever stands next when its field goes out of sight.
+  if (held && moved && !focus->isVisibleTo(this)) {
+    if (PageTabs* strip = Innermost()) strip->setFocus(Qt::OtherFocusReason);
+  }
+  ArrangeByTop();
+  AlignCaptions();
+  flow_->invalidate();
+}
+
+// Groups so marked trade places until they stand in the order of their tops.
+void PageView::ArrangeByTop() {
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    if (groups_[i]->Group().byTop) places.push_back(i);
+  }
+  if (places.size() < 2) return;
+  std::vector<std::size_t> sorted = places;
+  std::stable_sort(sorted.begin(), sorted.end(), [this](std::size_t a, std::size_t b) {
+    return groups_[a]->TopOfFrame() < groups_[b]->TopOfFrame();
+  });
+  std::vector<int> order(order_.size());
+  std::iota(order.begin(), order.end(), 0);
+  for (std::size_t i = 0; i < places.size(); ++i) order[places[i]] = static_cast<int>(sorted[i]);
+  if (order == order_) return;
+  order_ = order;
+  flow_->Reorder(order_);
+  const std::vector<QWidget*> stops = TabStops();
+  for (std::size_t i = 1; i < stops.size(); ++i) setTabOrder(stops[i - 1], stops[i]);
+}
+
+// Fields stand in one line down each column of groups.
+void PageView::AlignCaptions() {
+  std::map<int, std::vector<GroupView*>> columns;
+  int column = 0;
+  for (GroupView* group : groups_) {
+    if (!group->isVisibleTo(content_)) continue;
+    if (group->Group().separate) column = 0;
+    if (group->Group().beside) ++column;
+    if (group->SharesCaptionWidth()) columns[column].push_back(group);
+  }
+  for (const auto& [number, members] : columns) {
+    int width = 0;
+    for (const GroupView* group : members) width = std::max(width, group->CaptionWidth());
+    for (GroupView* group : members) group->SetCaptionWidth(width);
+  }
+}
+
+// The letters are those of the screen, whose groups and buttons are those that are to be seen here.
+void PageView::ChooseLetters() {
+  const presentation::Screen& screen = context_.presented.Shown();
+  auto title = screen.groups.begin();
+  for (GroupView* group : InOrder()) {
+    if (!group->isVisibleTo(content_) || group->Caption().isEmpty() || title == screen.groups.end()) continue;
+    group->SetMnemonic((title++)->mnemonic);
+  }
+  for (const presentation::ScreenButton& button : screen.buttons) {
+    if (!button.control) continue;
+    if (FieldCell* cell = CellOf(button.control)) cell->SetMnemonic(button.mnemonic);
+  }
+}
+
+void PageView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Guarded([this] { AlignCaptions(); });
+}
+
+// ---- focus
+
+PageTabs* PageView::Innermost() const {
+  for (auto strip = strips_.rbegin(); strip != strips_.rend(); ++strip) {
+    if (strip->bar->isVisibleTo(this)) return strip->bar;
+  }
+  return nullptr;
+}
+
+void PageView::ChangeTab(int step) {
+  PageTabs* strip = Innermost();
+  if (strip == nullptr || strip->count() == 0) return;
+  strip->setCurrentIndex((strip->currentIndex() + step + strip->count()) % strip->count());
+}
+
+std::vector<GroupView*> PageView::InOrder() const {
+  std::vector<GroupView*> groups;
+  for (const int number : order_) {
+    const auto at = static_cast<std::size_t>(number);
+    if (at < groups_.size()) groups.push_back(groups_[at]);  // the figure has the last number
+  }
+  return groups;
+}
+
+std::vector<FieldCell*> PageView::VisibleCells() const {
+  std::vector<FieldCell*> cells;
+  for (const GroupView* group : InOrder()) {
+    if (!group->isVisibleTo(content_)) continue;
+    for (FieldCell* cell : group->Cells()) {
+      if (cell->Widget()->isVisibleTo(content_) && cell->Widget()->isEnabled()) cells.push_back(cell);
+    }
+  }
+  return cells;
+}
+
+bool PageView::FocusFirstField() {
+  for (FieldCell* cell : VisibleCells()) {
+    if (!cell->CanBeTypedIn()) continue;
+    cell->Widget()->setFocus(Qt::OtherFocusReason);
+    return true;
+  }
+  return false;
+}
+
+void PageView::FocusStart() {
+  if (!strips_.empty()) return strips_.front().bar->setFocus(Qt::TabFocusReason);
+  for (FieldCell* cell : VisibleCells()) {
+    if (cell->Widget()->focusPolicy() == Qt::NoFocus) continue;
+    return cell->Widget()->setFocus(Qt::TabFocusReason);
+  }
+}
+
+bool PageView::FocusControl(ControlId control) {
+  const FieldCell* cell = CellOf(control);
+  if (cell == nullptr || !cell->Widget()->isVisibleTo(this) || !cell->Widget()->isEnabled()) return false;
+  cell->Widget()->setFocus(Qt::OtherFocusReason);
+  scroll_->ensureWidgetVisible(cell->Widget());
+  return true;
+}
+
+void PageView::FocusNextField(FieldCell* from) {
+  const std::vector<FieldCell*> cells = VisibleCells();
+  auto at = std::find(cells.begin(), cells.end(), from);
+  if (at == cells.end()) return;
+  for (++at; at != cells.end(); ++at) {
+    if ((*at)->IsButton() || (*at)->Widget()->focusPolicy() == Qt::NoFocus) continue;
+    return (*at)->Widget()->setFocus(Qt::TabFocusReason);
+  }
+}
+
+FieldCell* PageView::CellOf(ControlId control) const {
+  for (const GroupView* group : groups_) {
+    for (FieldCell* cell : group->Cells()) {
+      if (cell->Control() == control) return cell;
+    }
+  }
+  return nullptr;
+}
+
+QString PageView::NoteOfFocus() const {
+  const QWidget* focus = QApplication::focusWidget();
+  for (const GroupView* group : groups_) {
+    for (const FieldCell* cell : group->Cells()) {
+      if (cell->Widget() == focus) return ToQt(cell->Row().note);
+    }
+  }
+  return {};
+}
+
+std::vector<QWidget*> PageView::TabStops() const {
+  std::vector<QWidget*> stops;
+  for (const Strip& strip : strips_) stops.push_back(strip.bar);
+  for (const GroupView* group : InOrder()) {
+    for (const FieldCell* cell : group->Cells()) {
+      if (cell->Widget()->focusPolicy() != Qt::NoFocus) stops.push_back(cell->Widget());
+    }
+  }
+  return stops;
+}
+
+}  // namespace htr60::desktop

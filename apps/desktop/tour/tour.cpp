@@ -1,0 +1,222 @@
+#include "desktop/tour/tour.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QBuffer>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QSaveFile>
+#include <QTabBar>
+
+#include "desktop/edge.h"
+#include "desktop/page/choice_field.h"
+#include "desktop/page/page_area.h"
+#include "desktop/qt_text.h"
+#include "desktop/window/keys.h"
+#include "desktop/window/page_header.h"
+#include "desktop/window/tree_panel.h"
+#include "form/control_names.h"
+
+namespace htr60::desktop {
+namespace {
+
+constexpr int kTickMs = 50;
+constexpr int kPatienceMs = 20'000;
+
+struct Word {
+  TourDo what;
+  const char* word;
+};
+constexpr Word kWords[] = {
+    {TourDo::kNode, "node"},         {TourDo::kButton, "button"},   {TourDo::kTab, "tab"},
+    {TourDo::kType, "type"},         {TourDo::kChoose, "choose"},   {TourDo::kWrite, "write"},
+    {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},       {TourDo::kExpect, "expect"},
+    {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
+};
+
+void ClickAt(QWidget& widget, const QPoint& at) {
+  const QPointF place = at;
+  const QPointF global = widget.mapToGlobal(place);
+  QMouseEvent press(QEvent::MouseButtonPress, place, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &press);
+  QMouseEvent release(QEvent::MouseButtonRelease, place, global, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &release);
+}
+
+// The widget of a control that is to be seen: a control has one on each page view that shows it.
+template <class Widget>
+Widget* Shown(QWidget& window, ControlId control) {
+  for (Widget* widget : window.findChildren<Widget*>(ToQt(NameOf(control)))) {
+    if (widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+QString Describe(const TourStep& step) {
+  QString line;
+  for (const Word& word : kWords) {
+    if (word.what == step.what) line = QLatin1String(word.word);
+  }
+  if (step.control) line += QLatin1Char(' ') + ToQt(NameOf(step.control));
+  if (step.what == TourDo::kTab) line += QLatin1Char(' ') + QString::number(step.number);
+  if (!step.text.empty()) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
+  return line;
+}
+
+Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder, Print print)
+    : window_(window), control_(control), steps_(steps), folder_(folder), print_(std::move(print)) {
+  ticks_.setInterval(kTickMs);
+  ticks_.setSingleShot(true);
+  Connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
+}
+
+void Tour::Start() {
+  sinceStep_.start();
+  ticks_.start();
+}
+
+// One step a tick, so that the window has its turn in between; a step that is not ready is tried again.
+void Tour::Tick() {
+  if (next_ == steps_.size()) return End(0);
+  // Begun anew first: a timer in the middle of its own timeout would stand still in a box's event loop.
+  ticks_.start();
+  const TourStep& step = steps_[next_];
+  const auto number = static_cast<int>(next_ + 1);
+  // A box that the step opens runs its own event loop: the ticks within it belong to the step after it.
+  ++next_;
+  const Outcome outcome = Try(step);
+  const bool late = sinceStep_.elapsed() > kPatienceMs;
+  if (outcome == Outcome::kNotYet && !late) {
+    --next_;
+    return;
+  }
+  QString line = QStringLiteral("%1. %2").arg(number).arg(Describe(step));
+  if (outcome != Outcome::kDone) line += QLatin1String(late ? ": waited too long" : ": cannot be done");
+  if (!Say(line) || outcome != Outcome::kDone) return End(1);
+  sinceStep_.restart();
+}
+
+bool Tour::Say(const QString& line) {
+  if (print_(ToUtf8(line) + '\n')) return true;
+  notWritten_ = QStringLiteral("the steps of the tour cannot be written to standard output");
+  return false;
+}
+
+// Numbers of the steps have a point, where the operator may have a comma.
+std::string Tour::Localized(std::string_view text) const {
+  std::string localized(text);
+  const auto point = localized.find('.');
+  const bool number = point != std::string::npos && localized.find_first_not_of("-0123456789.") == std::string::npos;
+  if (number) localized[point] = control_.codecs.DecimalSeparator();
+  return localized;
+}
+
+void Tour::End(int exitCode) {
+  ticks_.stop();
+  if (QWidget* box = QApplication::activeModalWidget()) box->close();
+  Q_EMIT Finished(exitCode);
+}
+
+Tour::Outcome Tour::Try(const TourStep& step) {
+  switch (step.what) {
+    case TourDo::kNode:
+      return window_.Tree().Press(ToQt(step.text)) ? Outcome::kDone : Outcome::kCannot;
+    case TourDo::kButton:
+      return Press(ButtonId{step.control});
+    case TourDo::kTab:
+      return PressTab(step);
+    case TourDo::kType:
+      return Type(step);
+    case TourDo::kChoose:
+      return Choose(step);
+    case TourDo::kWrite:
+      return Press(id::cmdWriteParameter);
+    case TourDo::kBox:
+      return PressBox(step);
+    case TourDo::kWait:
+      return window_.Presented().Settled() ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kExpect:
+      return control_.form.TextOf(step.control) == Localized(step.text) ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kSmallest:
+      if (step.text.empty()) size_ = window_.size();
+      window_.resize(step.text.empty() ? window_.minimumSize() : size_);
+      return Outcome::kDone;
+    case TourDo::kPicture:
+      return TakePicture(step);
+  }
+  return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Press(ButtonId button) {
+  auto* shown = Shown<QAbstractButton>(window_, button);
+  if (shown == nullptr || !shown->isEnabled()) return Outcome::kCannot;
+  shown->click();
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::PressTab(const TourStep& step) {
+  auto* strip = Shown<QTabBar>(window_, step.control);
+  if (strip == nullptr || step.number >= strip->count()) return Outcome::kCannot;
+  ClickAt(*strip, strip->tabRect(step.number).center());
+  return strip->currentIndex() == step.number ? Outcome::kDone : Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Type(const TourStep& step) {
+  auto* field = Shown<QLineEdit>(window_, step.control);
+  if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
+  field->setFocus(Qt::TabFocusReason);
+  field->selectAll();
+  SendKey(*field, Qt::Key_Delete);
+  const QString text = ToQt(Localized(step.text));
+  SendText(*field, text);
+  return field->text() == text ? Outcome::kDone : Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Choose(const TourStep& step) {
+  auto* field = Shown<ChoiceField>(window_, step.control);
+  if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
+  field->setFocus(Qt::TabFocusReason);
+  field->showPopup();
+  if (field->Popup() == nullptr) return Outcome::kCannot;
+  QListView* list = field->Popup()->List();
+  for (int row = 0; row < list->model()->rowCount(); ++row) {
+    const QModelIndex index = list->model()->index(row, 0);
+    if (!index.flags().testFlag(Qt::ItemIsSelectable) || index.data().toString() != ToQt(step.text)) continue;
+    list->setCurrentIndex(index);
+    SendKey(*list, Qt::Key_Return);
+    return field->Popup() == nullptr || !field->Popup()->isVisible() ? Outcome::kDone : Outcome::kCannot;
+  }
+  field->hidePopup();
+  return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::PressBox(const TourStep& step) {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr) return Outcome::kNotYet;
+  const QMessageBox::StandardButton wanted = step.text == "Yes"  ? QMessageBox::Yes
+                                             : step.text == "No" ? QMessageBox::No
+                                                                 : QMessageBox::Ok;
+  QAbstractButton* button = box->button(wanted);
+  if (button == nullptr) return Outcome::kCannot;
+  button->click();
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::TakePicture(const TourStep& step) {
+  const QString name = QStringLiteral("%1-%2.png")
+                           .arg(++pictures_, 2, 10, QLatin1Char('0'))
+                           .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+  QBuffer picture;
+  if (!picture.open(QIODevice::WriteOnly) || !window_.grab().save(&picture, "PNG")) return Outcome::kCannot;
+  // A picture that is not written to its end leaves no file.
+  QSaveFile file(folder_.filePath(name));
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(picture.data()) == picture.size();
+  if (written && file.commit()) return Outcome::kDone;
+  notWritten_ = QStringLiteral("%1 cannot be written: %2").arg(file.fileName(), file.errorString());
+  return Outcome::kCannot;
+}
+
+}  // namespace htr60::desktop

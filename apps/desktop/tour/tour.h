@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "desktop/tour/tour_steps.h"
+#include "desktop/window/main_window.h"
+
+namespace htr60::desktop {
+
+/// Goes through the window by a table of steps, with the operator's own means: presses, keys and picks of widgets.
+/// Each step is printed; the first that cannot be done, or not be printed, ends the tour.
+class Tour final : public QObject {
+  Q_OBJECT
+
+ public:
+  using Print = std::function<bool(std::string_view)>;
+
+  /// Pictures go to `folder`, which exists, and the steps to `print`, which answers false where it cannot.
+  Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder, Print print);
+  void Start();
+  /// What could not be written, a sentence; empty: everything was.
+  const QString& NotWritten() const { return notWritten_; }
+
+ Q_SIGNALS:
+  /// `exitCode` is 0 where all steps were done.
+  void Finished(int exitCode);
+
+ private:
+  enum class Outcome { kDone, kNotYet, kCannot };
+
+  void Tick();
+  Outcome Try(const TourStep& step);
+  Outcome Press(ButtonId button);
+  Outcome PressTab(const TourStep& step);
+  Outcome Type(const TourStep& step);
+  Outcome Choose(const TourStep& step);
+  Outcome PressBox(const TourStep& step);
+  Outcome TakePicture(const TourStep& step);
+  bool Say(const QString& line);
+  std::string Localized(std::string_view text) const;
+  void End(int exitCode);
+
+  MainWindow& window_;
+  UserCntrl& control_;
+  std::span<const TourStep> steps_;
+  QDir folder_;
+  Print print_;
+  QString notWritten_;
+  QTimer ticks_;
+  QElapsedTimer sinceStep_;
+  std::size_t next_ = 0;
+  int pictures_ = 0;
+  QSize size_;  // before the window was made small
+};
+
+/// One line that says what a step does.
+QString Describe(const TourStep& step);
+
+}  // namespace htr60::desktop

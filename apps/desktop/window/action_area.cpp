@@ -1,0 +1,104 @@
+#include "desktop/window/action_area.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <utility>
+
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+// Enter never writes to the device, whatever keys the platform presses buttons with.
+class WriteButton final : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    QPushButton::keyPressEvent(event);
+  }
+};
+
+}  // namespace
+
+ActionArea::ActionArea(QWidget* parent)
+    : QWidget(parent),
+      back_(new QPushButton(tr("&Back"), this)),
+      footer_(new QToolButton(this)),
+      message_(new QLabel(this)),
+      revert_(new QPushButton(tr("Revert"), this)),
+      save_(new QPushButton(tr("&Save"), this)),
+      write_(new WriteButton(tr("&Write"), this)) {
+  back_->setObjectName(QStringLiteral("cmdBack"));
+  save_->setObjectName(QStringLiteral("cmdSave"));
+  write_->setObjectName(QStringLiteral("cmdWriteParameter"));
+  save_->setToolTip(tr("The device keeps every value: there is nothing to save here."));
+  revert_->setObjectName(QStringLiteral("revert"));
+  revert_->setToolTip(tr("Puts the texts not written on this tab back."));
+  footer_->setObjectName(QStringLiteral("footer"));
+  footer_->setAutoRaise(true);
+  footer_->hide();
+  for (QPushButton* button : {back_, revert_, save_, write_}) button->setAutoDefault(false);
+  message_->setObjectName(QStringLiteral("messageLine"));
+  message_->setTextFormat(Qt::PlainText);
+  message_->setWordWrap(true);
+
+  const int gap = fontMetrics().averageCharWidth();
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(gap, gap / 2, gap, gap / 2);
+  line->setSpacing(gap);
+  line->addWidget(back_);
+  line->addWidget(footer_);
+  line->addWidget(message_, 1);
+  line->addWidget(revert_);
+  line->addWidget(save_);
+  line->addWidget(write_);
+
+  connect(back_, &QPushButton::clicked, this, &ActionArea::BackPressed);
+  connect(revert_, &QPushButton::clicked, this, &ActionArea::RevertPressed);
+  connect(write_, &QPushButton::clicked, this, &ActionArea::WritePressed);
+  connect(footer_, &QToolButton::clicked, this, &ActionArea::FooterPressed);
+}
+
+void ActionArea::Apply(Form& form, const presentation::Screen& screen) {
+  const struct {
+    QPushButton* shown;
+    const Button& button;
+  } kButtons[] = {{back_, form.cmdBack}, {save_, form.cmdSave}, {write_, form.cmdWriteParameter}};
+  for (const auto& [shown, button] : kButtons) {
+    shown->setEnabled(button.Enabled());
+    shown->setVisible(button.Visible());
+  }
+  revert_->setEnabled(screen.revertable > 0);
+  SetProminent(screen.unwritten);
+  footer_->setText(ToQt(screen.footer));
+  footer_->setVisible(!screen.footer.empty());
+  const QString message = screen.frame ? ToQt(screen.message) : QString();
+  if (message == message_->text()) return;
+  message_->setText(message);
+  if (!message.isEmpty() && QAccessible::isActive()) {
+    QAccessibleEvent event(message_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
+// Prominent while there is something to write; while disabled it looks as any other.
+void ActionArea::SetProminent(bool prominent) {
+  if (std::exchange(prominent_, prominent) == prominent) return;
+  const QPalette plain = back_->palette();
+  QPalette palette = plain;
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    if (!prominent) break;
+    palette.setBrush(group, QPalette::Button, plain.brush(QPalette::Active, QPalette::Highlight));
+    palette.setBrush(group, QPalette::ButtonText, plain.brush(QPalette::Active, QPalette::HighlightedText));
+  }
+  write_->setPalette(palette);
+  QFont font = back_->font();
+  font.setBold(prominent);
+  write_->setFont(font);
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,143 @@
+#include "desktop/window/identification_strip.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <iterator>
+
+#include "desktop/figure/drawings.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+// The parts in the order of the presentation.
+struct Part {
+  const char* name;   // for assistive technology and the tooltip
+  const char* shown;  // before the text
+};
+constexpr Part kParts[] = {
+    {"Tag", ""},         {"Manufacturer", ""},     {"Serial number", "SN "}, {"Firmware", "Firmware "},
+    {"Measurement", ""}, {"Write protection", ""},
+};
+constexpr std::size_t kTag = 0;
+constexpr std::size_t kLock = std::size(kParts) - 1;
+
+}  // namespace
+
+CopyLabel::CopyLabel(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void CopyLabel::SetFullText(const QString& text) {
+  if (text == full_) return;
+  full_ = text;
+  updateGeometry();
+  Fit();
+}
+
+QSize CopyLabel::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(full_) + fontMetrics().averageCharWidth(), fontMetrics().height()};
+}
+
+QSize CopyLabel::minimumSizeHint() const {
+  return {qMin(sizeHint().width(), 8 * fontMetrics().averageCharWidth()), fontMetrics().height()};
+}
+
+void CopyLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Fit();
+}
+
+void CopyLabel::Fit() { setText(fontMetrics().elidedText(full_, Qt::ElideRight, qMax(width(), 1))); }
+
+void CopyLabel::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  menu.addAction(tr("Copy"), this, [this] { QApplication::clipboard()->setText(full_); });
+  menu.exec(event->globalPos());
+}
+
+IdentificationStrip::IdentificationStrip(QWidget* parent)
+    : QFrame(parent), padlock_(new QLabel(this)), healthShape_(new ShapeSlot(this)), health_(new CopyLabel(this)) {
+  setFrameShape(QFrame::NoFrame);
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::Base);
+  const int gap = fontMetrics().averageCharWidth();
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(gap, gap / 2, gap, gap / 2);
+  line->setSpacing(gap);
+
+  QFont bold = font();
+  bold.setBold(true);
+  for (QLabel*& badge : badges_) {
+    badge = new QLabel(this);
+    badge->setFrameShape(QFrame::Box);
+    badge->setContentsMargins(gap / 2, 1, gap / 2, 1);
+    badge->setTextFormat(Qt::PlainText);
+    badge->setFont(bold);
+    badge->hide();
+    line->addWidget(badge);
+  }
+  badges_.front()->setObjectName(QStringLiteral("simulated"));
+
+  const int side = fontMetrics().height();
+  padlock_->setPixmap(Drawing(QStringLiteral("padlock"), side, devicePixelRatioF()));
+  padlock_->setAccessibleName(tr("Write protection is on"));
+  padlock_->hide();
+  for (std::size_t i = 0; i < std::size(kParts); ++i) {
+    AddBar(*line);
+    if (i == kLock) line->addWidget(padlock_);
+    auto* label = new CopyLabel(this);
+    if (i == kTag) label->setFont(bold);
+    line->addWidget(label);
+    labels_.push_back(label);
+  }
+  line->addStretch(1);
+  health_->setObjectName(QStringLiteral("health"));
+  health_->setAccessibleName(tr("Health"));
+  line->addWidget(healthShape_);
+  line->addWidget(health_);
+}
+
+void IdentificationStrip::AddBar(QHBoxLayout& line) {
+  auto* bar = new QFrame(this);
+  bar->setFrameShape(QFrame::VLine);
+  bar->setForegroundRole(QPalette::Mid);
+  line.addWidget(bar);
+}
+
+void IdentificationStrip::Apply(const presentation::Screen& screen) {
+  for (std::size_t i = 0; i < badges_.size(); ++i) {
+    const bool stands = i < screen.badges.size();
+    if (stands) badges_[i]->setText(ToQt(screen.badges[i]));
+    badges_[i]->setVisible(stands);
+  }
+  for (std::size_t i = 0; i < labels_.size() && i < screen.identity.size(); ++i) {
+    const QString text = ToQt(screen.identity[i]);
+    const QString name = tr(kParts[i].name);
+    CopyLabel* label = labels_[i];
+    label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(kParts[i].shown) + text);
+    label->setToolTip(text.isEmpty() ? QString() : name + QStringLiteral(": ") + text);
+    label->setAccessibleName(name);
+    label->setAccessibleDescription(text.isEmpty() ? tr("not read") : text);
+  }
+  tag_ = ToQt(screen.identity[kTag]);
+  padlock_->setVisible(screen.identity[kLock] == "Write Locked");
+  health_->SetFullText(ToQt(screen.healthText));
+  health_->setAccessibleDescription(ToQt(screen.healthText));
+  healthShape_->SetShape(ShapeOf(screen.health));
+}
+
+QString IdentificationStrip::Tag() const { return tag_; }
+
+QStringList IdentificationStrip::Texts() const {
+  QStringList texts;
+  for (const CopyLabel* label : labels_) texts << label->FullText();
+  return texts;
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,308 @@
+#include "desktop/window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "desktop/edge.h"
+#include "desktop/figure/drawings.h"
+#include "desktop/page/page_area.h"
+#include "desktop/qt_text.h"
+#include "desktop/window/action_area.h"
+#include "desktop/window/identification_strip.h"
+#include "desktop/window/page_header.h"
+#include "desktop/window/status_panels.h"
+#include "desktop/window/tree_panel.h"
+
+namespace htr60::desktop {
+namespace {
+
+// Units of 1/96 inch.
+constexpr int kSmallestWidth = 900;
+constexpr int kSmallestHeight = 600;
+constexpr int kFirstWidth = 1100;
+constexpr int kFirstHeight = 720;
+constexpr int kSmallestTree = 180;
+
+constexpr int kIconSide = 32;  // pixels
+constexpr std::int64_t kLongestWaitMs = 3'600'000;
+
+constexpr const char* kGeometryKey = "window/geometry";
+constexpr const char* kSplitterKey = "window/splitter";
+
+// The host's clock runs from its start.
+presentation::DataLine::TimeOfDay TimeOfDay(const DesktopHost& host) {
+  const QDateTime start = QDateTime::currentDateTime().addMSecs(-host.Now());
+  return [start](std::int64_t now) { return start.addMSecs(now).toString(QStringLiteral("HH:mm:ss")).toStdString(); };
+}
+
+}  // namespace
+
+MainWindow::MainWindow(DesktopHost& host, Places places)
+    : host_(host),
+      control_(host.Control()),
+      presented_(control_,
+                 {.now = [&host] { return host.Now(); }, .timeOfDay = TimeOfDay(host), .simulated = host.Simulated()}),
+      places_(places) {
+  setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
+  MakeLayout();
+  MakeMenus();
+  MakeKeys();
+  setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));
+  resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
+  RestorePlaces();
+  host_.SetBoxParent(this);
+  Connect(&host_, &DesktopHost::TurnEnded, this, &MainWindow::Turn);
+  tree_->Apply();
+  LimitTree();
+  panels_->Apply(control_.form.statusBar);
+  Turn();
+  tree_->setFocus();
+}
+
+void MainWindow::MakeLayout() {
+  auto* all = new QWidget(this);
+  auto* column = new QVBoxLayout(all);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  strip_ = new IdentificationStrip(all);
+  splitter_ = new QSplitter(Qt::Horizontal, all);
+  splitter_->setChildrenCollapsible(false);
+  panels_ = new StatusPanels(all);
+  column->addWidget(strip_);
+  column->addWidget(splitter_, 1);
+  column->addWidget(panels_);
+
+  tree_ = new TreePanel(control_.form.treeView, splitter_);
+  auto* right = new QWidget(splitter_);
+  auto* rightColumn = new QVBoxLayout(right);
+  rightColumn->setContentsMargins(0, 0, 0, 0);
+  rightColumn->setSpacing(0);
+  header_ = new PageHeader(right);
+  page_ = new PageArea(control_, presented_, right);
+  actions_ = new ActionArea(right);
+  rightColumn->addWidget(header_);
+  rightColumn->addWidget(page_, 1);
+  rightColumn->addWidget(actions_);
+  splitter_->addWidget(tree_);
+  splitter_->addWidget(right);
+  splitter_->setStretchFactor(0, 0);
+  splitter_->setStretchFactor(1, 1);
+  setCentralWidget(all);
+
+  Connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
+  Connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
+    openers_.push_back(opener);
+    focusAfter_ = FocusAfter::kFirstField;
+  });
+  Connect(page_, &PageArea::ReopenPressed, this, [this] {
+    openers_.clear();
+    presented_.Reopen();
+    focusAfter_ = FocusAfter::kFirstField;
+  });
+  Connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
+  Connect(actions_, &ActionArea::RevertPressed, this, [this] {
+    presented_.Revert();
+    Turn();
+  });
+  Connect(actions_, &ActionArea::WritePressed, this, [this] {
+    page_->Press(id::cmdWriteParameter);
+    Turn();
+  });
+  Connect(actions_, &ActionArea::FooterPressed, this, [this] {
+    const ControlId field = presented_.StepCounted();
+    Turn();
+    if (field) page_->FocusControl(field);
+  });
+  deadline_.setSingleShot(true);
+  Connect(&deadline_, &QTimer::timeout, this, &MainWindow::Turn);
+}
+
+// The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.
+void MainWindow::MakeMenus() {
+  QMenu* simulator = menuBar()->addMenu(tr("Simulator"));
+  offline_ = simulator->addAction(tr("Offline"));
+  offline_->setCheckable(true);
+  Connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
+  QMenu* presets = simulator->addMenu(tr("Start Anew With"));
+  for (const std::string_view name : sim::PresetNames()) {
+    const QString preset = ToQt(name);
+    presets->addAction(preset, this, AtEdge(this, [this, preset] { Q_EMIT TransmitterWanted(preset); }));
+  }
+  simulator->addSeparator();
+  simulator->addAction(tr("Quit"), this, &MainWindow::close);
+  QMenu* help = menuBar()->addMenu(tr("Help"));
+  help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
+  help->addAction(tr("About HTR60"), this, AtEdge(this, &MainWindow::ShowAbout));
+}
+
+void MainWindow::MakeKeys() {
+  const auto on = [this](const QKeySequence& keys, auto run) {
+    auto* shortcut = new QShortcut(keys, this);
+    shortcut->setAutoRepeat(false);  // a key held down is one press
+    Connect(shortcut, &QShortcut::activated, this, run);
+  };
+  on(QKeySequence(Qt::Key_F5), [this] { ActivateAgain(); });
+  on(QKeySequence(Qt::Key_F6), [this] { StepFocus(1); });
+  on(QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { StepFocus(-1); });
+  on(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { actions_->Back()->click(); });
+}
+
+void MainWindow::Turn() {
+  const FormChanges changes = presented_.Turn();
+  const presentation::Screen& screen = presented_.Show();
+  // A failure of one part leaves the others what has changed for them.
+  Guarded([&] {
+    if (!changes.tree) return;
+    tree_->Apply();
+    LimitTree();
+  });
+  Guarded([&] {
+    if (changes.status) panels_->Apply(control_.form.statusBar);
+    strip_->Apply(screen);
+    const QString tag = strip_->Tag();
+    setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
+  });
+  Guarded([&] { page_->Apply(changes); });
+  Guarded([&] {
+    header_->Apply(screen);
+    actions_->Apply(control_.form, screen);
+    PutActionsLast();
+  });
+  if (const auto next = presented_.NextDeadline()) {
+    deadline_.start(static_cast<int>(std::clamp<std::int64_t>(*next - presented_.Now(), 0, kLongestWaitMs)));
+  } else {
+    deadline_.stop();
+  }
+  MoveFocus();
+}
+
+void MainWindow::MoveFocus() {
+  switch (std::exchange(focusAfter_, FocusAfter::kStays)) {
+    case FocusAfter::kFirstField:
+      page_->FocusFirstField();
+      break;
+    case FocusAfter::kOpener:
+      if (!opener_ || !page_->FocusControl(opener_)) page_->FocusPage();
+      break;
+    case FocusAfter::kStays:
+      break;
+  }
+}
+
+void MainWindow::ActivateNode(const QString& text, int position) {
+  openers_.clear();
+  presented_.Activate(ToUtf8(text), position);
+}
+
+void MainWindow::ActivateAgain() {
+  openers_.clear();
+  presented_.ActivateAgain();
+}
+
+void MainWindow::PressBack() {
+  opener_ = {};
+  if (!openers_.empty()) {
+    opener_ = openers_.back();
+    openers_.pop_back();
+  }
+  page_->Press(id::cmdBack);
+  focusAfter_ = FocusAfter::kOpener;
+}
+
+void MainWindow::StepFocus(int step) {
+  const QWidget* focus = QApplication::focusWidget();
+  int now = 0;
+  if (focus != nullptr && page_->isAncestorOf(focus)) now = 1;
+  if (focus != nullptr && actions_->isAncestorOf(focus)) now = 2;
+  switch ((now + step + 3) % 3) {
+    case 0:
+      tree_->setFocus(Qt::ShortcutFocusReason);
+      break;
+    case 1:
+      page_->FocusPage();
+      break;
+    default:
+      for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
+        if (!button->isEnabled() || !button->isVisible()) continue;
+        button->setFocus(Qt::ShortcutFocusReason);
+        break;
+      }
+  }
+}
+
+void MainWindow::ShowHelp() {
+  const PageLayout* page = page_->Current();
+  QMessageBox box(this);
+  box.setWindowTitle(tr("HTR60"));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(page != nullptr ? page_->Title() : ToQt(presented_.Shown().message));
+  QStringList lines;
+  if (page != nullptr) lines << ToQt(page->purpose);
+  if (const QString note = page_->NoteOfFocus(); !note.isEmpty()) lines << note;
+  box.setInformativeText(lines.join(QStringLiteral("\n\n")));
+  box.exec();
+}
+
+void MainWindow::ShowAbout() {
+  QMessageBox::about(this, tr("About HTR60"),
+                     tr("HTR60 %1\nOperator interface of the HTR60 transmitter, here with a simulated one.")
+                         .arg(QStringLiteral(HTR60_VERSION)));
+}
+
+// Pages are made when they are first shown, and a new widget is the last stop of Tab: the action area moves after it.
+void MainWindow::PutActionsLast() {
+  if (chained_ == page_->Current()) return;
+  chained_ = page_->Current();
+  QWidget* last = previousInFocusChain();
+  // After a widget that takes no focus nothing can be put.
+  while (last != this && (last->focusPolicy() == Qt::NoFocus || actions_->isAncestorOf(last))) {
+    last = last->previousInFocusChain();
+  }
+  if (last == this) return;
+  for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
+    setTabOrder(last, button);
+    last = button;
+  }
+}
+
+// No text of the tree is cut while there is room: the splitter gives way, up to half the window.
+void MainWindow::LimitTree() {
+  const int most = std::max(width() / 2, Pixels(*this, kSmallestTree));
+  tree_->setMinimumWidth(std::clamp(tree_->TextWidth(), Pixels(*this, kSmallestTree), most));
+  tree_->setMaximumWidth(most);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  Guarded([this] { LimitTree(); });
+}
+
+void MainWindow::RestorePlaces() {
+  if (places_ != Places::kKept) return;
+  const QSettings settings;
+  restoreGeometry(settings.value(QLatin1String(kGeometryKey)).toByteArray());
+  splitter_->restoreState(settings.value(QLatin1String(kSplitterKey)).toByteArray());
+}
+
+void MainWindow::KeepPlaces() {
+  if (places_ != Places::kKept) return;
+  QSettings settings;
+  settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
+  settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  Guarded([this] { KeepPlaces(); });
+  QMainWindow::closeEvent(event);
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QTimer>
+#include <memory>
+
+#include "desktop/window/desktop_host.h"
+#include "desktop/window/main_window.h"
+
+namespace htr60::desktop {
+
+/// One transmitter with its window.
+struct Session {
+  Session(const sim::Settings& settings, const QString& preset, MainWindow::Places places)
+      : host(settings, preset), window(host, places) {}
+
+  DesktopHost host;
+  MainWindow window;
+};
+
+/// The session of one run: another transmitter means another session. Made outside the event loop in which it runs.
+class Sessions final : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Sessions(MainWindow::Places places = MainWindow::Places::kKept);
+  void Begin(const sim::Settings& settings, const QString& preset);
+  Session* Now() { return now_.get(); }
+
+ private:
+  void Want(const QString& preset);
+  void BeginWanted();
+
+  const MainWindow::Places places_;
+  const int outermost_;
+  QString wanted_;
+  QTimer look_;
+  std::unique_ptr<Session> now_;
+};
+
+}  // namespace htr60::desktop

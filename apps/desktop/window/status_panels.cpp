@@ -1,0 +1,71 @@
+#include "desktop/window/status_panels.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+
+#include "desktop/figure/drawings.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+struct Panel {
+  int percent;
+  const char* name;
+};
+constexpr Panel kPanels[] = {{24, "Connection"}, {8, ""}, {8, ""}, {60, "Traffic"}};
+
+// A label that neither asks for room nor grows: the panels keep their shares whatever they say.
+class PanelText final : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+  QSize sizeHint() const override { return minimumSizeHint(); }
+};
+
+}  // namespace
+
+QString ConnectionPicture(std::string_view iconFile) { return ToQt(iconFile.substr(0, iconFile.rfind('.'))); }
+
+StatusPanels::StatusPanels(QWidget* parent) : QFrame(parent), picture_(new QLabel(this)) {
+  auto* line = new QHBoxLayout(this);
+  const int gap = fontMetrics().height() / 4;
+  line->setContentsMargins(0, 0, 0, 0);
+  line->setSpacing(0);
+  for (std::size_t i = 0; i < std::size(kPanels); ++i) {
+    auto* panel = new QFrame(this);
+    panel->setFrameShape(QFrame::StyledPanel);
+    auto* inside = new QHBoxLayout(panel);
+    inside->setContentsMargins(gap, gap / 2, gap, gap / 2);
+    inside->setSpacing(gap);
+    texts_[i] = new PanelText(panel);
+    texts_[i]->setTextFormat(Qt::PlainText);
+    texts_[i]->setAccessibleName(QLatin1String(kPanels[i].name));
+    if (i == 0) inside->addWidget(picture_);
+    inside->addWidget(texts_[i], 1);
+    line->addWidget(panel, kPanels[i].percent);
+  }
+  picture_->hide();
+}
+
+void StatusPanels::Apply(const StatusBar& bar) {
+  for (int i = 1; i <= 4; ++i) {
+    QLabel* text = texts_[static_cast<std::size_t>(i - 1)];
+    const QString now = ToQt(bar.Panel(i).text);
+    if (text->text() == now) continue;
+    text->setText(now);
+    // The change of the connection is told to assistive technology, the traffic of the polling is not.
+    if (i == 1 && QAccessible::isActive()) {
+      QAccessibleEvent event(text, QAccessible::Alert);
+      QAccessible::updateAccessibility(&event);
+    }
+  }
+  const std::string& picture = bar.Panel(1).picture;
+  if (picture == shownPicture_) return;
+  shownPicture_ = picture;
+  picture_->setVisible(!picture.empty());
+  const int side = fontMetrics().height();
+  if (!picture.empty()) picture_->setPixmap(Drawing(ConnectionPicture(picture), side, devicePixelRatioF()));
+}
+
+}  // namespace htr60::desktop
