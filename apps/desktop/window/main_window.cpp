@@ -68,6 +68,12 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
   tree_->setFocus();
 }
 
+MainWindow::~MainWindow() {
+  // While the presentation stands: a window that hides takes the focus from its fields, and they tell of it.
+  hide();
+  delete takeCentralWidget();
+}
+
 void MainWindow::MakeLayout() {
   auto* all = new QWidget(this);
   auto* column = new QVBoxLayout(all);

@@ -27,6 +27,7 @@ class MainWindow final : public QMainWindow {
 
   /// `places`: whether size, splitter and position are those of the last run, and kept for the next.
   MainWindow(DesktopHost& host, Places places);
+  ~MainWindow() override;
 
   TreePanel& Tree() { return *tree_; }
   PageArea& Page() { return *page_; }
