@@ -8,63 +8,32 @@
 #include <new>
 #include <string>
 
-#include "pages/pages.h"
-#include "shell/user_cntrl.h"
+#include "bench_control.h"
 
-namespace {
+namespace htr60::bench {
 
 std::size_t allocations = 0;
 std::size_t allocatedBytes = 0;
 
-}  // namespace
+}  // namespace htr60::bench
 
 [[gnu::noinline]] void* operator new(std::size_t size) {
-  ++allocations;
-  allocatedBytes += size;
+  ++htr60::bench::allocations;
+  htr60::bench::allocatedBytes += size;
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
+namespace htr60::bench {
 namespace {
-
-using namespace htr60;
-
-struct NoBoxes final : IMessageBoxes {
-  BoxButton Show(const MessageBox& box) override { return box.buttons.front(); }
-};
-struct NoTimers final : ITimers {
-  void Arm(int, std::int32_t) override {}
-  void Disarm(int) override {}
-};
-struct NoIcons final : IIcons {
-  bool Load(std::string_view) override { return true; }
-};
-
-struct Bench {
-  NoBoxes boxes;
-  NoTimers timers;
-  NoIcons icons;
-  std::shared_ptr<UserCntrl> control =
-      UserCntrl::Create({.boxes = boxes, .timers = timers, .icons = icons}, PagesOfHtr60());
-};
 
 std::string Parameter(const std::string& tag, const std::string& value) {
   return "<Parameter tag=\"" + tag + "\" value=\"" + value + "\"/>";
 }
 
-std::string IdentificationAnswer() {
-  return "<Answer>" + Parameter("TRDPVType", "0000") +
-         Parameter("PHYTag", "48545236302D3100000000000000000000000000000000000000000000000000") +
-         Parameter("PHYManufacturer", "60BE") +
-         Parameter("TRDOrderingCode", "48545236302D44322D53312D4D31000000000000000000000000000000000000") +
-         Parameter("PHYFirmware", "312E3039202020202020202020202020") +
-         Parameter("PHYDevSerialNumber", "30363030303030310000000000000000") +
-         Parameter("PHYGSDIdentNumSelector", "01") + Parameter("PHYWriteProtection", "0999") +
-         Parameter("ModemVersion", "0003") + Parameter("SnsHiVersion", "12") + Parameter("SnsLoVersion", "12") +
-         "</Answer>";
-}
+}  // namespace
 
 std::string TableAnswer() {
   std::string answer = "<Answer>" + Parameter("TRDLinType", "01") + Parameter("TRDNumpoints", "15");
@@ -79,6 +48,20 @@ std::string TableAnswer() {
   return answer + Parameter("TRDTableStatus", "01") + "</Answer>";
 }
 
+namespace {
+
+std::string IdentificationAnswer() {
+  return "<Answer>" + Parameter("TRDPVType", "0000") +
+         Parameter("PHYTag", "48545236302D3100000000000000000000000000000000000000000000000000") +
+         Parameter("PHYManufacturer", "60BE") +
+         Parameter("TRDOrderingCode", "48545236302D44322D53312D4D31000000000000000000000000000000000000") +
+         Parameter("PHYFirmware", "312E3039202020202020202020202020") +
+         Parameter("PHYDevSerialNumber", "30363030303030310000000000000000") +
+         Parameter("PHYGSDIdentNumSelector", "01") + Parameter("PHYWriteProtection", "0999") +
+         Parameter("ModemVersion", "0003") + Parameter("SnsHiVersion", "12") + Parameter("SnsLoVersion", "12") +
+         "</Answer>";
+}
+
 void ParseAlone(benchmark::State& state, const std::string& document) {
   XML_Parser parser = XML_ParserCreate("UTF-8");
   for (auto _ : state) {
@@ -89,13 +72,13 @@ void ParseAlone(benchmark::State& state, const std::string& document) {
 }
 
 void ThroughControl(benchmark::State& state, int code, const std::string& document) {
-  Bench bench;
-  bench.control->Activate("Pressure/Flow", 0);  // fills the closed list that the table's answer sets
+  const BareControl bench;
+  bench->Activate("Pressure/Flow", 0);  // fills the closed list that the table's answer sets
   // The form's watcher takes the changes once a turn, as a view does.
   for (auto _ : state) {
-    bench.control->UpdateUI(code, document);
-    benchmark::DoNotOptimize(bench.control->form.TakeChanges());
-    bench.control->TakeHandledCodes();
+    bench->UpdateUI(code, document);
+    benchmark::DoNotOptimize(bench->form.TakeChanges());
+    bench->TakeHandledCodes();
   }
 }
 
@@ -133,3 +116,4 @@ void BM_CreateControl(benchmark::State& state) {
 BENCHMARK(BM_CreateControl)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
+}  // namespace htr60::bench

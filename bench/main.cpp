@@ -21,6 +21,8 @@ struct Ratio {
 constexpr Ratio kRatios[] = {
     {"table answer / its bare parse", "BM_TableUpdateUI", "BM_TableParse"},
     {"identification answer / its bare parse", "BM_IdentificationUpdateUI", "BM_IdentificationParse"},
+    {"table answer, presented / not", "BM_TableTurn", "BM_TableUpdateUI"},
+    {"table answer, with its screen / without", "BM_TableTurnAndScreen", "BM_TableUpdateUI"},
     {"FloatToHex, usual texts: plain / ours", "FloatToHexPlain/usual", "FloatToHex/usual"},
     {"FloatToHex, odd texts: plain / ours", "FloatToHexPlain/odd", "FloatToHex/odd"},
     {"HexToFloat: plain / ours", "HexToFloatPlain", "HexToFloat"},
