@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "automate/driver.h"
@@ -14,11 +16,14 @@ using automation::Driver;
 using Json = nlohmann::json;
 using Sent = std::vector<std::string>;
 
+/// "Blocks > Factory", in the tree's order.
 std::vector<std::string> TreeTexts(Driver& d) {
   std::vector<std::string> texts;
-  const Json tree = d.Ok({{"do", "tree"}});
-  for (const Json& node : tree["nodes"]) {
-    texts.push_back(std::to_string(node["parent"].get<int>()) + " " + node["text"].get<std::string>());
+  const Json nodes = d.Ok({{"do", "tree"}})["nodes"];
+  for (const Json& node : nodes) {
+    const auto parent = node["parent"].get<std::size_t>();
+    const std::string above = parent == 0 ? "" : nodes.at(parent - 1)["text"].get<std::string>() + " > ";
+    texts.push_back(above + node["text"].get<std::string>());
   }
   return texts;
 }
@@ -26,8 +31,8 @@ std::vector<std::string> TreeTexts(Driver& d) {
 TEST(Tree, FollowsThePrimaryValueType) {
   Driver d(Driver::Captured());
   const std::vector<std::string> base = TreeTexts(d);
-  EXPECT_EQ(base.at(5), "4 Analog Input 1");
-  EXPECT_EQ(base.back(), "2 AI 3 View");
+  EXPECT_EQ(base.at(5), "Blocks > Analog Input 1");
+  EXPECT_EQ(base.back(), "Observe > AI 3 View");
 
   struct Step {
     const char* code;
@@ -36,14 +41,14 @@ TEST(Tree, FollowsThePrimaryValueType) {
   };
   // Pressure and Flow share one tree; an unknown code decides on what the list shows.
   constexpr Step kSteps[] = {
-      {"00FF", "4 Analog Input 1", false},
-      {"0000", "5 Pressure/Flow", true},
-      {"0001", "5 Pressure/Flow", false},
-      {"0002", "5 Level", true},
-      {"7777", "5 Level", false},
-      {"0002", "5 Level", false},
-      {"0081", "5 Density/Concentration", true},
-      {"0000", "5 Pressure/Flow", true},
+      {"00FF", "Blocks > Analog Input 1", false},
+      {"0000", "Primary Value Type > Pressure/Flow", true},
+      {"0001", "Primary Value Type > Pressure/Flow", false},
+      {"0002", "Primary Value Type > Level", true},
+      {"7777", "Primary Value Type > Level", false},
+      {"0002", "Primary Value Type > Level", false},
+      {"0081", "Primary Value Type > Density/Concentration", true},
+      {"0000", "Primary Value Type > Pressure/Flow", true},
   };
   for (const Step& step : kSteps) {
     d.Ok({{"do", "activate"}, {"node", "Observe"}});
@@ -53,15 +58,19 @@ TEST(Tree, FollowsThePrimaryValueType) {
     EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()).size(), texts.size());
     // A type adds its own node and, under it, its calibration; all else stands as in the base tree.
     std::vector<std::string> rest = texts;
-    if (step.node[0] == '5') {
-      EXPECT_EQ(std::erase(rest, step.node) + std::erase(rest, "6 Calibration"), 2U);
+    if (step.node != base.at(5)) {
+      EXPECT_EQ(std::erase(rest, step.node), 1U);
+      const std::string_view type =
+          std::string_view(step.node).substr(std::string_view("Primary Value Type > ").size());
+      EXPECT_EQ(std::erase(rest, std::string(type) + " > Calibration"), 1U);
     }
     EXPECT_EQ(rest, base);
     // A rebuild loses the selection.
     EXPECT_EQ(d.Ok({{"do", "tree"}})["nodes"][1]["selected"], !step.rebuilt) << step.code;
   }
-  EXPECT_EQ(TreeTexts(d)[11], "6 Calibration");
-  const Json node = d.Ok({{"do", "tree"}})["nodes"][11];
+  const std::vector<std::string> texts = TreeTexts(d);
+  const auto at = std::find(texts.begin(), texts.end(), "Pressure/Flow > Calibration") - texts.begin();
+  const Json node = d.Ok({{"do", "tree"}})["nodes"].at(static_cast<std::size_t>(at));
   EXPECT_EQ(node["picture"], "konqueror8");
   EXPECT_EQ(node["selectedPicture"], "Biblio");
 }
