@@ -344,6 +344,8 @@ void Presentation::AddPage(Screen& screen) {
 const Screen& Presentation::Show() {
   states_.Tick();
   Screen screen;
+  screen.rows = std::move(screen_.rows);  // for its room
+  screen.rows.clear();
   AddStrip(screen);
   screen.health = health_.State();
   screen.healthText = health_.Text();
