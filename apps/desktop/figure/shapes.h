@@ -23,7 +23,7 @@ enum class Shape : std::uint8_t {
   kCrossedHourglass,  ///< sent, not read back
   kWarning,           ///< triangle: uncertain
   kFault,             ///< square with a cross: bad
-  kQuestion,          ///< square with a question mark: out of specification
+  kQuestion,          ///< square with a question mark: outside of its limits
   kFailure,           ///< circle with a cross
 };
 
