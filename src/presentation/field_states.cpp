@@ -49,6 +49,7 @@ FieldStates::FieldStates(UserCntrl& control, Clock now) : control_(control), now
   NodeActivated();
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
+      const std::size_t first = fields_.size();
       for (const LayoutGroup& group : page.groups) {
         for (const LayoutRow& row : group.rows) {
           Add(row, row.kind, row.control, group, page);
@@ -57,6 +58,7 @@ FieldStates::FieldStates(UserCntrl& control, Clock now) : control_(control), now
           if (row.role == RowRole::kTableVerdict) tableVerdict_ = row.control;
         }
       }
+      pages_.push_back({&page, first, fields_.size() - first});
     }
   }
 }
@@ -72,7 +74,7 @@ void FieldStates::Add(const LayoutRow& row, RowKind kind, ControlId control, con
   field.role = control == row.control ? row.role : RowRole::kNone;
   field.live = row.live;
   field.sets = SetsOf(control);
-  field.text = field.program = std::string(control_.form.TextOf(control));
+  field.text = std::string(control_.form.TextOf(control));
   fieldOf_[control.ordinal] = static_cast<int>(fields_.size());
   fields_.push_back(std::move(field));
 }
@@ -86,6 +88,17 @@ FieldStates::Field* FieldStates::Find(ControlId control) {
   return const_cast<Field*>(std::as_const(*this).Find(control));
 }
 
+std::span<const FieldStates::Field> FieldStates::On(const PageLayout& page) const {
+  const auto found = std::find_if(pages_.begin(), pages_.end(), [&](const Stretch& s) { return s.page == &page; });
+  if (found == pages_.end()) return {};
+  return std::span(fields_).subspan(found->first, found->count);
+}
+
+std::span<FieldStates::Field> FieldStates::On(const PageLayout& page) {
+  const std::span<const Field> fields = std::as_const(*this).On(page);
+  return {const_cast<Field*>(fields.data()), fields.size()};
+}
+
 std::uint32_t FieldStates::SetsOf(ControlId control) const {
   return control_.form.Visit(control, [](auto& widget) -> std::uint32_t {
     if constexpr (requires { widget.Sets(); }) {
@@ -94,6 +107,28 @@ std::uint32_t FieldStates::SetsOf(ControlId control) const {
       return 0;
     }
   });
+}
+
+FieldStates::Past& FieldStates::PastOf(Field& field) {
+  if (!field.past) field.past = std::make_unique<Past>();
+  return *field.past;
+}
+
+const FieldStates::Past& FieldStates::Recalled(const Field& field) {
+  static const Past kNone{};
+  return field.past ? *field.past : kNone;
+}
+
+const std::string& FieldStates::Program(const Field& field) {
+  return field.past && field.past->program ? *field.past->program : field.text;
+}
+
+// Another text than the program's, whose last one stays known.
+void FieldStates::Replace(Field& field, std::string_view text) {
+  Past& past = PastOf(field);
+  if (!past.program) past.program = std::move(field.text);
+  field.text = std::string(text);
+  if (field.text == *past.program) past.program.reset();
 }
 
 // ---- the operator
@@ -126,9 +161,9 @@ void FieldStates::Pick(ChoiceId control, std::size_t row) {
 }
 
 void FieldStates::Edited(Field& field) {
-  field.text = std::string(control_.form.TextOf(field.control));
+  Replace(field, control_.form.TextOf(field.control));
   field.edited = true;
-  const bool agrees = field.role != RowRole::kCommand && IsSame(field, field.text, field.program);
+  const bool agrees = field.role != RowRole::kCommand && IsSame(field, field.text, Program(field));
   Apply(field, agrees ? FieldEvent::kAgreed : FieldEvent::kEdited);
 }
 
@@ -151,8 +186,8 @@ void FieldStates::Press(ButtonId button, const PageLayout* page) {
     std::string text;
   };
   std::vector<Taken> taken;
-  for (Field& field : fields_) {
-    if (page == nullptr || !Covers(button, *page, field)) continue;
+  for (Field& field : page == nullptr ? std::span<Field>() : On(*page)) {
+    if (!Covers(button, *page, field)) continue;
     Look(field);
     if (field.state == FieldState::kNotWritten) taken.push_back({&field, field.text});
   }
@@ -160,7 +195,7 @@ void FieldStates::Press(ButtonId button, const PageLayout* page) {
   control_.Click(button);
   if (control_.WritesSent() == before || page == nullptr) return;
   for (Taken& t : taken) {
-    t.field->other = std::move(t.text);
+    PastOf(*t.field).other = std::move(t.text);
     Apply(*t.field, FieldEvent::kWritten);
   }
   rereadAwaited_ = true;
@@ -172,22 +207,23 @@ bool FieldStates::IsRevertable(const Field& field) const {
   if (field.kind != RowKind::kList) return true;
   const ChoiceList& list = control_.form.At(ChoiceId{field.control});
   const auto rows = list.Rows();
-  return !list.Closed() || std::find(rows.begin(), rows.end(), field.program) != rows.end();
+  return !list.Closed() || std::find(rows.begin(), rows.end(), Program(field)) != rows.end();
 }
 
 int FieldStates::Revertable(const PageLayout& page) const {
   const TabsInFront tabs = TabsOf(control_.form, page);
-  return static_cast<int>(std::count_if(fields_.begin(), fields_.end(), [&](const Field& field) {
-    return field.page == &page && StandsOn(*field.group, tabs) && IsRevertable(field);
+  const std::span<const Field> fields = On(page);
+  return static_cast<int>(std::count_if(fields.begin(), fields.end(), [&](const Field& field) {
+    return StandsOn(*field.group, tabs) && IsRevertable(field);
   }));
 }
 
 int FieldStates::Revert(const PageLayout& page) {
   const TabsInFront tabs = TabsOf(control_.form, page);
   int reverted = 0;
-  for (Field& field : fields_) {
-    if (field.page != &page || !StandsOn(*field.group, tabs) || !IsRevertable(field)) continue;
-    const std::string text = field.program;
+  for (Field& field : On(page)) {
+    if (!StandsOn(*field.group, tabs) || !IsRevertable(field)) continue;
+    const std::string text = Program(field);
     if (field.kind != RowKind::kList) {
       Type(TextId{field.control}, text);
     } else {
@@ -207,8 +243,7 @@ int FieldStates::Revert(const PageLayout& page) {
 }
 
 void FieldStates::PageOpened(const PageLayout& page, bool again) {
-  for (Field& field : fields_) {
-    if (field.page != &page) continue;
+  for (Field& field : On(page)) {
     Look(field);
     field.compares = again && (field.read || field.compares);
     field.read = false;
@@ -228,9 +263,7 @@ bool FieldStates::SetOrTypedSinceNode(ControlId control) const {
 
 void FieldStates::PageLeft(const PageLayout& page) {
   if (rereadPage_ == &page) rereadPage_ = nullptr;
-  for (Field& field : fields_) {
-    if (field.page == &page) Apply(field, FieldEvent::kLeft);
-  }
+  for (Field& field : On(page)) Apply(field, FieldEvent::kLeft);
 }
 
 // ---- the program
@@ -240,16 +273,15 @@ void FieldStates::Turn(const FormChanges& changes) {
     rereadAwaited_ = false;
     rereadEnd_ = now_() + kVerdictMs;
     for (Field& field : fields_) {
-      if (field.state == FieldState::kSent && field.windowEnd == 0) field.windowEnd = rereadEnd_;
+      if (field.state != FieldState::kSent || Recalled(field).windowEnd != 0) continue;
+      PastOf(field).windowEnd = rereadEnd_;
+      Await(field);
     }
   }
   Tick();
   for (const ControlId control : changes.controls) {
     if (Field* field = Find(control)) Look(*field);
-    if (!(control == identity_[kLock]) && !(control == tableVerdict_)) continue;
-    for (Field& field : fields_) {
-      if (field.state == FieldState::kDiffers && !std::exchange(field.dirty, true)) changed_.push_back(field.control);
-    }
+    if (control == identity_[kLock] || control == tableVerdict_) ++revision_;  // the cause of a difference
   }
 }
 
@@ -262,15 +294,18 @@ void FieldStates::Look(Field& field) {
     return ProgramSet(field, before);
   }
   if (text == field.text) return;
-  field.text = std::string(text);
-  if (acting_) return Apply(field, FieldEvent::kEdited);
+  if (acting_) {
+    Replace(field, text);
+    return Apply(field, FieldEvent::kEdited);
+  }
   // A list was emptied or filled: nothing was read, but the text that stood there is gone.
-  field.program = field.text;
+  field.text = std::string(text);
+  if (field.past) field.past->program.reset();
   Apply(field, FieldEvent::kAgreed);
 }
 
 void FieldStates::ProgramSet(Field& field, const std::string& before) {
-  field.program = field.text;
+  if (field.past) field.past->program.reset();
   field.read = true;
   field.edited = false;
   const FieldEvent event = EventOfSet(field, before);
@@ -280,13 +315,14 @@ void FieldStates::ProgramSet(Field& field, const std::string& before) {
 
 FieldEvent FieldStates::EventOfSet(Field& field, const std::string& before) {
   const std::int64_t now = now_();
-  if (field.state == FieldState::kSent && field.windowEnd == 0) return FieldEvent::kSetEarly;
-  if (field.windowEnd != 0 && now <= field.windowEnd && (field.state == FieldState::kSent || IsVerdict(field.state))) {
+  const std::int64_t windowEnd = Recalled(field).windowEnd;
+  if (field.state == FieldState::kSent && windowEnd == 0) return FieldEvent::kSetEarly;
+  if (windowEnd != 0 && now <= windowEnd && (field.state == FieldState::kSent || IsVerdict(field.state))) {
     return VerdictOf(field);
   }
   if (field.state == FieldState::kNotWritten) {
     if (IsSame(field, field.text, before)) return FieldEvent::kSetSame;
-    field.other = before;
+    PastOf(field).other = before;
     return FieldEvent::kSetOther;
   }
   // What was sent stands there after all.
@@ -298,13 +334,14 @@ FieldEvent FieldStates::EventOfSet(Field& field, const std::string& before) {
 
 FieldEvent FieldStates::VerdictOf(Field& field) const {
   if (field.role == RowRole::kCommand) return FieldEvent::kVerdictCommand;
-  if (field.text == field.other) return FieldEvent::kVerdictSame;
+  const std::string& sent = Recalled(field).other;
+  if (field.text == sent) return FieldEvent::kVerdictSame;
   if (field.kind != RowKind::kNum) return FieldEvent::kVerdictOther;
   const char separator = control_.codecs.DecimalSeparator();
-  if (ReadsAs(field.other, field.text, separator)) return FieldEvent::kVerdictSame;
-  Stored stored = StoredAs(field.other, field.text, separator);
+  if (ReadsAs(sent, field.text, separator)) return FieldEvent::kVerdictSame;
+  Stored stored = StoredAs(sent, field.text, separator);
   if (!stored.reads) return FieldEvent::kVerdictOther;
-  field.loss = std::move(stored.loss);
+  PastOf(field).loss = std::move(stored.loss);
   return FieldEvent::kVerdictStored;
 }
 
@@ -318,33 +355,41 @@ void FieldStates::Apply(Field& field, FieldEvent event) {
     field.state = static_cast<FieldState>(step);
   }
   if (step != FieldStep::kStay) {
-    if (field.state != FieldState::kSent && !IsVerdict(field.state)) field.windowEnd = 0;
-    if (event == FieldEvent::kWritten) field.windowEnd = 0;
-    field.until = Fades(field.state) ? now_() + kFadesMs : 0;
+    const bool ended = (field.state != FieldState::kSent && !IsVerdict(field.state)) || event == FieldEvent::kWritten;
+    if (ended && field.past) field.past->windowEnd = 0;
+    if (field.past || Fades(field.state)) PastOf(field).until = Fades(field.state) ? now_() + kFadesMs : 0;
+    const bool rests = field.state == FieldState::kAsRead || field.state == FieldState::kNotRead;
+    if (rests && field.past && !field.past->program) field.past.reset();
   }
-  if (!std::exchange(field.dirty, true)) changed_.push_back(field.control);
+  ++revision_;
+  Await(field);
+}
+
+void FieldStates::Await(const Field& field) {
+  const Past& past = Recalled(field);
+  if (past.until != 0) deadline_ = std::min(deadline_, past.until);
+  if (field.state == FieldState::kSent && past.windowEnd != 0) deadline_ = std::min(deadline_, past.windowEnd + 1);
 }
 
 void FieldStates::Tick() {
   const std::int64_t now = now_();
+  if (now < deadline_) return;
+  deadline_ = kNever;
   for (Field& field : fields_) {
-    if (field.until != 0 && now >= field.until) Apply(field, FieldEvent::kFaded);
-    if (field.state == FieldState::kSent && field.windowEnd != 0 && now > field.windowEnd) {
+    if (!field.past) continue;
+    const std::int64_t until = field.past->until;
+    const std::int64_t windowEnd = field.past->windowEnd;
+    if (until != 0 && now >= until) Apply(field, FieldEvent::kFaded);
+    if (field.state == FieldState::kSent && windowEnd != 0 && now > windowEnd) {
       Apply(field, FieldEvent::kVerdictMissing);
     }
+    Await(field);
   }
 }
 
 std::optional<std::int64_t> FieldStates::NextDeadline() const {
-  std::optional<std::int64_t> next;
-  const auto consider = [&](std::int64_t at) {
-    if (!next || at < *next) next = at;
-  };
-  for (const Field& field : fields_) {
-    if (field.until != 0) consider(field.until);
-    if (field.state == FieldState::kSent && field.windowEnd != 0) consider(field.windowEnd + 1);
-  }
-  return next;
+  if (deadline_ == kNever) return std::nullopt;
+  return deadline_;
 }
 
 bool FieldStates::HasState(ControlId control) const {
@@ -358,8 +403,9 @@ FieldState FieldStates::Of(ControlId control) const {
 
 std::string FieldStates::Cause(const Field& field) const {
   if (IdentityText(IdentityItem::kWriteProtection) == "Write Locked") return ", the instrument is write locked";
-  const bool wantsTable = field.role == RowRole::kLinearization &&
-                          (field.other == "User Defined(Table)" || field.other == "Square Root & Table");
+  const std::string& sent = Recalled(field).other;
+  const bool wantsTable =
+      field.role == RowRole::kLinearization && (sent == "User Defined(Table)" || sent == "Square Root & Table");
   if (!wantsTable || !tableVerdict_ || SetsOf(tableVerdict_) == 0) return {};
   const std::string_view verdict = control_.form.TextOf(tableVerdict_);
   return verdict == "New Table is Valid" ? std::string() : ", Table Status: " + std::string(verdict);
@@ -368,19 +414,20 @@ std::string FieldStates::Cause(const Field& field) const {
 std::string FieldStates::Words(ControlId control) const {
   if (!HasState(control)) return {};
   const Field& field = *Find(control);
+  const Past& past = Recalled(field);
   switch (field.state) {
     case FieldState::kAsRead:
       return {};
     case FieldState::kStored:
-      return "stored as " + field.program + (field.loss.empty() ? "" : ", " + field.loss);
+      return "stored as " + Program(field) + (past.loss.empty() ? "" : ", " + past.loss);
     case FieldState::kDiffers:
-      return "device: " + field.program + ", sent: " + field.other + Cause(field);
+      return "device: " + Program(field) + ", sent: " + past.other + Cause(field);
     case FieldState::kReplaced:
-      return "replaced by the device, was: " + field.other;
+      return "replaced by the device, was: " + past.other;
     case FieldState::kNotReadBack:
       return "sent, not read back";
     case FieldState::kShown:
-      return "device shows: " + field.program;
+      return "device shows: " + Program(field);
     default:
       return std::string(NameOf(field.state));
   }
@@ -400,11 +447,11 @@ std::string FieldStates::IdentityText(IdentityItem item) const {
   const ControlId control = identity_[static_cast<std::size_t>(item)];
   if (!control || SetsOf(control) == 0) return {};
   const Field* field = Find(control);
-  return field != nullptr ? field->program : std::string(control_.form.TextOf(control));
+  return field != nullptr ? Program(*field) : std::string(control_.form.TextOf(control));
 }
 
 std::string FieldStates::ReplacedText(ControlId control) const {
-  return Of(control) == FieldState::kReplaced ? Find(control)->other : std::string();
+  return Of(control) == FieldState::kReplaced ? Recalled(*Find(control)).other : std::string();
 }
 
 bool FieldStates::Shown(const Field& field) const {
@@ -427,8 +474,8 @@ constexpr FieldState kCountedStates[] = {
 
 std::vector<ControlId> FieldStates::Counted(const PageLayout& page) const {
   std::vector<ControlId> counted;
-  for (const Field& field : fields_) {
-    if (field.page != &page || field.role == RowRole::kStateless || !Shown(field)) continue;
+  for (const Field& field : On(page)) {
+    if (field.role == RowRole::kStateless || !Shown(field)) continue;
     if (std::find(std::begin(kCountedStates), std::end(kCountedStates), field.state) != std::end(kCountedStates)) {
       counted.push_back(field.control);
     }
@@ -454,24 +501,18 @@ std::string FieldStates::Footer(const PageLayout& page) const {
 
 std::vector<int> FieldStates::UnwrittenTabs(const PageLayout& page) const {
   std::vector<int> tabs;
-  for (const Field& field : fields_) {
-    const bool counts = field.page == &page && field.role != RowRole::kStateless;
-    if (counts && field.state == FieldState::kNotWritten) tabs.push_back(field.group->tab);
+  for (const Field& field : On(page)) {
+    if (field.role != RowRole::kStateless && field.state == FieldState::kNotWritten) tabs.push_back(field.group->tab);
   }
   return tabs;
 }
 
 bool FieldStates::AnyUnwritten(const PageLayout& page) const {
   const TabsInFront tabs = TabsOf(control_.form, page);
-  return std::any_of(fields_.begin(), fields_.end(), [&](const Field& field) {
-    return field.page == &page && field.state == FieldState::kNotWritten && field.role != RowRole::kStateless &&
-           StandsOn(*field.group, tabs);
+  const std::span<const Field> fields = On(page);
+  return std::any_of(fields.begin(), fields.end(), [&](const Field& field) {
+    return field.state == FieldState::kNotWritten && field.role != RowRole::kStateless && StandsOn(*field.group, tabs);
   });
-}
-
-std::vector<ControlId> FieldStates::TakeChanged() {
-  for (const ControlId control : changed_) Find(control)->dirty = false;
-  return std::exchange(changed_, {});
 }
 
 }  // namespace htr60::presentation

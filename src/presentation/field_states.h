@@ -4,7 +4,10 @@
 #include <bitset>
 #include <cstdint>
 #include <functional>
+#include <limits>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,6 +51,7 @@ class FieldStates {
   void Turn(const FormChanges& changes);
   /// What time alone ends; `NextDeadline` says when to come back.
   void Tick();
+  /// When to come back, or earlier.
   std::optional<std::int64_t> NextDeadline() const;
   std::int64_t Now() const { return now_(); }
 
@@ -75,10 +79,18 @@ class FieldStates {
   /// Whether the visible tab has a text that is not written.
   bool AnyUnwritten(const PageLayout& page) const;
 
-  /// Fields whose state or words may have changed since the last call.
-  std::vector<ControlId> TakeChanged();
+  /// Rises whenever a state or its words may have changed.
+  std::uint32_t Revision() const { return revision_; }
 
  private:
+  // What only a field that is not at rest has: most are.
+  struct Past {
+    std::optional<std::string> program;  // what the program set last, where it is not the text
+    std::string other;                   // the text sent, or the one replaced
+    std::string loss;                    // of a number that the code cannot hold
+    std::int64_t until = 0;              // end of the state by time, 0: none
+    std::int64_t windowEnd = 0;          // sets up to then give the verdict, 0: the re-read is still to be sent
+  };
   struct Field {
     ControlId control;
     const PageLayout* page = nullptr;
@@ -89,20 +101,24 @@ class FieldStates {
     bool read = false;      // set by the program since the page was opened
     bool edited = false;    // by the operator since the program's last set
     bool compares = false;  // the page was opened again by its own node
-    bool dirty = false;
     FieldState state = FieldState::kNotRead;
     std::uint32_t sets = 0;
     std::string text;            // last seen on the form
-    std::string program;         // what the program set last
-    std::string other;           // the text sent, or the one replaced
-    std::string loss;            // of a number that the code cannot hold
-    std::int64_t until = 0;      // end of the state by time, 0: none
-    std::int64_t windowEnd = 0;  // sets up to then give the verdict, 0: the re-read is still to be sent
+    std::unique_ptr<Past> past;  // none at rest
   };
+
+  static constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
   void Add(const LayoutRow& row, RowKind kind, ControlId control, const LayoutGroup& group, const PageLayout& page);
   Field* Find(ControlId control);
   const Field* Find(ControlId control) const;
+  std::span<const Field> On(const PageLayout& page) const;
+  std::span<Field> On(const PageLayout& page);
+  void Await(const Field& field);
+  static Past& PastOf(Field& field);
+  static const Past& Recalled(const Field& field);
+  static const std::string& Program(const Field& field);
+  static void Replace(Field& field, std::string_view text);
   std::uint32_t SetsOf(ControlId control) const;
   void Apply(Field& field, FieldEvent event);
   void Look(Field& field);
@@ -118,11 +134,19 @@ class FieldStates {
 
   UserCntrl& control_;
   Clock now_;
-  std::vector<Field> fields_;
+  struct Stretch {
+    const PageLayout* page;
+    std::size_t first;
+    std::size_t count;
+  };
+
+  std::vector<Field> fields_;            // page by page
+  std::vector<Stretch> pages_;           // where the fields of each page stand
   std::vector<int> fieldOf_;             // by ordinal, -1: none
   std::array<ControlId, 7> identity_{};  // by item
   ControlId tableVerdict_;
-  std::vector<ControlId> changed_;
+  std::uint32_t revision_ = 0;
+  std::int64_t deadline_ = kNever;       // nothing ends by time before it
   std::vector<std::uint32_t> nodeSets_;  // by ordinal, as counted when the node was activated
   std::bitset<kControlCount> typed_;     // since then
   bool acting_ = false;                  // the operator's pick is under way: what it empties keeps its last text
