@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "form/layout.h"
 
@@ -26,8 +27,8 @@ class DataLine {
   /// A read went out, or an answer was handled; by the read's code.
   void Sent(int code, std::int64_t now);
   void Answered(int code, std::int64_t now);
-  /// Interval in ms of the polling timer that runs; 0 where none does.
-  void SetInterval(int intervalMs) { intervalMs_ = intervalMs; }
+  /// Interval in ms of the polling timer that runs; 0 where none does. Gives whether it is another one.
+  bool SetInterval(int intervalMs) { return std::exchange(intervalMs_, intervalMs) != intervalMs; }
 
   /// Empty on a page that reads nothing.
   std::string Text(std::int64_t now) const;

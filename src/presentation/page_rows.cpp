@@ -44,14 +44,7 @@ std::string UnitOf(Form& form, const LayoutUnit& unit) {
   return std::string(form.TextOf(unit.control));
 }
 
-std::string TextOf(Form& form, ControlId control, RowRole role) {
-  if (KindOf(control) == ControlKind::kListBox) {
-    std::string text;
-    for (const std::string& row : form.At(ListBoxId{control}).Rows()) text += (text.empty() ? "" : "\n") + row;
-    return text;
-  }
-  std::string_view text = form.TextOf(control);
-  if (role != RowRole::kAccessCode) return std::string(text);
+std::string Stars(std::string_view text) {
   std::string stars;
   while (!text.empty()) {
     TakeCharacter(text);
@@ -60,33 +53,84 @@ std::string TextOf(Form& form, ControlId control, RowRole role) {
   return stars;
 }
 
-ScreenRow RowOf(UserCntrl& control, const FieldStates& states, const LayoutGroup& group, const LayoutRow& row,
-                bool second, bool stale) {
+std::string Joined(const std::vector<std::string>& rows) {
+  std::string text;
+  for (const std::string& row : rows) text += (text.empty() ? "" : "\n") + row;
+  return text;
+}
+
+// Rows are written over those shown before: of a field that stands where it stood most stays as it is.
+class Rows {
+ public:
+  explicit Rows(Screen& screen) : rows_(screen.rows), used_(screen.rowsUsed) {}
+
+  ScreenRow& Next(ControlId control) {
+    if (used_ == rows_.size()) rows_.emplace_back();
+    ScreenRow& row = rows_[used_++];
+    if (row.control == control) return row;
+    row = ScreenRow();
+    row.control = control;
+    return row;
+  }
+
+ private:
+  std::vector<ScreenRow>& rows_;
+  std::size_t& used_;
+};
+
+// Gives whether it is another text.
+bool Assign(std::string& text, std::string_view now) {
+  if (text == now) return false;
+  text = now;
+  return true;
+}
+
+// The text as shown; gives whether it is another one.
+bool TakeText(ScreenRow& shown, Form& form) {
+  if (KindOf(shown.control) == ControlKind::kListBox) {
+    return Assign(shown.text, Joined(form.At(ListBoxId{shown.control}).Rows()));
+  }
+  const std::string_view text = form.TextOf(shown.control);
+  return shown.role == RowRole::kAccessCode ? Assign(shown.text, Stars(text)) : Assign(shown.text, text);
+}
+
+struct Line {
+  const LayoutGroup& group;
+  const LayoutRow& row;
+  bool stale;
+};
+
+void NameRow(ScreenRow& shown, Form& form, const Line& line, bool second) {
+  const LayoutRow& row = line.row;
+  const bool fixed = !row.captionControl && !line.group.frame;
+  if (fixed && !shown.name.empty()) return;
+  shown.caption = std::string(CaptionOf(form, row, second));
+  const std::string_view title = Trimmed(TitleOf(form, line.group));
+  const std::string_view before = second && row.secondCaption.empty() ? WithoutColon(CaptionOf(form, row, false)) : "";
+  shown.name = Joined({title, before, WithoutColon(shown.caption), Trimmed(shown.unit)});
+}
+
+void WriteRow(ScreenRow& shown, UserCntrl& control, const FieldStates& states, const Line& line, bool second) {
   Form& form = control.form;
-  ScreenRow shown;
-  shown.control = second ? row.second : row.control;
+  const LayoutRow& row = line.row;
   shown.kind = second ? row.secondKind : row.kind;
   shown.role = second ? RowRole::kNone : row.role;
-  shown.caption = std::string(CaptionOf(form, row, second));
-  if (!second) shown.unit = UnitOf(form, row.unit);
-  const std::string_view title = Trimmed(TitleOf(form, group));
-  const std::string_view line = second && row.secondCaption.empty() ? WithoutColon(CaptionOf(form, row, false)) : "";
-  shown.name = Joined({title, line, WithoutColon(shown.caption), Trimmed(shown.unit)});
-  shown.text = TextOf(form, shown.control, shown.role);
+  if (!second && Assign(shown.unit, UnitOf(form, row.unit))) shown.name.clear();
+  NameRow(shown, form, line, second);
+  const bool other = TakeText(shown, form);
+  if (other) shown.mark = MarkOf(shown.role, shown.kind, shown.text);
   shown.enabled = form.Any(shown.control).Enabled();
-  shown.mark = MarkOf(shown.role, shown.kind, shown.text);
-  if (shown.enabled && states.HasState(shown.control)) {
-    shown.state = states.Of(shown.control);
-    shown.words = states.Words(shown.control);
+  const bool says = shown.enabled && states.HasState(shown.control);
+  shown.state.reset();
+  if (says) shown.state = states.Of(shown.control);
+  Assign(shown.words, says ? states.Words(shown.control) : std::string());
+  const bool checks = shown.enabled && shown.kind == RowKind::kNum && states.ReadOrEdited(shown.control);
+  if (other || checks != shown.checked) {
+    shown.hint = checks ? NumberHint(shown.text, control.codecs.DecimalSeparator()) : std::string();
+    shown.checked = checks;
   }
-  if (shown.enabled && shown.kind == RowKind::kNum && states.ReadOrEdited(shown.control)) {
-    shown.hint = NumberHint(shown.text, control.codecs.DecimalSeparator());
-  }
-  if (stale && GoesStale(shown.kind)) {
-    shown.pale = true;
-    shown.words = "stale";
-  }
-  return shown;
+  shown.pale = line.stale && GoesStale(shown.kind);
+  if (shown.pale) shown.words = "stale";
 }
 
 }  // namespace
@@ -141,6 +185,7 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
   }
   const std::vector<char> letters = ChooseMnemonics(captions);
   auto letter = letters.begin();
+  Rows rows(screen);
   for (const LayoutGroup* group : groups) {
     const bool shown = IsShown(form, *group);
     const std::string_view title = TitleOf(form, *group);
@@ -157,10 +202,9 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
         }
         continue;
       }
-      if (widget.Visible()) screen.rows.push_back(RowOf(control, states, *group, row, false, stale));
-      if (row.second && form.Any(row.second).Visible()) {
-        screen.rows.push_back(RowOf(control, states, *group, row, true, stale));
-      }
+      const Line line{*group, row, stale};
+      if (widget.Visible()) WriteRow(rows.Next(row.control), control, states, line, false);
+      if (row.second && form.Any(row.second).Visible()) WriteRow(rows.Next(row.second), control, states, line, true);
     }
   }
 }
@@ -171,12 +215,10 @@ void AddWaitingPanel(Screen& screen, UserCntrl& control) {
       for (const LayoutGroup& group : page.groups) {
         if (!group.panel || !control.form.At(group.panel).Visible()) continue;
         for (const LayoutRow& row : group.rows) {
-          ScreenRow shown;
-          shown.control = row.control;
+          ScreenRow& shown = Rows(screen).Next(row.control);
           shown.kind = row.kind;
           shown.text = std::string(control.form.TextOf(row.control));
           shown.name = shown.text;
-          screen.rows.push_back(std::move(shown));
         }
       }
     }

@@ -95,6 +95,7 @@ std::string Presentation::TitleOf(const PageLayout* page) const {
 }
 
 void Presentation::NotePage() {
+  touched_ = true;
   const PageLayout* now = InFront();
   if (now != page_ && page_ != nullptr) {
     SayLeft(*page_, title_);
@@ -105,6 +106,7 @@ void Presentation::NotePage() {
 }
 
 void Presentation::Opened(const PageLayout* page, bool again) {
+  touched_ = true;
   if (page != nullptr) states_.PageOpened(*page, again);
   line_.Opened(page);
 }
@@ -168,6 +170,7 @@ void Presentation::Press(ButtonId button) {
   }
   NotePage();
   const bool moved = page_ != before || title_ != titleBefore;
+  touched_ = true;
   if (button == id::cmdBack) {
     line_.Returned(page_);
   } else if (moved) {
@@ -190,10 +193,11 @@ int Presentation::Revert() { return page_ == nullptr ? 0 : states_.Revert(*page_
 FormChanges Presentation::Turn() {
   FormChanges changes = control_.form.TakeChanges();
   TakeTraffic();
-  if (activation_.refused && control_.ConnectionState == kConnected) activation_.offered = true;
+  if (activation_.refused && control_.ConnectionState == kConnected) activation_.offered = touched_ = true;
   states_.Turn(changes);
   health_.Turn(changes, surroundings_.now());
   if (changes.any()) {
+    touched_ = true;
     const PageLayout* before = page_;
     NotePage();
     if (!acting_ && page_ != before) Opened(page_, false);
@@ -204,10 +208,14 @@ FormChanges Presentation::Turn() {
 void Presentation::TakeTraffic() {
   const std::int64_t now = surroundings_.now();
   for (const SentRequest& request : control_.TakeSent()) {
+    touched_ = true;
     if (!request.write) line_.Sent(request.code, now);
   }
-  line_.SetInterval(PollingInterval());
-  for (const int code : control_.TakeHandledCodes()) line_.Answered(code / 100, now);
+  touched_ = line_.SetInterval(PollingInterval()) || touched_;
+  for (const int code : control_.TakeHandledCodes()) {
+    touched_ = true;
+    line_.Answered(code / 100, now);
+  }
 }
 
 int Presentation::PollingInterval() const {
@@ -221,6 +229,7 @@ int Presentation::PollingInterval() const {
 // ---- the message line
 
 void Presentation::Say(std::string sentence) {
+  touched_ = true;
   message_ = std::move(sentence);
   messageEnd_ = surroundings_.now() + kMessageMs;
 }
@@ -301,8 +310,18 @@ void Presentation::AddFrameButtons(Screen& screen) {
   }
 }
 
-Figure Presentation::Drawing() {
-  if (page_ == nullptr) return {};
+void Presentation::Focus(ControlId control) {
+  if (focus_ == control) return;
+  focus_ = control;
+  touched_ = figureOld_ = true;
+}
+
+const Figure& Presentation::Drawing() {
+  if (std::exchange(figureOld_, false)) figure_ = page_ == nullptr ? Figure{} : MakeFigure();
+  return figure_;
+}
+
+Figure Presentation::MakeFigure() {
   return ComputeFigure(
       page_->figure, {.form = control_.form,
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
@@ -313,10 +332,10 @@ Figure Presentation::Drawing() {
 
 std::optional<ScreenFigure> Presentation::FigureOf() {
   if (page_->figure == FigureKind::kNone) return std::nullopt;
-  Figure figure = Drawing();
-  ScreenFigure shown{.sentence = std::move(figure.sentence), .above = {}, .remarks = std::move(figure.remarks)};
+  const Figure& figure = Drawing();
+  ScreenFigure shown{.sentence = figure.sentence, .above = {}, .remarks = figure.remarks};
   if (!figure.verdict.empty()) shown.above.push_back(figure.verdictCaption + ": " + figure.verdict);
-  for (std::string& line : figure.above) shown.above.push_back(std::move(line));
+  shown.above.insert(shown.above.end(), figure.above.begin(), figure.above.end());
   return shown;
 }
 
@@ -343,9 +362,10 @@ void Presentation::AddPage(Screen& screen) {
 
 const Screen& Presentation::Show() {
   states_.Tick();
+  if (!IsOld()) return screen_;
+  figureOld_ = true;
   Screen screen;
-  screen.rows = std::move(screen_.rows);  // for its room
-  screen.rows.clear();
+  screen.rows = std::move(screen_.rows);  // written over
   AddStrip(screen);
   screen.health = health_.State();
   screen.healthText = health_.Text();
@@ -358,8 +378,19 @@ const Screen& Presentation::Show() {
     if (CanReopen()) screen.buttons.push_back({.caption = "Open " + activation_.node});
   }
   AddFrameButtons(screen);
+  screen.rows.resize(screen.rowsUsed);
   screen_ = std::move(screen);
+  touched_ = false;
+  shownState_ = control_.ConnectionState;
+  shownRevision_ = states_.Revision();
+  shownUntil_ = NextDeadline();
   return screen_;
+}
+
+// Something may have changed since it was made.
+bool Presentation::IsOld() const {
+  return touched_ || control_.form.HasChanges() || shownRevision_ != states_.Revision() ||
+         shownState_ != control_.ConnectionState || (shownUntil_ && surroundings_.now() >= *shownUntil_);
 }
 
 const ScreenRow* Presentation::Row(ControlId control) const {

@@ -41,7 +41,7 @@ class Presentation {
   void Pick(ChoiceId list, std::size_t row);
   /// Puts the texts not written on the visible tab back; gives how many.
   int Revert();
-  void Focus(ControlId control) { focus_ = control; }
+  void Focus(ControlId control);
 
   /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
   FormChanges Turn();
@@ -51,8 +51,8 @@ class Presentation {
   const Screen& Shown() const { return screen_; }
   /// The row of a field as shown last; null where it was not to be seen.
   const ScreenRow* Row(ControlId control) const;
-  /// The figure of the page in front.
-  Figure Drawing();
+  /// The figure of the page in front. Stands until the next act or turn.
+  const Figure& Drawing();
   /// When time alone changes what is shown; none where it does not.
   std::optional<std::int64_t> NextDeadline() const;
   std::int64_t Now() const { return surroundings_.now(); }
@@ -89,6 +89,8 @@ class Presentation {
   void AddStrip(Screen& screen);
   void AddPage(Screen& screen);
   void AddFrameButtons(Screen& screen);
+  bool IsOld() const;
+  Figure MakeFigure();
   std::optional<ScreenFigure> FigureOf();
 
   UserCntrl& control_;
@@ -105,7 +107,15 @@ class Presentation {
   std::string message_;
   std::int64_t messageEnd_ = 0;
   bool acting_ = false;  // an act tells of the page that it opens
+
+  // What is shown, and whether it still holds.
   Screen screen_;
+  bool touched_ = true;
+  std::string shownState_;
+  std::uint32_t shownRevision_ = 0;
+  std::optional<std::int64_t> shownUntil_;
+  Figure figure_;
+  bool figureOld_ = true;
 };
 
 }  // namespace htr60::presentation

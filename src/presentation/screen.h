@@ -26,7 +26,8 @@ struct ScreenRow {
   Mark mark = Mark::kNone;
   std::string words;
   std::string hint;
-  bool pale = false;  ///< stale
+  bool pale = false;     ///< stale
+  bool checked = false;  ///< its text was looked at for a hint
 };
 
 struct ScreenButton {
@@ -70,6 +71,7 @@ struct Screen {
   std::vector<ScreenTabs> tabs;
   std::vector<ScreenGroup> groups;
   std::vector<ScreenRow> rows;
+  std::size_t rowsUsed = 0;  ///< while they are written
   std::vector<ScreenButton> buttons;
   int revertable = 0;
   bool unwritten = false;  ///< the visible tab has a text not written: Write is prominent
