@@ -136,8 +136,8 @@ constexpr std::array<LayoutRow, 7> MonitorRows(const Monitor& m) {
        .kind = RowKind::kNum,
        .control = m.userIndex,
        .width = WidthClass::kS,
-       .note = "The parameter's relative index in its block, a whole number. It is written while the list above reads "
-               "User Index."},
+       .note = "The parameter's relative index in its block, a whole number, written while the list above reads User "
+               "Index. A number that the list knows by name comes back as the name."},
       {.caption = "Element",
        .kind = RowKind::kEdit,
        .control = m.element,
@@ -165,9 +165,8 @@ constexpr std::array<LayoutRow, 2> LiveRows(const Monitor& m) {
       {.caption = "Value",
        .kind = RowKind::kText,
        .control = m.value,
-       .note =
-           "The present value of the parameter that the lists above name, written or not. What is no measured value "
-           "or unit may stand as hexadecimal digits.",
+       .note = "The present value of the parameter that the lists above name, also before they are written. Codes and "
+               "modes stand as hexadecimal digits.",
        .live = true},
       {.caption = "Status",
        .kind = RowKind::kListRo,
