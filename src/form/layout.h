@@ -109,7 +109,8 @@ struct LayoutRow {
   WidthClass secondWidth = WidthClass::kKind;
   std::string_view note{};  ///< shown on request, beside the page's purpose
   bool sameLine = false;    ///< stands after the row before it
-  bool live = false;        ///< an answer of a polling timer replaces it
+  int fromHeight = 0;  ///< shown while its group's box is at least this high, in the form's units; 0: at any height
+  bool live = false;   ///< an answer of a polling timer replaces it
   RowRole role = RowRole::kNone;
   IdentityItem identity = IdentityItem::kNone;
   HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first

@@ -154,6 +154,10 @@ std::string_view TitleOf(Form& form, const LayoutGroup& group) {
 
 bool IsShown(Form& form, const LayoutGroup& group) { return !group.frame || form.At(FrameId{group.frame}).Visible(); }
 
+bool IsShown(Form& form, const LayoutGroup& group, const LayoutRow& row) {
+  return row.fromHeight == 0 || (group.frame && form.At(FrameId{group.frame}).Height() >= row.fromHeight);
+}
+
 std::vector<const LayoutGroup*> GroupsInFront(Form& form, const PageLayout& page) {
   const TabsInFront tabs = TabsOf(form, page);
   std::vector<const LayoutGroup*> groups;
@@ -193,7 +197,7 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
     if (shown && !title.empty()) screen.groups.push_back({std::string(title), groupLetter});
     for (const LayoutRow& row : group->rows) {
       const char rowLetter = row.kind == RowKind::kOpen ? *letter++ : '\0';
-      if (!shown || !row.control) continue;
+      if (!shown || !row.control || !IsShown(form, *group, row)) continue;
       const Control& widget = form.Any(row.control);
       if (!IsField(row.kind)) {
         if (widget.Visible()) {

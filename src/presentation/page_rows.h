@@ -19,6 +19,9 @@ std::string_view TitleOf(Form& form, const LayoutGroup& group);
 /// Its box is shown, or it has none.
 bool IsShown(Form& form, const LayoutGroup& group);
 
+/// Its group's box is as high as the row needs it; the row's controls may be hidden all the same.
+bool IsShown(Form& form, const LayoutGroup& group, const LayoutRow& row);
+
 /// Groups, fields and buttons of the visible tab, into `screen`. `stale`: values that a timer should renew are old.
 void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, const PageLayout& page, bool stale);
 

@@ -121,7 +121,8 @@ TEST(BadAnswers, AMissingTagEndsTheHandlerThere) {
   const FormState untouched = StateOf(VisitedControl()->form);
   for (const HandledAnswer& answer : HandledAnswers()) {
     SCOPED_TRACE(answer.code);
-    const bool showsNothing = answer.code == 3 || answer.code == 52;
+    // 41 is of a monitor's tab, and none is in front here.
+    const bool showsNothing = answer.code == 3 || answer.code == 41 || answer.code == 52;
     EXPECT_EQ(answer.filled == untouched, showsNothing);
     std::vector<FormState> states{answer.filled};
     for (std::size_t i = 0; i < answer.parameters.size(); ++i) {

@@ -46,7 +46,7 @@ inline constexpr LayoutRow kUnitRows[] = {
     {.caption = "Unit", .kind = RowKind::kList, .control = id::cmbAIUnitOutScale}};
 inline constexpr LayoutRow kMonitorRows[] = {
     {.caption = "Value", .kind = RowKind::kText, .control = id::txtParameter(46)},
-    {.caption = "Status", .kind = RowKind::kListRo, .control = id::cmbLCDStatusMonit1}};
+    {.caption = "Status", .kind = RowKind::kListRo, .control = id::cmbLCDStatusMonit1, .fromHeight = 1575}};
 inline constexpr LayoutGroup kFirstGroups[] = {
     {.tab = 0, .caption = "Numbers", .rows = kNumberRows},
     {.tab = 0, .caption = "Texts", .frame = id::frmzGroup(12), .rows = kTextRows},

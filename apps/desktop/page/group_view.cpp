@@ -13,9 +13,6 @@ namespace {
 constexpr int kUnitCharacters = 16;
 constexpr int kLeastUnitCharacters = 6;
 
-// Group boxes of the live monitors stand this high while a value without a status is shown.
-constexpr int kHeightWithoutStatus = 960;
-
 bool SpansPage(RowKind kind) { return kind == RowKind::kMsg || kind == RowKind::kFixed; }
 
 bool IsButton(RowKind kind) { return kind == RowKind::kOpen || kind == RowKind::kWrite; }
@@ -228,6 +225,7 @@ void GroupView::RefreshRow(Row& made) {
   const LayoutRow& row = *made.row;
   const QString caption = CaptionOf(row);
   const QString unit = UnitOf(row);
+  const bool fits = presentation::IsShown(context_.control.form, group_, row);
   const bool shown = Shows(made);
   if (made.caption != nullptr) {
     made.caption->setText(caption);
@@ -242,16 +240,17 @@ void GroupView::RefreshRow(Row& made) {
   if (made.cell != nullptr) {
     made.cell->SetCaption(caption);
     made.cell->Refresh();
-    const bool visible = made.cell->Shows() && StatusFits(row);
+    const bool visible = made.cell->Shows() && fits;
     made.cell->Widget()->setVisible(visible);
     if (made.cell->Slot() != nullptr) made.cell->Slot()->setVisible(visible);
   }
   if (made.second != nullptr) {
     made.second->SetCaption(ToQt(presentation::CaptionOf(context_.control.form, row, true)));
     made.second->Refresh();
-    made.second->Widget()->setVisible(made.second->Shows());
-    made.second->Slot()->setVisible(made.second->Shows());
-    if (made.secondCaption != nullptr) made.secondCaption->setVisible(made.second->Shows());
+    const bool visible = made.second->Shows() && fits;
+    made.second->Widget()->setVisible(visible);
+    made.second->Slot()->setVisible(visible);
+    if (made.secondCaption != nullptr) made.secondCaption->setVisible(visible);
   }
 }
 
@@ -260,14 +259,8 @@ bool GroupView::Shows(const Row& made) const {
     const ControlId caption = made.row->captionControl;
     return !caption || context_.control.form.Any(caption).Visible();
   }
-  return (made.cell->Shows() && StatusFits(*made.row)) || (made.second != nullptr && made.second->Shows());
-}
-
-// A monitor's status is shown while its box is high: an old status never stands beside a new value.
-bool GroupView::StatusFits(const LayoutRow& row) const {
-  if (row.kind != RowKind::kListRo || !group_.frame) return true;
-  const int height = context_.control.form.At(FrameId{group_.frame}).Height();
-  return height == 0 || height > kHeightWithoutStatus;
+  if (!presentation::IsShown(context_.control.form, group_, *made.row)) return false;
+  return made.cell->Shows() || (made.second != nullptr && made.second->Shows());
 }
 
 bool GroupView::Shows() const {

@@ -82,7 +82,6 @@ class GroupView final : public QWidget {
   void RefreshRow(Row& row);
   void RefreshWords(const Line& line);
   bool Shows(const Row& row) const;
-  bool StatusFits(const LayoutRow& row) const;
   QString CaptionOf(const LayoutRow& row) const;
   QString UnitOf(const LayoutRow& row) const;
   bool LabelTakes(const QObject* label, const QEvent& event);
