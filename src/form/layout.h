@@ -169,7 +169,9 @@ struct PageLayout {
   std::span<const LayoutGroup> groups{};
   FigureKind figure = FigureKind::kNone;
   bool figureAlone = false;  ///< the figure is as large as the page
+  bool figureBelow = false;  ///< the figure stands below the last group, in its column; else beside all groups
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
+  bool tight = false;        ///< numbers give way, so that groups stand beside each other on a narrow page, too
   bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
 
   constexpr bool IsLaidOut() const { return !titles.empty(); }

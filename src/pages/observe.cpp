@@ -44,15 +44,14 @@ constexpr LayoutRow Large(LayoutRow row) {
   return row;
 }
 
-constexpr LayoutRow Wide(LayoutRow row, WidthClass width) {
-  row.width = width;
+/// Stands after the row before it.
+constexpr LayoutRow Joined(LayoutRow row) {
+  row.sameLine = true;
   return row;
 }
 
-constexpr LayoutRow WithStatus(LayoutRow row, LabelId status, HealthItem health = HealthItem::kNone) {
-  row.second = status;
-  row.secondKind = RowKind::kLabel;
-  row.health = health;
+constexpr LayoutRow Wide(LayoutRow row, WidthClass width) {
+  row.width = width;
   return row;
 }
 
@@ -63,39 +62,46 @@ constexpr LayoutUnit kDeviceOutUnit = Echo(id::lbDeviceView(18));
 constexpr LayoutUnit kBlockPvUnit = Echo(id::lbDeviceView(31));
 constexpr LayoutUnit kBlockOutUnit = Echo(id::lbDeviceView(39));
 
+constexpr std::string_view kReadingNote = "Capacitance reading; above 9000 the sensor electronics do not answer.";
 constexpr LayoutRow kSensorRows[] = {
-    Shown("Hi Value", id::lbDeviceView(3), {}, "Capacitance reading; above 9000 the sensor electronics do not answer."),
-    Shown("Lo Value", id::lbDeviceView(12), {},
-          "Capacitance reading; above 9000 the sensor electronics do not answer."),
+    Shown("Hi Value", id::lbDeviceView(3), {}, kReadingNote),
+    Joined(Shown("Lo Value", id::lbDeviceView(12), {}, kReadingNote)),
     Large(Shown("Hi Press", id::lbDeviceView(48), {}, "Pressure at the first sensor.")),
-    Large(Shown("Lo Press", id::lbDeviceView(49), {}, "Pressure at the second sensor.")),
+    Joined(Large(Shown("Lo Press", id::lbDeviceView(49), {}, "Pressure at the second sensor."))),
     Large(Shown("Delta Press", id::lbDeviceView(0), {}, "Difference of the two pressures, before calibration.")),
 };
 constexpr LayoutRow kCalibrationRows[] = {
     Shown("Trimmed Value", id::lbDeviceView(1), {}, "The difference after calibration."),
-    Large(Shown("Pressure", id::lbDeviceView(2), {}, "What the transducer calculates with.")),
+    Joined(Large(Shown("Pressure", id::lbDeviceView(2), {}, "What the transducer calculates with."))),
     Shown("Cal Point Hi", id::lbDeviceView(7), kCalibrationUnit),
-    Shown("Cal Point Lo", id::lbDeviceView(5), kCalibrationUnit),
+    Joined(Shown("Cal Point Lo", id::lbDeviceView(5), kCalibrationUnit)),
     Shown("Cal Min Span", id::lbDeviceView(13), kCalibrationUnit),
-    Shown("Calibration Unit", id::lbDeviceView(4)),
+    Joined(Shown("Calibration Unit", id::lbDeviceView(4))),
 };
 constexpr LayoutRow kInputScaleRows[] = {
     Shown("Upper [EU (100%)]", id::lbDeviceView(57), kInputUnit),
     Shown("Lower [EU (0%)]", id::lbDeviceView(58), kInputUnit),
-    Shown("Pressure Unit (EU)", id::lbDeviceView(59)),
+    Joined(Shown("Pressure Unit (EU)", id::lbDeviceView(59))),
 };
 constexpr LayoutRow kPrimaryValueRows[] = {
-    WithStatus(Large(Shown("Primary Value", id::lbDeviceView(19), {},
-                           "The measured value of the transducer, and the quality of it in one word.")),
-               id::lbDeviceView(55), HealthItem::kPrimaryValue),
+    {.caption = "Primary Value",
+     .kind = RowKind::kLabel,
+     .control = id::lbDeviceView(19),
+     .secondKind = RowKind::kLabel,
+     .second = id::lbDeviceView(55),
+     .note = "The measured value of the transducer, and in one word how far it can be trusted.",
+     .live = true,
+     .large = true,
+     .health = HealthItem::kPrimaryValue},
 };
+constexpr LayoutRow BlockRow(std::string_view caption, LabelId output) {
+  return Wide(Large(Shown(caption, output, {}, "What the block reads, and behind the colon its output.")),
+              WidthClass::kM);
+}
 constexpr LayoutRow kBlockRows[] = {
-    Wide(Large(Shown("AI 1", id::lbDeviceView(14), {}, "Input of the block, and its output behind the colon.")),
-         WidthClass::kM),
-    Wide(Large(Shown("AI 2", id::lbDeviceView(11), {}, "Input of the block, and its output behind the colon.")),
-         WidthClass::kM),
-    Wide(Large(Shown("AI 3", id::lbDeviceView(20), {}, "Input of the block, and its output behind the colon.")),
-         WidthClass::kM),
+    BlockRow("AI 1", id::lbDeviceView(14)),
+    BlockRow("AI 2", id::lbDeviceView(11)),
+    BlockRow("AI 3", id::lbDeviceView(20)),
 };
 constexpr LayoutRow kConfigurationRows[] = {
     Shown("Primary Value Type", id::lbDeviceView(42)),
@@ -109,8 +115,8 @@ constexpr LayoutRow kLimitRows[] = {
     Shown("Lo Sensor Lower", id::lbDeviceView(47), kCalibrationUnit),
 };
 constexpr LayoutRow kTemperatureRows[] = {
-    WithStatus(Shown("Temperature", id::lbDeviceView(21), kTemperatureUnit, "Of the sensor; its quality in one word."),
-               id::lbDeviceView(56)),
+    Shown("Temperature", id::lbDeviceView(21), kTemperatureUnit, "That of the sensors."),
+    Shown("Status", id::lbDeviceView(56), {}, "In one word how far the temperature can be trusted."),
     Shown("Temperature Unit", id::lbDeviceView(22)),
     Shown("Max Temp", id::lbDeviceView(23), kTemperatureUnit, "The highest so far."),
     Shown("Min Temp", id::lbDeviceView(24), kTemperatureUnit, "The lowest so far."),
@@ -176,7 +182,8 @@ constexpr LayoutRow kSimulateRows[] = {
     Wide(Shown("Status", id::lbDeviceView(26), {}, "The status that the simulated value bears."), WidthClass::kW),
 };
 constexpr LayoutRow kFailSafeRows[] = {
-    Shown("Fail Safe Type", id::lbDeviceView(34), {}, "What the output does when the input is bad."),
+    Wide(Shown("Fail Safe Type", id::lbDeviceView(34), {}, "What the output does when the input is bad."),
+         WidthClass::kM),
     Shown("Fail Safe Value", id::lbDeviceView(35), kBlockOutUnit),
 };
 constexpr LayoutRow kOutputRows[] = {
@@ -195,10 +202,14 @@ constexpr LayoutRow kOutputRows[] = {
      .live = true,
      .role = RowRole::kVerdict},
 };
+// The figure stands below the output that it shows.
 constexpr LayoutGroup kViewGroups[] = {
-    {.caption = "Input", .rows = kInputRows},        {.caption = "PV Scale", .rows = kPvScaleRows},
-    {.caption = "Out Scale", .rows = kOutScaleRows}, {.caption = "Block", .rows = kModeRows, .beside = true},
-    {.caption = "Simulate", .rows = kSimulateRows},  {.caption = "Fail Safe", .rows = kFailSafeRows},
+    {.caption = "Input", .rows = kInputRows},
+    {.caption = "PV Scale", .rows = kPvScaleRows},
+    {.caption = "Out Scale", .rows = kOutScaleRows},
+    {.caption = "Block", .rows = kModeRows},
+    {.caption = "Simulate", .rows = kSimulateRows, .beside = true},
+    {.caption = "Fail Safe", .rows = kFailSafeRows},
     {.caption = "Output", .rows = kOutputRows},
 };
 
@@ -216,13 +227,15 @@ constexpr PageLayout kLayouts[] = {
      .purpose = "What the instrument measures now, from the sensors to the three outputs.",
      .reads = kDeviceReads,
      .groups = kDeviceGroups,
+     .tight = true,
      .signalFlow = true},
     {.frame = id::frmAIView,
      .titles = kViewTitles,
      .purpose = "What the block reads, does and reports now.",
      .reads = kBlockReads,
      .groups = kViewGroups,
-     .figure = FigureKind::kOutputBar},
+     .figure = FigureKind::kOutputBar,
+     .figureBelow = true},
 };
 
 // ---- answers
