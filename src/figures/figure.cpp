@@ -1,6 +1,7 @@
 #include "figures/figure.h"
 
 #include "figures/linearization.h"
+#include "figures/output_bar.h"
 #include "figures/square_root.h"
 
 namespace htr60 {
@@ -11,6 +12,8 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::LinearizationFigure(source);
     case FigureKind::kSquareRoot:
       return figures::SquareRootFigure(source);
+    case FigureKind::kOutputBar:
+      return figures::OutputBarFigure(source);
     case FigureKind::kNone:
       break;
   }

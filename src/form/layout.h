@@ -86,13 +86,22 @@ enum class IdentityItem : std::uint8_t {
 };
 
 /// What a row's control tells of the health of the instrument. Equal items are one quantity: the one set last counts.
+/// What several blocks share is kept for each: a set counts for the block of the page that is current then.
 enum class HealthItem : std::uint8_t {
   kNone,
-  kPrimaryValue,     ///< status
-  kSensorDiag,       ///< "None" or what is wrong
-  kSensorBoard,      ///< message, while it is shown
-  kSimulateValue,    ///< simulate enable of the primary value
-  kSimulatePressure  ///< simulate enable of pressure and temperature
+  kPrimaryValue,      ///< status
+  kAiOut1,            ///< status of the first block's output
+  kAiOut2,            ///< of the second's
+  kAiOut3,            ///< of the third's
+  kSensorDiag,        ///< "None" or what is wrong
+  kSensorBoard,       ///< message, while it is shown
+  kSimulateValue,     ///< simulate enable of the primary value
+  kSimulatePressure,  ///< simulate enable of pressure and temperature
+  kSimulateBlock1,    ///< simulate enable of the first block
+  kSimulateBlock2,    ///< of the second
+  kSimulateBlock3,    ///< of the third
+  kAiOut,             ///< shared: status of the output of the current page's block
+  kSimulateBlock,     ///< shared: simulate enable of the current page's block
 };
 
 /// One row: caption, control, unit. `second` stands after the unit: the status of a value, the Y of a point.
@@ -111,6 +120,7 @@ struct LayoutRow {
   bool sameLine = false;    ///< stands after the row before it
   int fromHeight = 0;  ///< shown while its group's box is at least this high, in the form's units; 0: at any height
   bool live = false;   ///< an answer of a polling timer replaces it
+  bool large = false;  ///< of the values of a page one that is to be read from afar
   RowRole role = RowRole::kNone;
   IdentityItem identity = IdentityItem::kNone;
   HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first
@@ -142,10 +152,11 @@ struct LayoutInnerStrip {
 struct LayoutTitle {
   std::string_view page{};  ///< empty: any
   std::string_view title{};
+  int block = 0;  ///< the page is of this block, 1 to 3; 0: of none
 };
 
 /// Which figure a page draws.
-enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot };
+enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kOutputBar };
 
 /// A page frame and what stands on it, in reading order. A frame alone is not laid out yet, and views show no page.
 struct PageLayout {
@@ -159,7 +170,9 @@ struct PageLayout {
   std::span<const LayoutGroup> groups{};
   FigureKind figure = FigureKind::kNone;
   bool figureAlone = false;  ///< the figure is as large as the page
+  bool figureBelow = false;  ///< the figure stands below the last group, in its column; else beside all groups
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
+  bool tight = false;        ///< numbers give way, so that groups stand beside each other on a narrow page, too
   bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
 
   constexpr bool IsLaidOut() const { return !titles.empty(); }

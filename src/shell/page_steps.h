@@ -10,7 +10,7 @@ namespace htr60 {
 /// own, for handlers of inner strips that ran meanwhile leave theirs in `RequestCode`.
 void RunTab(UserCntrl& c, const TabStep& step);
 
-/// The same, but the read goes out last: the timer runs also where it fails.
+/// The same, but the read goes out last, so the timer runs also where it fails.
 void RunTabReadingLast(UserCntrl& c, TabStep step);
 
 /// What a button that opens a page does: hide all, show the frame, names, Back and Write, read.

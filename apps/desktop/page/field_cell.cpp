@@ -15,6 +15,10 @@ namespace htr60::desktop {
 namespace {
 
 constexpr int kTightCharacters = 8;
+constexpr int kMostTight = 28;  // longer texts are statuses
+// Values to be read from two metres: digits of 5 mm, and as many of them as a value has.
+constexpr double kLargeText = 1.9;
+constexpr int kLargeShare = 10;  // of 16 characters
 
 bool ReadsLikeANumber(PageContext context, std::string_view text) {
   try {
@@ -35,7 +39,8 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
       kind_(second ? row.secondKind : row.kind),
       control_(second ? row.second : row.control) {
   FieldWidth width = FieldWidth::Of(kind_, second ? row.secondWidth : row.width, numberWidth);
-  if (tight) width.least = kTightCharacters;
+  if (tight && width.characters <= kMostTight) width.least = kTightCharacters;
+  if (row_.large) width.characters = width.characters * kLargeShare / 16;
   if (!IsButton()) shape_ = new ShapeSlot(parent);
   switch (kind_) {
     case RowKind::kList:
@@ -61,6 +66,19 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
   }
   if (control_) widget_->setObjectName(QString::fromStdString(NameOf(control_)));
   widget_->installEventFilter(this);
+  FollowFont(parent->font());
+}
+
+void FieldCell::FollowFont(const QFont& page) {
+  if (!row_.large) return;
+  QFont font = page;
+  if (page.pointSizeF() > 0) {
+    font.setPointSizeF(page.pointSizeF() * kLargeText);
+  } else {
+    font.setPixelSize(static_cast<int>(page.pixelSize() * kLargeText));
+  }
+  widget_->setFont(font);
+  if (shape_ != nullptr) shape_->setFont(font);
 }
 
 void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {

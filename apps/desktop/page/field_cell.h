@@ -40,6 +40,8 @@ class FieldCell final : public QObject {
   void Refresh();
   /// Takes shape and marker.
   void RefreshState();
+  /// Takes the size of its text from `page`, the font around it.
+  void FollowFont(const QFont& page);
   void SetCaption(const QString& caption);
   void SetMnemonic(char letter);
 

@@ -1,6 +1,7 @@
 #include "desktop/page/group_view.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kUnitCharacters = 16;
 constexpr int kLeastUnitCharacters = 6;
+constexpr double kPale = 0.7;  // still 4.5 : 1 on its ground
 
 bool SpansPage(RowKind kind) { return kind == RowKind::kMsg || kind == RowKind::kFixed; }
 
@@ -21,7 +23,7 @@ bool Touches(const ControlSet& changed, ControlId control) { return control && c
 
 }  // namespace
 
-UnitLabel::UnitLabel(bool wide, QWidget* parent) : QLabel(parent), wide_(wide) {
+UnitLabel::UnitLabel(bool wide, bool pale, QWidget* parent) : QLabel(parent), wide_(wide), pale_(pale) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
 }
@@ -34,6 +36,16 @@ QSize UnitLabel::sizeHint() const {
 QSize UnitLabel::minimumSizeHint() const {
   const QSize own = QLabel::sizeHint();
   return {std::max(own.width(), wide_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+}
+
+void UnitLabel::paintEvent(QPaintEvent* event) {
+  if (!pale_) return QLabel::paintEvent(event);
+  Guarded([this] {
+    QPainter painter(this);
+    painter.setOpacity(kPale);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
+  });
 }
 
 GroupView::GroupView(PageContext context, const PageLayout& page, const LayoutGroup& group, QWidget* parent)
@@ -91,7 +103,7 @@ void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
 }
 
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
-  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1, line.widget);
+  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1 || page_.tight, line.widget);
   cells_.push_back(cell);
   if (cell->Slot() != nullptr) line.box->addWidget(cell->Slot());
   // A button among fields stands below them.
@@ -111,7 +123,7 @@ void GroupView::AddUnit(Row& made, Line& line) {
   const LayoutUnit& unit = made.row->unit;
   const bool has = unit.control || !unit.text.empty();
   if (!has && !(made.row->second && unitBeforeSecond_)) return;
-  made.unit = new UnitLabel(unit.control || made.row->second, line.widget);
+  made.unit = new UnitLabel(unit.control || made.row->second, made.row->kind == RowKind::kLabel, line.widget);
   line.box->addWidget(made.unit);
 }
 
@@ -311,6 +323,14 @@ void GroupView::SetCaptionWidth(int width) { grid_->setColumnMinimumWidth(0, wid
 void GroupView::SetMnemonic(char letter) {
   mnemonic_ = letter;
   if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
+}
+
+void GroupView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::FontChange) return;
+  Guarded([this] {
+    for (FieldCell* cell : cells_) cell->FollowFont(font());
+  });
 }
 
 // ---- labels with values

@@ -10,17 +10,21 @@
 
 namespace htr60::desktop {
 
-/// The unit after a value: 16 characters wide, narrower where the page is.
+/// The unit after a value: 16 characters wide, narrower where the page is. `pale`: it stands back behind the value.
 class UnitLabel final : public QLabel {
   Q_OBJECT
 
  public:
-  UnitLabel(bool wide, QWidget* parent);
+  UnitLabel(bool wide, bool pale, QWidget* parent);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   bool wide_;
+  bool pale_;
 };
 
 /// One group of a page: its box, and its rows in a grid of captions and lines.
@@ -54,6 +58,7 @@ class GroupView final : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   struct Row {

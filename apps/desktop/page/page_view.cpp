@@ -94,7 +94,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
 void PageView::AddFigure() {
   if (page_.figure == FigureKind::kNone) return;
   figure_ = new FigureWidget(content_);
-  flow_->Add(figure_, !groups_.empty(), false, true);
+  flow_->Add(figure_, !groups_.empty() && !page_.figureBelow, false, !page_.figureBelow);
   flow_->StretchLast();
   order_.push_back(static_cast<int>(groups_.size()));
   Connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
