@@ -69,6 +69,7 @@ enum class RowRole : std::uint8_t {
   kStateless,      ///< taken and emptied by its button: never read, has no state
   kVerdict,        ///< every text that is not known to be good or doubtful is a fault
   kSimulate,       ///< says whether something simulated replaces what is measured
+  kSensorState,    ///< list that is picked from and marked as a status is
   kAccessCode,     ///< shown as asterisks, in no tooltip, marker, copy or log
   kLinearization,  ///< list that the device refuses while its table is not valid
   kTableVerdict,   ///< the device's word on its table
@@ -121,6 +122,7 @@ struct LayoutRow {
   int fromHeight = 0;  ///< shown while its group's box is at least this high, in the form's units; 0: at any height
   bool live = false;   ///< an answer of a polling timer replaces it
   bool large = false;  ///< of the values of a page one that is to be read from afar
+  bool captionAbove = false;  ///< the caption is a sentence and stands in a line of its own above the field
   RowRole role = RowRole::kNone;
   IdentityItem identity = IdentityItem::kNone;
   HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first

@@ -2,7 +2,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "codecs/unit_tables.h"
-#include "pages/backup_rows.h"
+#include "pages/backup_restore.h"
 #include "pages/measured_types.h"
 #include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
@@ -65,14 +65,7 @@ constexpr LayoutRow kAdvancedRows[] = {
      .kind = RowKind::kOpen,
      .control = id::cmdSolid},
 };
-constexpr LayoutRow kCommandRows[] = {
-    {.caption = "Backup Restore",
-     .captionControl = id::lbParameter(4),
-     .kind = RowKind::kList,
-     .control = id::cmbDensBackupRestore,
-     .note = "A command: the device carries it out when it is written.",
-     .role = RowRole::kCommand},
-};
+constexpr LayoutRow kCommandRows[] = {BackupRow(id::lbParameter(4), id::cmbDensBackupRestore)};
 constexpr LayoutRow kSimulateRows[] = {
     {.caption = "Simulate Enable",
      .kind = RowKind::kList,
@@ -186,7 +179,7 @@ Operands WriteSettings(UserCntrl& c) {
           EncodeLinType(c.form.cmbDensityLinearizationType.Text())};
 }
 
-Operands WriteBackupRestore(UserCntrl& c) { return {EncodeBackupRestore(c.form.cmbDensBackupRestore.Text())}; }
+Operands WriteBackupRestore(UserCntrl& c) { return BackupOperands(c, id::cmbDensBackupRestore); }
 
 Operands WriteSimulate(UserCntrl& c) {
   return {EncodeEnableFlag(c.form.cmbPressSimulateEnable.Text()), c.codecs.FloatToHex(c.form.txtParameter(136).Text()),
@@ -248,7 +241,7 @@ constexpr WriteRow kWrites[] = {
     {kInputPage, kAnySubPage, 49, trd_scales::InputScaleOperands},
     {kOutputPage, kAnySubPage, 50, trd_scales::OutputScaleOperands},
     {kPage, "Settings", 51, WriteSettings},
-    {kPage, "Backup Restore", 32, WriteBackupRestore},
+    {kPage, "Backup Restore", kBackupWrite, WriteBackupRestore},
     {kPage, "Simulate", 60, WriteSimulate},
     {kPage, "Range Code", 61, WriteRangeCode},
 };

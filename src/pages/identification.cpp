@@ -5,6 +5,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
+#include "pages/digit_fields.h"
 #include "pages/primary_value_type.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
@@ -259,12 +260,6 @@ constexpr DecodedField kFlange[] = {
     {"TRDORingMaterial", id::txtParameter(18), DecodeORingMaterial},
     {"TRDORingMaterial_Lo", id::txtParameter(23), DecodeORingMaterial},
 };
-
-std::string SerialNumberText(std::string_view digits) {
-  std::int32_t number = 0;
-  HexToLong(digits, number);
-  return std::to_string(number);
-}
 
 void OnSensorInfoAnswer(UserCntrl& c, const Answer& a) {
   FillDecoded(c, a, kSensorHead);

@@ -34,7 +34,7 @@ bool HoldsStatus(RowKind kind) {
 Mark MarkOf(RowRole role, RowKind kind, std::string_view text) {
   if (text.empty()) return Mark::kNone;
   if (role == RowRole::kSimulate) return text == "Active" || text == "Enable" ? Mark::kUncertain : Mark::kNone;
-  if (!HoldsStatus(kind)) return Mark::kNone;
+  if (!HoldsStatus(kind) && role != RowRole::kSensorState) return Mark::kNone;
   if (text.starts_with("Good") || Has(kFine, text)) return Mark::kNone;
   if (text.starts_with("Uncertain") || Has(kWarnings, text)) return Mark::kUncertain;
   if (text.starts_with("Bad") || text.starts_with("Not Monotonous") || text == kNoBoard) return Mark::kBad;

@@ -38,6 +38,7 @@ TEST(Marks, StandBeforeWhatMustBeLookedAt) {
   constexpr RowRole kPlain = RowRole::kNone;
   constexpr RowRole kVerdict = RowRole::kVerdict;
   constexpr RowRole kSimulate = RowRole::kSimulate;
+  constexpr RowRole kSensorState = RowRole::kSensorState;
   struct {
     RowRole role;
     RowKind kind;
@@ -65,6 +66,11 @@ TEST(Marks, StandBeforeWhatMustBeLookedAt) {
       {kSimulate, RowKind::kList, "Enable", Mark::kUncertain},
       {kSimulate, RowKind::kList, "Disable", Mark::kNone},
       {kPlain, RowKind::kList, "Enable", Mark::kNone},
+      {kSensorState, RowKind::kList, "Disconnected", Mark::kUncertain},
+      {kSensorState, RowKind::kList, "Not Initialized", Mark::kUncertain},
+      {kSensorState, RowKind::kList, "Connected", Mark::kNone},
+      {kSensorState, RowKind::kList, "Initialized", Mark::kNone},
+      {kPlain, RowKind::kList, "Disconnected", Mark::kNone},
       {kPlain, RowKind::kEdit, "Bad pump", Mark::kNone},
   };
   for (const auto& row : kCases) EXPECT_EQ(MarkOf(row.role, row.kind, row.text), row.mark) << row.text;

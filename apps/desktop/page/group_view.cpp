@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/edge.h"
@@ -133,11 +132,14 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     const int number = static_cast<int>(lines_.size());
     Line line;
     line.widget = new QWidget(grid.parentWidget());
-    line.box = new QHBoxLayout(line.widget);
+    line.box = new QHBoxLayout;
     line.box->setContentsMargins(0, 0, 0, 0);
+    line.column = new QVBoxLayout(line.widget);
+    line.column->setContentsMargins(0, 0, 0, 0);
+    line.column->addLayout(line.box);
     line.box->setSpacing(fontMetrics().averageCharWidth() / (group_.columns > 1 ? 3 : 2) + 1);
     line.gridColumn = 2 * (number / linesInColumn);
-    const bool wide = SpansPage(row.kind) || (buttonsOnly_ && IsButton(row.kind));
+    const bool wide = SpansPage(row.kind) || row.captionAbove || (buttonsOnly_ && IsButton(row.kind));
     const int gridRow = number % linesInColumn;
     grid.addWidget(line.widget, gridRow, line.gridColumn + (wide ? 0 : 1), 1, wide ? 2 : 1);
     grid.setColumnStretch(line.gridColumn + 1, 1);
@@ -150,8 +152,10 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
   if (!IsButton(row.kind) && !SpansPage(row.kind)) {
     QWidget* parent = joins ? line.widget : grid.parentWidget();
     made.caption = new PlainLabel({}, parent);
-    hasCaptions_ = true;
-    if (joins) {
+    hasCaptions_ = hasCaptions_ || !row.captionAbove;
+    if (row.captionAbove) {
+      line.column->insertWidget(0, made.caption);
+    } else if (joins) {
       line.box->addWidget(made.caption);
     } else {
       const Qt::Alignment up = row.kind == RowKind::kListBox ? Qt::AlignTop : Qt::Alignment();
@@ -313,7 +317,8 @@ void GroupView::RefreshWords(const Line& line) {
 int GroupView::CaptionWidth() const {
   int width = 0;
   for (const Row& made : rows_) {
-    if (made.caption != nullptr && !made.row->sameLine) width = std::max(width, made.caption->sizeHint().width());
+    if (made.caption == nullptr || made.row->sameLine || made.row->captionAbove) continue;
+    width = std::max(width, made.caption->sizeHint().width());
   }
   return width;
 }

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QVBoxLayout>
 #include <memory>
 #include <vector>
 
@@ -72,6 +73,7 @@ class GroupView final : public QWidget {
   };
   struct Line {
     QWidget* widget = nullptr;
+    QVBoxLayout* column = nullptr;  // the fields, below a caption that stands above them
     QHBoxLayout* box = nullptr;
     WordsLabel* words = nullptr;
     std::vector<std::size_t> rows;
