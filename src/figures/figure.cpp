@@ -1,5 +1,6 @@
 #include "figures/figure.h"
 
+#include "figures/analog_input.h"
 #include "figures/linearization.h"
 #include "figures/output_bar.h"
 #include "figures/square_root.h"
@@ -14,6 +15,8 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::SquareRootFigure(source);
     case FigureKind::kOutputBar:
       return figures::OutputBarFigure(source);
+    case FigureKind::kAnalogInput:
+      return figures::AnalogInputFigure(source);
     case FigureKind::kNone:
       break;
   }

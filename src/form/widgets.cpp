@@ -85,12 +85,14 @@ void ChoiceList::Fill(std::span<const std::string_view> rows) {
 }
 
 void ListBox::Clear() {
+  ++sets_;
   if (rows_.empty()) return;
   rows_.clear();
   Mark();
 }
 
 void ListBox::AddRow(std::string_view row) {
+  ++sets_;
   rows_.emplace_back(row);
   Mark();
 }

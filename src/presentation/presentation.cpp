@@ -316,6 +316,13 @@ void Presentation::Focus(ControlId control) {
   touched_ = figureOld_ = true;
 }
 
+// The same hint as behind the field, whichever page shows it.
+bool Presentation::BearsHint(ControlId control) const {
+  Form& form = control_.form;
+  return form.Any(control).Enabled() && states_.ReadOrEdited(control) &&
+         !NumberHint(form.TextOf(control), control_.codecs.DecimalSeparator()).empty();
+}
+
 const Figure& Presentation::Drawing() {
   if (std::exchange(figureOld_, false)) figure_ = page_ == nullptr ? Figure{} : MakeFigure();
   return figure_;
@@ -327,7 +334,8 @@ Figure Presentation::MakeFigure() {
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
-                      .focus = focus_});
+                      .focus = focus_,
+                      .hinted = [this](ControlId control) { return BearsHint(control); }});
 }
 
 std::optional<ScreenFigure> Presentation::FigureOf() {
@@ -335,6 +343,7 @@ std::optional<ScreenFigure> Presentation::FigureOf() {
   const Figure& figure = Drawing();
   ScreenFigure shown{.sentence = figure.sentence, .above = {}, .remarks = figure.remarks};
   if (!figure.verdict.empty()) shown.above.push_back(figure.verdictCaption + ": " + figure.verdict);
+  for (const std::string& alarm : figure.alarms) shown.above.push_back(figure.alarmCaption + ": " + alarm);
   shown.above.insert(shown.above.end(), figure.above.begin(), figure.above.end());
   return shown;
 }

@@ -92,6 +92,7 @@ class Presentation {
   bool IsOld() const;
   Figure MakeFigure();
   std::optional<ScreenFigure> FigureOf();
+  bool BearsHint(ControlId control) const;
 
   UserCntrl& control_;
   Surroundings surroundings_;
