@@ -188,22 +188,32 @@ int FieldStates::Revert(const PageLayout& page) {
   for (Field& field : fields_) {
     if (field.page != &page || !StandsOn(*field.group, tabs) || !IsRevertable(field)) continue;
     const std::string text = field.program;
-    if (field.kind != RowKind::kList) {
-      Type(TextId{field.control}, text);
+    if (field.role == RowRole::kCommand) {
+      control_.SetList(ChoiceId{field.control}, text);
+      Look(field);
     } else {
-      const ChoiceId list{field.control};
-      const auto rows = control_.form.At(list).Rows();
-      const auto row = std::find(rows.begin(), rows.end(), text);
-      if (field.role == RowRole::kCommand || row == rows.end()) {
-        control_.SetList(list, text);
-        Look(field);
-      } else {
-        Pick(list, static_cast<std::size_t>(row - rows.begin()));
-      }
+      Put(field, text);
     }
     ++reverted;
   }
   return reverted;
+}
+
+// As if typed or picked; a text that is none of the rows as a program sets it.
+void FieldStates::Put(Field& field, const std::string& text) {
+  if (field.kind != RowKind::kList) return Type(TextId{field.control}, text);
+  const ChoiceId list{field.control};
+  const auto rows = control_.form.At(list).Rows();
+  const auto row = std::find(rows.begin(), rows.end(), text);
+  if (row != rows.end()) return Pick(list, static_cast<std::size_t>(row - rows.begin()));
+  control_.SetList(list, text);
+  Look(field);
+}
+
+bool FieldStates::PutBack(ControlId control) {
+  const std::optional<std::string> text = ReplacedText(control);
+  if (text) Put(*Find(control), *text);
+  return text.has_value();
 }
 
 void FieldStates::PageOpened(const PageLayout& page, bool again) {
@@ -403,8 +413,14 @@ std::string FieldStates::IdentityText(IdentityItem item) const {
   return field != nullptr ? field->program : std::string(control_.form.TextOf(control));
 }
 
-std::string FieldStates::ReplacedText(ControlId control) const {
-  return Of(control) == FieldState::kReplaced ? Find(control)->other : std::string();
+std::optional<std::string> FieldStates::ReplacedText(ControlId control) const {
+  if (Of(control) != FieldState::kReplaced) return std::nullopt;
+  const Field& field = *Find(control);
+  if (field.kind == RowKind::kList) {
+    const auto rows = control_.form.At(ChoiceId{control}).Rows();
+    if (std::find(rows.begin(), rows.end(), field.other) == rows.end()) return std::nullopt;
+  }
+  return field.other;
 }
 
 bool FieldStates::Shown(const Field& field) const {
@@ -459,6 +475,15 @@ std::vector<int> FieldStates::UnwrittenTabs(const PageLayout& page) const {
     if (counts && field.state == FieldState::kNotWritten) tabs.push_back(field.group->tab);
   }
   return tabs;
+}
+
+std::vector<ControlId> FieldStates::Unwritten() const {
+  std::vector<ControlId> unwritten;
+  for (const Field& field : fields_) {
+    const bool counts = field.state == FieldState::kNotWritten && field.role != RowRole::kStateless;
+    if (counts) unwritten.push_back(field.control);
+  }
+  return unwritten;
 }
 
 bool FieldStates::AnyUnwritten(const PageLayout& page) const {
