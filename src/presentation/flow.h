@@ -6,18 +6,22 @@
 
 #include "form/layout.h"
 
-// Where the groups of a page stand. Lengths are in whatever unit the view measures in.
+// Where the groups of a page stand, and how wide they are. Lengths are in whatever unit the view measures in.
 namespace htr60::presentation {
+
+/// Characters that a row with a field to be changed keeps free for the words of its state: a group does not grow with
+/// each of them, and with longer ones it does.
+inline constexpr int kWordsCharacters = 20;
 
 /// A group that is to be seen, or the figure, as the view has measured it.
 struct FlowItem {
-  bool beside = false;               ///< begins a new column
-  bool separate = false;             ///< begins a new line below all columns
-  bool roomy = false;                ///< stands beside others only where none of them has to give way
-  bool fills = false;                ///< takes all the width there is
-  int least = 0;                     ///< width to which it can shrink
-  int wanted = 0;                    ///< width of its widest row
-  std::function<int(int)> heightOf;  ///< its height at a width
+  bool beside = false;                 ///< begins a new column
+  bool separate = false;               ///< begins a new line below all columns
+  bool roomy = false;                  ///< stands beside others only where none of them has to give way
+  bool fills = false;                  ///< takes all the width there is
+  int least = 0;                       ///< width to which it can shrink
+  int wanted = 0;                      ///< width of its widest row
+  std::function<int(int)> heightOf{};  ///< its height at a width
 };
 
 struct FlowRect {

@@ -13,6 +13,7 @@ inline constexpr std::string_view kFieldStatesName = "States of the fields";  //
 inline constexpr std::string_view kFieldStatesTip = "Goes to the next of these fields.";
 inline constexpr std::string_view kMessageName = "Message";
 inline constexpr std::string_view kDataLineName = "Age of the values";
+inline constexpr std::string_view kLateName = "No answer";  ///< the shape before that line
 inline constexpr std::string_view kRevert = "Revert";
 inline constexpr std::string_view kRevertTip = "Puts the texts not written on this tab back.";
 inline constexpr std::string_view kSaveTip = "The device keeps every value: there is nothing to save here.";

@@ -19,6 +19,7 @@ bool Presentation::PasteColumns(TextId field, std::string_view text) {
   if (page_ == nullptr || !paste_.Begin(*page_, field, text)) return false;
   if (const auto question = paste_.Question()) {
     announcer_.Say(question->text);
+    Changed();
   } else {
     FillPasted();
   }
@@ -50,6 +51,7 @@ bool Presentation::WantsToClose() {
   if (asksToClose_ || states_.Unwritten().empty()) return true;
   asksToClose_ = true;
   announcer_.Say(Bar()->text);
+  Changed();
   return false;
 }
 
@@ -61,6 +63,7 @@ std::optional<ScreenBar> Presentation::Bar() const {
 }
 
 bool Presentation::AnswerBar(std::size_t button) {
+  Changed();
   if (asksToClose_) {
     if (button != kStays) return true;
     asksToClose_ = false;
@@ -90,7 +93,10 @@ std::string Presentation::HealthTip() const {
 
 // ---- the tree
 
-void Presentation::Edited(ControlId field) { editedNodes_.Edited(field, states_.Unwritten(), CurrentNode()); }
+void Presentation::Edited(ControlId field) {
+  editedNodes_.Edited(field, states_.Unwritten(), CurrentNode());
+  Changed();
+}
 
 TreeMarks Presentation::Marks() const { return {control_.LastActivated(), editedNodes_.Nodes(states_.Unwritten())}; }
 

@@ -245,6 +245,7 @@ void Presentation::Say(std::string sentence) {
   message_ = std::move(sentence);
   messageEnd_ = surroundings_.now() + kMessageMs;
   announcer_.Say(message_);
+  Changed();
 }
 
 // "Left without writing: 3 fields on Level, Settings and Simulate."

@@ -23,6 +23,8 @@ struct Surroundings {
   FieldStates::Clock now;         ///< milliseconds, of a clock that does not run backwards
   DataLine::TimeOfDay timeOfDay;  ///< "hh:mm:ss" of such a time
   std::string simulated{};        ///< "SIMULATED" or "SIMULATED: tank"; empty for an instrument
+  /// What is shown has changed though the form may not have: a turn is due. May be none.
+  std::function<void()> changed{};
 };
 
 /// What every view shows of one control and how it reacts. It knows pages by their layouts and no control but those of
@@ -111,6 +113,9 @@ class Presentation {
   std::string CurrentNode() const;
   void ActivateNode(const std::string& node);
   void Edited(ControlId field);
+  void Changed() const {
+    if (surroundings_.changed) surroundings_.changed();
+  }
   void FillPasted();
   std::optional<ScreenBar> Bar() const;
   int PollingInterval() const;
