@@ -14,7 +14,6 @@ LiveRegion::LiveRegion(QWidget* parent) : QWidget(parent) {
 }
 
 void LiveRegion::Announce(const std::vector<std::string>& texts) {
-  if (!QAccessible::isActive()) return;
   for (const std::string& text : texts) {
     setAccessibleName(ToQt(text));
     QAccessibleEvent event(this, QAccessible::Alert);
