@@ -19,6 +19,10 @@ ControlId FindOfKind(std::string_view name, ControlKind kind) {
   return found;
 }
 
+void RequireEnabled(const Control& control) {
+  if (!control.Enabled()) throw CommandError(Quoted(NameOf(control.Id())) + " is disabled");
+}
+
 std::string_view WordOf(ControlKind kind) {
   switch (kind) {
     case ControlKind::kText:

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "form/control_names.h"
+#include "form/widgets.h"
 
 namespace htr60::automation {
 
@@ -10,6 +11,8 @@ namespace htr60::automation {
 ControlId FindByName(std::string_view name);
 /// The same for one kind of control only.
 ControlId FindOfKind(std::string_view name, ControlKind kind);
+/// Throws `CommandError` where the operator cannot do anything with the control.
+void RequireEnabled(const Control& control);
 /// The kind's word in the protocol: "text", "label", "button", "list", "listbox", "tabs", "frame", "picture".
 std::string_view WordOf(ControlKind kind);
 

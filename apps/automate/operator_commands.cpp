@@ -47,10 +47,6 @@ Action Activate(VirtualHost& host, Fields& fields) {
   };
 }
 
-void RequireEnabled(const Control& control) {
-  if (!control.Enabled()) throw CommandError(Quoted(htr60::NameOf(control.Id())) + " is disabled");
-}
-
 Action Click(VirtualHost& host, Fields& fields) {
   const ButtonId id{FindOfKind(fields.Text("control"), ControlKind::kButton)};
   return [&host, id, force = fields.FlagOr("force", false)]() -> Json {

@@ -1,3 +1,4 @@
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,7 +9,7 @@
 namespace htr60::automation {
 namespace {
 
-using presentation::Mark;
+using presentation::NameOf;
 using presentation::Screen;
 using presentation::ScreenButton;
 using presentation::ScreenRow;
@@ -45,18 +46,6 @@ std::string_view WordOf(RowKind kind) {
   return "fixed";
 }
 
-std::string_view WordOf(Mark mark) {
-  switch (mark) {
-    case Mark::kUncertain:
-      return "uncertain";
-    case Mark::kBad:
-      return "bad";
-    case Mark::kNone:
-      break;
-  }
-  return "";
-}
-
 std::string LetterOf(char mnemonic) { return mnemonic == '\0' ? std::string() : std::string(1, mnemonic); }
 
 Json RowOf(const ScreenRow& row) {
@@ -68,7 +57,7 @@ Json RowOf(const ScreenRow& row) {
           {"text", row.text},
           {"enabled", row.enabled},
           {"state", row.state ? NameOf(*row.state) : std::string_view()},
-          {"mark", WordOf(row.mark)},
+          {"mark", NameOf(row.mark)},
           {"words", row.words},
           {"hint", row.hint}};
 }
@@ -93,7 +82,7 @@ Json StripOf(const Screen& screen) {
   return strip;
 }
 
-Json AsJson(const Screen& screen) {
+Json AsJson(const Screen& screen, const presentation::TreeMarks& marks) {
   return {
       {"frame", screen.frame ? Json(htr60::NameOf(screen.frame)) : Json()},
       {"title", screen.title},
@@ -118,11 +107,13 @@ Json AsJson(const Screen& screen) {
       {"figure", screen.figure ? Json{{"sentence", screen.figure->sentence},
                                       {"above", screen.figure->above},
                                       {"remarks", screen.figure->remarks}}
-                               : Json()}};
+                               : Json()},
+      {"bar", screen.bar ? Json{{"text", screen.bar->text}, {"buttons", screen.bar->buttons}} : Json()},
+      {"nodes", {{"open", marks.open}, {"notWritten", marks.unwritten}}}};
 }
 
 Action ShowScreen(VirtualHost& host, Fields&) {
-  return [&host]() -> Json { return AsJson(host.Presented().Show()); };
+  return [&host]() -> Json { return AsJson(host.Presented().Show(), host.Presented().Marks()); };
 }
 
 Action Reopen(VirtualHost& host, Fields&) {
@@ -144,11 +135,62 @@ Action Focus(VirtualHost& host, Fields& fields) {
   };
 }
 
+Action Paste(VirtualHost& host, Fields& fields) {
+  const TextId id{FindOfKind(fields.Text("control"), ControlKind::kText)};
+  return [&host, id, text = fields.Text("text")]() -> Json {
+    RequireEnabled(host.Control().form.At(id));
+    presentation::Presentation& presented = host.Presented();
+    if (!presented.PasteColumns(id, text)) presented.Type(id, text);
+    return {};
+  };
+}
+
+Action PutBack(VirtualHost& host, Fields& fields) {
+  const std::string name = fields.Text("control");
+  const ControlId control = FindByName(name);
+  return [&host, control, name]() -> Json {
+    RequireEnabled(host.Control().form.Any(control));
+    if (!host.Presented().PutBack(control)) throw CommandError("nothing of " + Quoted(name) + " was replaced");
+    return {};
+  };
+}
+
+Action OpenHealth(VirtualHost& host, Fields&) {
+  return [&host]() -> Json {
+    if (!host.Presented().OpenHealth()) throw CommandError("nothing was read of the health");
+    return {};
+  };
+}
+
+Action Close(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return {{"closes", host.Presented().WantsToClose()}}; };
+}
+
+Action Bar(VirtualHost& host, Fields& fields) {
+  const auto button = static_cast<std::size_t>(fields.Whole("button", 0, std::numeric_limits<std::int32_t>::max()));
+  return [&host, button]() -> Json {
+    const auto& bar = host.Presented().Show().bar;
+    if (!bar) throw CommandError("there is no bar");
+    if (button >= bar->buttons.size()) throw CommandError("the bar has no such button");
+    return {{"closes", host.Presented().AnswerBar(button)}};
+  };
+}
+
+Action Announced(VirtualHost& host, Fields&) {
+  return [&host]() -> Json { return {{"texts", host.Presented().TakeAnnounced()}}; };
+}
+
 constexpr CommandRow kRows[] = {
     {.name = "screen", .prepare = ShowScreen},
     {.name = "reopen", .prepare = Reopen},
     {.name = "revert", .prepare = Revert},
     {.name = "focus", .prepare = Focus},
+    {.name = "paste", .prepare = Paste},
+    {.name = "putBack", .prepare = PutBack},
+    {.name = "openHealth", .prepare = OpenHealth},
+    {.name = "close", .prepare = Close},
+    {.name = "bar", .prepare = Bar},
+    {.name = "announced", .prepare = Announced},
 };
 
 }  // namespace

@@ -28,7 +28,7 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
   int exitCode = 0;
   QObject::connect(&tour, &Tour::Finished, &application, [&](int code) {
     exitCode = code;
-    application.quit();
+    Application::exit(code);  // whatever the tour has left unwritten
   });
   session.window.show();
   tour.Start();

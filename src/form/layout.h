@@ -143,6 +143,8 @@ struct LayoutGroup {
   PictureId panel{};      ///< the waiting panel across the page area: no place in the page's flow
   bool byTop = false;     ///< stands in the order of its frame's top among the groups so marked
   int sentTogether = 0;   ///< groups of a page with the same number above 0: each one's write button sends them all
+  /// The rows are points of a table: this list says how many of them are enabled.
+  ChoiceId numberOfPoints{};
 };
 
 struct LayoutInnerStrip {

@@ -71,7 +71,7 @@ constexpr LayoutRow kWaitingRows[] = {{.kind = RowKind::kMsg, .control = id::lbA
 constexpr LayoutGroup kTableGroups[] = {
     {.rows = kWaitingRows, .box = false, .panel = id::PictMessageTable},
     {.caption = "Table", .rows = kTableRows},
-    {.rows = kPointRows, .columns = 3, .box = false},
+    {.rows = kPointRows, .columns = 3, .box = false, .numberOfPoints = id::cmbNrPoints},
 };
 
 constexpr LayoutTitle kTableTitle[] = {{"", "Table Points"}};

@@ -224,22 +224,32 @@ int FieldStates::Revert(const PageLayout& page) {
   for (Field& field : On(page)) {
     if (!StandsOn(*field.group, tabs) || !IsRevertable(field)) continue;
     const std::string text = Program(field);
-    if (field.kind != RowKind::kList) {
-      Type(TextId{field.control}, text);
+    if (field.role == RowRole::kCommand) {
+      control_.SetList(ChoiceId{field.control}, text);
+      Look(field);
     } else {
-      const ChoiceId list{field.control};
-      const auto rows = control_.form.At(list).Rows();
-      const auto row = std::find(rows.begin(), rows.end(), text);
-      if (field.role == RowRole::kCommand || row == rows.end()) {
-        control_.SetList(list, text);
-        Look(field);
-      } else {
-        Pick(list, static_cast<std::size_t>(row - rows.begin()));
-      }
+      Put(field, text);
     }
     ++reverted;
   }
   return reverted;
+}
+
+// As if typed or picked; a text that is none of the rows as a program sets it.
+void FieldStates::Put(Field& field, const std::string& text) {
+  if (field.kind != RowKind::kList) return Type(TextId{field.control}, text);
+  const ChoiceId list{field.control};
+  const auto rows = control_.form.At(list).Rows();
+  const auto row = std::find(rows.begin(), rows.end(), text);
+  if (row != rows.end()) return Pick(list, static_cast<std::size_t>(row - rows.begin()));
+  control_.SetList(list, text);
+  Look(field);
+}
+
+bool FieldStates::PutBack(ControlId control) {
+  const std::optional<std::string> text = ReplacedText(control);
+  if (text) Put(*Find(control), *text);
+  return text.has_value();
 }
 
 void FieldStates::PageOpened(const PageLayout& page, bool again) {
@@ -450,8 +460,15 @@ std::string FieldStates::IdentityText(IdentityItem item) const {
   return field != nullptr ? Program(*field) : std::string(control_.form.TextOf(control));
 }
 
-std::string FieldStates::ReplacedText(ControlId control) const {
-  return Of(control) == FieldState::kReplaced ? Recalled(*Find(control)).other : std::string();
+std::optional<std::string> FieldStates::ReplacedText(ControlId control) const {
+  if (Of(control) != FieldState::kReplaced) return std::nullopt;
+  const Field& field = *Find(control);
+  const std::string& replaced = Recalled(field).other;
+  if (field.kind == RowKind::kList) {
+    const auto rows = control_.form.At(ChoiceId{control}).Rows();
+    if (std::find(rows.begin(), rows.end(), replaced) == rows.end()) return std::nullopt;
+  }
+  return replaced;
 }
 
 bool FieldStates::Shown(const Field& field) const {
@@ -505,6 +522,15 @@ std::vector<int> FieldStates::UnwrittenTabs(const PageLayout& page) const {
     if (field.role != RowRole::kStateless && field.state == FieldState::kNotWritten) tabs.push_back(field.group->tab);
   }
   return tabs;
+}
+
+std::vector<ControlId> FieldStates::Unwritten() const {
+  std::vector<ControlId> unwritten;
+  for (const Field& field : fields_) {
+    const bool counts = field.state == FieldState::kNotWritten && field.role != RowRole::kStateless;
+    if (counts) unwritten.push_back(field.control);
+  }
+  return unwritten;
 }
 
 bool FieldStates::AnyUnwritten(const PageLayout& page) const {

@@ -37,6 +37,8 @@ class FieldStates {
   /// Puts the texts not written on the visible tab of `page` back to the program's last; gives how many.
   int Revert(const PageLayout& page);
   int Revertable(const PageLayout& page) const;
+  /// Puts the operator's text back over which the program has set another. False where there is none.
+  bool PutBack(ControlId field);
 
   /// A node or an open button has opened `page`; `again`: the same node as before, so what comes is compared with what
   /// stands there.
@@ -67,8 +69,8 @@ class FieldStates {
   bool IsSentBy(ButtonId button, const PageLayout& page, ControlId field) const;
   /// A part of the line that says who the instrument is, as the program set it last; empty where it was not read.
   std::string IdentityText(IdentityItem item) const;
-  /// The text that a program set over one not written; empty where none was.
-  std::string ReplacedText(ControlId field) const;
+  /// The operator's text that was not written when the program set another, while it can be put back.
+  std::optional<std::string> ReplacedText(ControlId field) const;
 
   /// "1 differs, 2 confirmed", "all confirmed", or empty: the fields of the page that can be seen.
   std::string Footer(const PageLayout& page) const;
@@ -76,6 +78,8 @@ class FieldStates {
   std::vector<ControlId> Counted(const PageLayout& page) const;
   /// Fields with an unwritten text on `page`, by the tab on which they stand, -1: on none.
   std::vector<int> UnwrittenTabs(const PageLayout& page) const;
+  /// All fields with a text not written, on every page, hidden and disabled ones included.
+  std::vector<ControlId> Unwritten() const;
   /// Whether the visible tab has a text that is not written.
   bool AnyUnwritten(const PageLayout& page) const;
 
@@ -130,6 +134,7 @@ class FieldStates {
   bool Covers(ButtonId button, const PageLayout& page, const Field& field) const;
   bool Shown(const Field& field) const;
   bool IsRevertable(const Field& field) const;
+  void Put(Field& field, const std::string& text);
   std::string Cause(const Field& field) const;
 
   UserCntrl& control_;

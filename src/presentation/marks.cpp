@@ -41,4 +41,16 @@ Mark MarkOf(RowRole role, RowKind kind, std::string_view text) {
   return role == RowRole::kVerdict ? Mark::kBad : Mark::kNone;
 }
 
+std::string_view NameOf(Mark mark) {
+  switch (mark) {
+    case Mark::kUncertain:
+      return "uncertain";
+    case Mark::kBad:
+      return "bad";
+    case Mark::kNone:
+      break;
+  }
+  return {};
+}
+
 }  // namespace htr60::presentation

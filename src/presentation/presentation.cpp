@@ -62,7 +62,9 @@ Presentation::Presentation(UserCntrl& control, Surroundings surroundings)
       surroundings_(std::move(surroundings)),
       states_(control, surroundings_.now),
       line_(surroundings_.timeOfDay),
-      health_(control) {
+      health_(control),
+      paste_(control),
+      announcer_(control) {
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
       if (page.IsLaidOut()) layouts_.push_back(&page);
@@ -100,6 +102,7 @@ void Presentation::NotePage() {
   if (now != page_ && page_ != nullptr) {
     SayLeft(*page_, title_);
     states_.PageLeft(*page_);
+    paste_.End();
   }
   page_ = now;
   title_ = TitleOf(now);
@@ -135,22 +138,31 @@ void Presentation::Activate(std::string_view text, int position) {
   Opened(page_, sameNode && page_ == before && title_ == titleBefore);
 }
 
-void Presentation::ActivateAgain() {
-  std::string node = control_.LastActivated();
-  if (node.empty()) {
-    for (const PageUnit* unit : control_.Pages().units) {
-      for (const NodeRow& row : unit->nodes) {
-        if (!(row.frame == control_.Pages().start.frame)) continue;
-        for (const NodeText& text : row.texts) {
-          if (text.trees.Any()) node = text.text;  // the last one is the page's own
-        }
+// The last text of the start's page that stands in a tree is the page's own.
+std::string Presentation::StartNode() const {
+  std::string node;
+  for (const PageUnit* unit : control_.Pages().units) {
+    for (const NodeRow& row : unit->nodes) {
+      if (!(row.frame == control_.Pages().start.frame)) continue;
+      for (const NodeText& text : row.texts) {
+        if (text.trees.Any()) node = text.text;
       }
     }
   }
+  return node;
+}
+
+std::string Presentation::CurrentNode() const {
+  return control_.LastActivated().empty() ? StartNode() : control_.LastActivated();
+}
+
+void Presentation::ActivateNode(const std::string& node) {
   const auto& nodes = control_.form.treeView.Nodes();
   const auto found = std::find_if(nodes.begin(), nodes.end(), [&](const TreeNode& n) { return n.text == node; });
   Activate(node, found == nodes.end() ? 0 : static_cast<int>(found - nodes.begin()) + 1);
 }
+
+void Presentation::ActivateAgain() { ActivateNode(CurrentNode()); }
 
 bool Presentation::Reopen() {
   if (!CanReopen()) return false;
@@ -182,9 +194,15 @@ void Presentation::Press(ButtonId button) {
 
 void Presentation::ClickTab(TabsId strip, int index) { control_.ClickTab(strip, index); }
 
-void Presentation::Type(TextId field, std::string_view text) { states_.Type(field, text); }
+void Presentation::Type(TextId field, std::string_view text) {
+  states_.Type(field, text);
+  Edited(field);
+}
 
-void Presentation::Pick(ChoiceId list, std::size_t row) { states_.Pick(list, row); }
+void Presentation::Pick(ChoiceId list, std::size_t row) {
+  states_.Pick(list, row);
+  Edited(list);
+}
 
 int Presentation::Revert() { return page_ == nullptr ? 0 : states_.Revert(*page_); }
 
@@ -202,6 +220,9 @@ FormChanges Presentation::Turn() {
     NotePage();
     if (!acting_ && page_ != before) Opened(page_, false);
   }
+  if (asksToClose_ && states_.Unwritten().empty()) asksToClose_ = false;
+  const std::int64_t now = surroundings_.now();
+  announcer_.Turn(changes, page_, page_ != nullptr && line_.Late(now) ? line_.Text(now) : std::string());
   return changes;
 }
 
@@ -232,6 +253,8 @@ void Presentation::Say(std::string sentence) {
   touched_ = true;
   message_ = std::move(sentence);
   messageEnd_ = surroundings_.now() + kMessageMs;
+  announcer_.Say(message_);
+  Changed();
 }
 
 // "Left without writing: 3 fields on Level, Settings and Simulate."
@@ -388,6 +411,7 @@ const Screen& Presentation::Show() {
   }
   AddFrameButtons(screen);
   screen.rows.resize(screen.rowsUsed);
+  screen.bar = Bar();
   screen_ = std::move(screen);
   touched_ = false;
   shownState_ = control_.ConnectionState;
@@ -399,7 +423,8 @@ const Screen& Presentation::Show() {
 // Something may have changed since it was made.
 bool Presentation::IsOld() const {
   return touched_ || control_.form.HasChanges() || shownRevision_ != states_.Revision() ||
-         shownState_ != control_.ConnectionState || (shownUntil_ && surroundings_.now() >= *shownUntil_);
+         shownState_ != control_.ConnectionState || screen_.bar != Bar() ||
+         (shownUntil_ && surroundings_.now() >= *shownUntil_);
 }
 
 const ScreenRow* Presentation::Row(ControlId control) const {

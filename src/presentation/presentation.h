@@ -7,10 +7,14 @@
 #include <string_view>
 #include <vector>
 
+#include "presentation/announcer.h"
 #include "presentation/data_line.h"
+#include "presentation/field_help.h"
 #include "presentation/field_states.h"
 #include "presentation/health.h"
+#include "presentation/paste.h"
 #include "presentation/screen.h"
+#include "presentation/tree_marks.h"
 
 namespace htr60::presentation {
 
@@ -19,6 +23,8 @@ struct Surroundings {
   FieldStates::Clock now;         ///< milliseconds, of a clock that does not run backwards
   DataLine::TimeOfDay timeOfDay;  ///< "hh:mm:ss" of such a time
   std::string simulated{};        ///< "SIMULATED" or "SIMULATED: tank"; empty for an instrument
+  /// What is shown has changed though the form may not have: a turn is due. May be none.
+  std::function<void()> changed{};
 };
 
 /// What every view shows of one control and how it reacts. It knows pages by their layouts and no control but those of
@@ -42,6 +48,17 @@ class Presentation {
   /// Puts the texts not written on the visible tab back; gives how many.
   int Revert();
   void Focus(ControlId control);
+  /// Text from the clipboard. True where it was taken as columns for a table of points, perhaps after a question; else
+  /// the field takes it as it takes any text.
+  bool PasteColumns(TextId field, std::string_view text);
+  /// Puts back the operator's text that the program has replaced. False where there is none.
+  bool PutBack(ControlId field);
+  /// The node is activated on whose page the health was read. False where nothing was read.
+  bool OpenHealth();
+  /// The operator closes the window. False where texts are not written: a bar asks, and closing once more closes.
+  bool WantsToClose();
+  /// Presses a button of the bar that stands. True where the window closes now.
+  bool AnswerBar(std::size_t button);
 
   /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
   FormChanges Turn();
@@ -53,6 +70,13 @@ class Presentation {
   const ScreenRow* Row(ControlId control) const;
   /// The figure of the page in front. Stands until the next act or turn.
   const Figure& Drawing();
+  /// What a field offers in its menu; empty where it is not to be seen.
+  std::vector<FieldMenuItem> Menu(ControlId field) const;
+  /// When the health was read, and where; empty where nothing was.
+  std::string HealthTip() const;
+  TreeMarks Marks() const;
+  /// What there is to tell assistive technology since the last call, in order.
+  std::vector<std::string> TakeAnnounced() { return announcer_.Take(); }
   /// When time alone changes what is shown; none where it does not.
   std::optional<std::int64_t> NextDeadline() const;
   std::int64_t Now() const { return surroundings_.now(); }
@@ -85,6 +109,15 @@ class Presentation {
   void Say(std::string sentence);
   std::string WhyEmpty() const;
   bool CanReopen() const;
+  std::string StartNode() const;
+  std::string CurrentNode() const;
+  void ActivateNode(const std::string& node);
+  void Edited(ControlId field);
+  void Changed() const {
+    if (surroundings_.changed) surroundings_.changed();
+  }
+  void FillPasted();
+  std::optional<ScreenBar> Bar() const;
   int PollingInterval() const;
   void AddStrip(Screen& screen);
   void AddPage(Screen& screen);
@@ -108,6 +141,10 @@ class Presentation {
   std::string message_;
   std::int64_t messageEnd_ = 0;
   bool acting_ = false;  // an act tells of the page that it opens
+  Paste paste_;
+  bool asksToClose_ = false;
+  EditedNodes editedNodes_;
+  Announcer announcer_;
 
   // What is shown, and whether it still holds.
   Screen screen_;

@@ -54,6 +54,14 @@ struct ScreenFigure {
   std::vector<std::string> remarks;
 };
 
+/// A question across the page area, answered by one of its buttons; the focus starts on the first.
+struct ScreenBar {
+  std::string text;
+  std::vector<std::string> buttons;
+
+  bool operator==(const ScreenBar&) const = default;
+};
+
 /// What every view shows at an instant.
 struct Screen {
   FrameId frame{};  ///< none where no page is open
@@ -76,6 +84,7 @@ struct Screen {
   int revertable = 0;
   bool unwritten = false;  ///< the visible tab has a text not written: Write is prominent
   std::optional<ScreenFigure> figure;
+  std::optional<ScreenBar> bar;
 };
 
 }  // namespace htr60::presentation

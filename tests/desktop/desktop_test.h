@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "desktop/page/page_area.h"
+#include "desktop/page/page_bar.h"
 #include "desktop/qt_text.h"
 #include "desktop/window/action_area.h"
 #include "desktop/window/desktop_host.h"

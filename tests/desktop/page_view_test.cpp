@@ -6,6 +6,7 @@
 
 #include "desktop/page/choice_field.h"
 #include "desktop/page/field_widgets.h"
+#include "desktop/page/page_bar.h"
 #include "desktop/window/keys.h"
 #include "page_support.h"
 #include "pages/pages.h"
@@ -132,16 +133,60 @@ TEST_F(PageAreaTest, WordsThatDoNotFitAreInTheToolTip) {
   control_->form.At(field).SetText("1.000");
   presented_.Type(field, "2");
   Turn();
-  EXPECT_EQ(Cell(field).ToolTip(), QString());
+  EXPECT_EQ(Cell(field).ToolTip(), QStringLiteral("The upper end."));
   presented_.Type(field, std::string(80, '7'));
   control_->form.At(field).SetText("1.000");
   Turn();
   EXPECT_EQ(Cell(field).ToolTip(),
-            QStringLiteral("replaced by the device, was: %1").arg(QString(80, QLatin1Char('7'))));
-  EXPECT_TRUE(Entry(field)->accessibleDescription().startsWith(Cell(field).ToolTip()));
+            QStringLiteral("replaced by the device, was: %1\nThe upper end.").arg(QString(80, QLatin1Char('7'))));
+  EXPECT_EQ(Entry(field)->accessibleDescription(), Cell(field).ToolTip().replace(u'\n', QStringLiteral("; ")));
   control_->form.txtParameter(299).SetText(std::string(80, 'x'));
   Turn();
   EXPECT_EQ(Cell(id::txtParameter(299)).ToolTip(), QString(80, QLatin1Char('x')));
+}
+
+TEST_F(PageAreaTest, AFieldsMenuPutsBackWhatWasReplaced) {
+  const auto field = id::txtParameter(37);
+  control_->form.At(field).SetText("1.000");
+  presented_.Type(field, "12.7");
+  control_->form.At(field).SetText("1.500");
+  Turn();
+  const auto texts = [&] {
+    QStringList captions;
+    const std::unique_ptr<QMenu> menu = Cell(field).MakeMenu();
+    for (const QAction* action : menu->actions()) captions << action->text();
+    return captions;
+  };
+  const auto trigger = [&](int number) {
+    const std::unique_ptr<QMenu> menu = Cell(field).MakeMenu();
+    menu->actions().at(number)->trigger();
+    Turn();
+  };
+  EXPECT_EQ(texts(), (QStringList{QStringLiteral("Copy"), QStringLiteral("Paste"), QStringLiteral("Put back 12.7")}));
+  trigger(0);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("1.500"));
+  trigger(2);
+  EXPECT_EQ(control_->form.At(field).Text(), "12.7");
+  EXPECT_EQ(Cell(field).Words(), QStringLiteral("not written"));
+  EXPECT_EQ(Cell(field).Slot()->accessibleName(), QStringLiteral("not written"));
+  EXPECT_EQ(texts(), (QStringList{QStringLiteral("Copy"), QStringLiteral("Paste")}));
+  Entry(field)->selectAll();
+  trigger(1);
+  EXPECT_EQ(control_->form.At(field).Text(), "1.500");
+}
+
+TEST_F(PageAreaTest, GroupsEndWithTheirWidestRowBelowBoldTitles) {
+  area_.resize(1600, 800);
+  Turn();
+  EXPECT_LT(Group(0).width(), 1200);
+  EXPECT_EQ(Group(0).width(), Group(0).sizeHint().width());
+  EXPECT_TRUE(Group(0).findChild<QGroupBox*>()->font().bold());
+  EXPECT_FALSE(Entry(id::txtParameter(37))->font().bold());
+  // The caption of the other group is the widest of the page, shown or not.
+  const int left = Entry(id::txtParameter(37))->x();
+  control_->form.frmzGroup(12).SetVisible(false);
+  Turn();
+  EXPECT_EQ(Entry(id::txtParameter(37))->x(), left);
 }
 
 TEST_F(PageAreaTest, EnterNeverWrites) {
@@ -383,6 +428,12 @@ TEST_F(AllPagesTest, TwoPastedColumnsFillTheEnabledPoints) {
       {id::txtParameter(52), "25.5"}, {id::txtParameter(27), "100"}, {id::txtParameter(53), "100"},
       {id::txtParameter(28), ""},  // above the number of points: disabled
   };
+  EXPECT_EQ(area_.Bar().Text(), QStringLiteral("4 rows, 3 points: set 4 points?"));
+  EXPECT_EQ(QApplication::focusWidget(), area_.Bar().Buttons().front());
+  area_.Bar().Buttons()[1]->click();
+  Turn();
+  EXPECT_TRUE(area_.Bar().isHidden());
+  EXPECT_TRUE(first->hasFocus());
   for (const auto& [field, text] : points) EXPECT_EQ(control_->form.At(field).Text(), text) << text;
   EXPECT_EQ(first->text(), QStringLiteral("0"));
 

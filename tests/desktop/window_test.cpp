@@ -1,9 +1,11 @@
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
 #include <QSplitter>
 #include <QTest>
+#include <QToolButton>
 #include <utility>
 
 #include "desktop_test.h"
@@ -271,6 +273,92 @@ TEST_F(WindowTest, YesNoBoxesStandOnNoAndTimersGoOnBeforeThem) {
   Control().ShowBox("Wait", "Information");
   EXPECT_EQ(Panel(1), "Connected");
   EXPECT_EQ(window_.Identification().Tag(), QStringLiteral("HTR60-1"));
+}
+
+TEST_F(WindowTest, ClosingWithTextsNotWrittenAsksFirst) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Device Identification"));
+  presentation::Presentation& presented = window_.Presented();
+  presented.Type(id::txtParameter(0), "A");
+  auto* tag = Find<QLineEdit>(id::txtParameter(0));
+  tag->setFocus();
+  EXPECT_FALSE(window_.close());
+  PageBar& bar = window_.Page().Bar();
+  ASSERT_TRUE(WaitFor([&] { return bar.isVisible(); }));
+  EXPECT_EQ(bar.Text(), QStringLiteral("1 not written"));
+  EXPECT_EQ(QApplication::focusWidget(), bar.Buttons()[0]);
+  bar.Buttons()[0]->click();
+  ASSERT_TRUE(WaitFor([&] { return !bar.isVisible(); }));
+  EXPECT_TRUE(window_.isVisible());
+  EXPECT_TRUE(tag->hasFocus());
+  EXPECT_FALSE(window_.close());
+  ASSERT_TRUE(WaitFor([&] { return bar.isVisible(); }));
+  bar.Buttons()[1]->click();
+  EXPECT_FALSE(window_.isVisible());
+}
+
+TEST_F(WindowTest, TheTreeMarksTheOpenNodeAndThoseNotWritten) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Device Identification"));
+  const auto find = [&](const char* text) {
+    return window_.Tree().findItems(QLatin1String(text), Qt::MatchExactly | Qt::MatchRecursive).first();
+  };
+  const auto words = [&](const char* text) { return find(text)->data(0, Qt::AccessibleDescriptionRole).toString(); };
+  const auto picture = [&](const char* text) { return find(text)->icon(0).pixmap(16).toImage(); };
+  const QImage closed = picture("Pressure/Flow");
+  window_.Presented().Type(id::txtParameter(0), "A");
+  ASSERT_TRUE(WaitFor([&] { return words("Device Identification") == QLatin1String("open page, not written"); }));
+  ASSERT_TRUE(Open("Pressure/Flow"));
+  EXPECT_EQ(words("Pressure/Flow"), QStringLiteral("open page"));
+  EXPECT_EQ(words("Device Identification"), QStringLiteral("not written"));
+  EXPECT_NE(picture("Pressure/Flow"), closed);
+  const QImage open = picture("Pressure/Flow");
+  window_.Tree().setCurrentItem(find("Observe"));
+  EXPECT_EQ(picture("Pressure/Flow"), open) << "the cursor is another mark";
+  window_.Actions().Write()->setFocus();
+  ASSERT_TRUE(Open("Primary Value Type"));
+  Control().Pick(id::cmbPVType, 2);
+  window_.Tree().setCurrentItem(find("LCD Config"));
+  window_.Actions().Write()->click();
+  ASSERT_TRUE(WaitFor([&] {
+    return !window_.Tree().findItems(QStringLiteral("Level"), Qt::MatchExactly | Qt::MatchRecursive).isEmpty();
+  }));
+  EXPECT_EQ(window_.Tree().currentItem(), find("LCD Config")) << "the cursor stays by its text";
+  EXPECT_EQ(words("Primary Value Type"), QStringLiteral("open page"));
+}
+
+std::vector<std::string> announced;
+
+void Hear(QAccessibleEvent* event) {
+  if (event->type() != QAccessible::Alert || event->object() == nullptr) return;
+  announced.push_back(QAccessible::queryAccessibleInterface(event->object())->text(QAccessible::Name).toStdString());
+}
+
+TEST_F(WindowTest, TellsAssistiveTechnologyOfTheConnectionAndNotOfPolling) {
+  announced.clear();
+  const QAccessible::UpdateHandler before = QAccessible::installUpdateHandler(Hear);
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Pressure/Flow"));
+  EXPECT_EQ(announced, std::vector<std::string>{"Connected"});
+  host_.Transmitter().SetOffline(true);
+  ASSERT_TRUE(WaitFor([&] { return announced.size() > 1; }));
+  EXPECT_EQ(announced[1], "Disconnected");
+  QAccessible::installUpdateHandler(before);
+}
+
+TEST_F(WindowTest, APressOnTheHealthLeadsToWhereItWasRead) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Pressure/Flow"));
+  auto* health = window_.findChild<QToolButton*>(QStringLiteral("health"));
+  ASSERT_NE(health, nullptr);
+  if (window_.Presented().Shown().health == presentation::HealthState::kNotRead) {
+    EXPECT_EQ(health->toolTip(), QString());
+    Control().UpdateUI(4500, "<A><P tag='SensorDiag' value='0000'/></A>");
+  }
+  ASSERT_TRUE(WaitFor([&] { return health->toolTip().endsWith(QLatin1String(" on Pressure/Flow.")); }));
+  ASSERT_TRUE(Open("Device Identification"));
+  health->click();
+  EXPECT_EQ(Control().LastActivated(), "Pressure/Flow");
 }
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {

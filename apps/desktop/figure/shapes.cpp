@@ -5,6 +5,7 @@
 #include <array>
 
 #include "desktop/edge.h"
+#include "desktop/qt_text.h"
 
 namespace htr60::desktop {
 namespace {
@@ -193,9 +194,10 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
 
 ShapeSlot::ShapeSlot(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
-void ShapeSlot::SetShape(Shape shape) {
+void ShapeSlot::SetShape(Shape shape, std::string_view name) {
   if (shape_ == shape) return;
   shape_ = shape;
+  setAccessibleName(ToQt(name));
   update();
 }
 

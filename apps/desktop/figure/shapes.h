@@ -47,7 +47,8 @@ class ShapeSlot final : public QWidget {
 
  public:
   explicit ShapeSlot(QWidget* parent);
-  void SetShape(Shape shape);
+  /// `name`: what assistive technology calls it.
+  void SetShape(Shape shape, std::string_view name = {});
   Shape Current() const { return shape_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }

@@ -1,7 +1,8 @@
 #include "desktop/page/field_cell.h"
 
-#include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QToolTip>
 #include <utility>
@@ -95,7 +96,9 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
   }
   Connect(entry, &QLineEdit::textEdited, this,
           [this, field](const QString& text) { context_.presented.Type(field, ToUtf8(text)); });
-  connect(entry, &TextEntry::PastedCells, this, &FieldCell::PastedCells);
+  entry->OnPaste([this, field](const QString& text) {
+    return GuardedTakes([&] { return context_.presented.PasteColumns(field, ToUtf8(text)); });
+  });
   Connect(entry, &TextEntry::Entered, this, [this] {
     if (row_.enterPresses) {
       Q_EMIT Pressed(row_.enterPresses);
@@ -164,33 +167,28 @@ void FieldCell::Refresh() {
 void FieldCell::RefreshState() {
   if (shape_ == nullptr || !control_) return;
   const presentation::ScreenRow* row = context_.presented.Row(control_);
-  const Shape before = shape_->Current();
+  static const presentation::ScreenRow kUnseen;
+  if (row == nullptr) row = &kUnseen;
+  using presentation::FieldState;
   Shape shape = Shape::kNone;
-  words_.clear();
-  hint_.clear();
-  alert_ = false;
-  if (row != nullptr) {
-    using presentation::FieldState;
-    if (row->state) shape = ShapeOf(*row->state);
-    if (shape == Shape::kNone) shape = ShapeOf(row->mark);
-    alert_ = row->state == FieldState::kDiffers || row->state == FieldState::kReplaced;
-    words_ = ToQt(row->words);
-    hint_ = ToQt(row->hint);
-    const QString name = ToQt(row->name);
-    if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  std::string_view name;
+  if (row->state && (shape = ShapeOf(*row->state)) != Shape::kNone) name = presentation::NameOf(*row->state);
+  if (shape == Shape::kNone && (shape = ShapeOf(row->mark)) != Shape::kNone) name = presentation::NameOf(row->mark);
+  alert_ = row->state == FieldState::kDiffers || row->state == FieldState::kReplaced;
+  const QString words = ToQt(row->words);
+  const QString hint = ToQt(row->hint);
+  const bool same = described_ && shape == shape_->Current() && words == words_ && hint == hint_;
+  words_ = words;
+  hint_ = hint;
+  shape_->SetShape(shape, name);
+  if (row != &kUnseen) {
+    const QString fieldName = ToQt(row->name);
+    if (widget_->accessibleName() != fieldName) widget_->setAccessibleName(fieldName);
     SetPale(row->pale);
   }
-  shape_->SetShape(shape);
-  QStringList marks;
-  for (const QString& mark : {words_, hint_, row_.control == control_ ? ToQt(row_.note) : QString()}) {
-    if (!mark.isEmpty()) marks << mark;
-  }
-  const QString description = marks.join(QStringLiteral("; "));
-  if (widget_->accessibleDescription() != description) widget_->setAccessibleDescription(description);
-  if (shape_->Current() == Shape::kFault && before != Shape::kFault && kind_ == RowKind::kMsg) {
-    QAccessibleEvent alert(widget_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
-  }
+  if (same) return;
+  described_ = true;
+  widget_->setAccessibleDescription(ToQt(presentation::DescriptionOf(*row, presentation::NoteOf(row_, control_))));
 }
 
 // What is stale is drawn as what is disabled: pale, and still to be read and copied.
@@ -213,18 +211,54 @@ void FieldCell::SetMnemonic(char letter) {
 }
 
 QString FieldCell::ToolTip() const {
-  if (IsPassword()) return {};
-  QStringList lines;
-  if (const auto* entry = qobject_cast<TextEntry*>(widget_); entry != nullptr && entry->CutOff()) lines << Text();
-  if (const auto* choice = qobject_cast<ChoiceField*>(widget_); choice != nullptr && choice->CutOff()) lines << Text();
-  if (wordsFit_ && !wordsFit_()) {
-    if (!words_.isEmpty()) lines << words_;
-    if (!hint_.isEmpty()) lines << hint_;
+  const presentation::ScreenRow* row = control_ ? context_.presented.Row(control_) : nullptr;
+  if (row == nullptr) return ToQt(row_.note);  // a button
+  const auto* entry = qobject_cast<TextEntry*>(widget_);
+  const auto* choice = qobject_cast<ChoiceField*>(widget_);
+  const presentation::CutOff cutOff{
+      .text = (entry != nullptr && entry->CutOff()) || (choice != nullptr && choice->CutOff()),
+      .words = wordsFit_ && !wordsFit_()};
+  return ToQt(presentation::ToolTipOf(*row, presentation::NoteOf(row_, control_), cutOff));
+}
+
+std::unique_ptr<QMenu> FieldCell::MakeMenu() {
+  auto menu = std::make_unique<QMenu>(widget_);
+  for (const presentation::FieldMenuItem& item : context_.presented.Menu(control_)) {
+    QAction* action = menu->addAction(ToQt(item.caption).replace(u'&', QStringLiteral("&&")));
+    action->setEnabled(item.enabled);
+    Connect(action, &QAction::triggered, this, [this, act = item.act] { Run(act); });
   }
-  return lines.join(u'\n');
+  return menu;
+}
+
+void FieldCell::Run(presentation::FieldAct act) {
+  auto* entry = qobject_cast<TextEntry*>(widget_);
+  switch (act) {
+    case presentation::FieldAct::kCopy:
+      if (entry != nullptr) return entry->Copy();
+      if (auto* list = qobject_cast<ReadList*>(widget_)) return list->Copy();
+      return QApplication::clipboard()->setText(Text());
+    case presentation::FieldAct::kPaste:
+      if (entry != nullptr) entry->Paste();
+      return;
+    case presentation::FieldAct::kPutBack:
+      context_.presented.PutBack(control_);
+      return;
+  }
+}
+
+bool FieldCell::ShowMenu(QPoint at) {
+  if (IsButton() || !control_) return false;
+  const std::unique_ptr<QMenu> menu = MakeMenu();
+  if (!menu->isEmpty()) menu->exec(at);
+  return true;
 }
 
 bool FieldCell::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ContextMenu) {
+    const QPoint at = static_cast<QContextMenuEvent*>(event)->globalPos();
+    if (GuardedTakes([&] { return ShowMenu(at); })) return true;
+  }
   const bool taken = event->type() == QEvent::ToolTip && GuardedTakes([&] {
                        const QString text =
                            ToolTip().toHtmlEscaped().replace(QStringLiteral("\n"), QStringLiteral("<br>"));

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QMenu>
 #include <QObject>
 #include <QString>
 #include <bitset>
+#include <memory>
 
 #include "desktop/core.h"
 #include "desktop/figure/shapes.h"
@@ -48,14 +50,14 @@ class FieldCell final : public QObject {
   QString Words() const { return words_; }
   QString Hint() const { return hint_; }
   bool IsAlert() const { return alert_; }
-  /// What does not fit on the page: the whole text, the words; empty where all of it can be seen.
   QString ToolTip() const;
+  /// What can be done with the field; none for buttons.
+  std::unique_ptr<QMenu> MakeMenu();
   void SetWordsFit(std::function<bool()> fit) { wordsFit_ = std::move(fit); }
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
   void Entered();
-  void PastedCells(const QString& cells);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -66,6 +68,8 @@ class FieldCell final : public QObject {
   void MakeButton(QWidget* parent);
   QString Text() const;
   void SetPale(bool pale);
+  void Run(presentation::FieldAct act);
+  bool ShowMenu(QPoint at);
   /// The row's role is that of its first control.
   RowRole Role() const { return control_ == row_.control ? row_.role : RowRole::kNone; }
   bool IsPassword() const { return Role() == RowRole::kAccessCode; }
@@ -77,6 +81,7 @@ class FieldCell final : public QObject {
   QWidget* widget_ = nullptr;
   ShapeSlot* shape_ = nullptr;
   QString caption_;
+  bool described_ = false;
   QString words_;
   QString hint_;
   bool alert_ = false;

@@ -125,18 +125,21 @@ void TextEntry::keyPressEvent(QKeyEvent* event) {
     Q_EMIT textEdited(restored_);
     return;
   }
-  if (event->matches(QKeySequence::Copy) && !hasSelectedText() && echoMode() == QLineEdit::Normal) {
-    QApplication::clipboard()->setText(text());
-    return;
-  }
-  if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
-    const QString cells = QApplication::clipboard()->text();
-    if (cells.contains(u'\t') || cells.trimmed().contains(u'\n')) {
-      Q_EMIT PastedCells(cells);
-      return;
-    }
-  }
+  if (event->matches(QKeySequence::Copy)) return Copy();
+  if (event->matches(QKeySequence::Paste)) return Paste();
   QLineEdit::keyPressEvent(event);
+}
+
+void TextEntry::Copy() {
+  if (echoMode() != QLineEdit::Normal) return;
+  if (hasSelectedText()) return copy();
+  QApplication::clipboard()->setText(text());
+}
+
+void TextEntry::Paste() {
+  if (isReadOnly()) return;
+  const bool taken = takesPaste_ && takesPaste_(QApplication::clipboard()->text());
+  if (!taken) paste();
 }
 
 // ---- labels
@@ -235,15 +238,16 @@ QSize ReadList::sizeHint() const {
 QSize ReadList::minimumSizeHint() const { return {width_.Least(*this), sizeHint().height()}; }
 
 void ReadList::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Copy)) {
-    QStringList texts;
-    for (int i = 0; i < count(); ++i) {
-      if (currentRow() < 0 || i == currentRow()) texts << item(i)->text();
-    }
-    QApplication::clipboard()->setText(texts.join(u'\n'));
-    return;
-  }
+  if (event->matches(QKeySequence::Copy)) return Copy();
   QListWidget::keyPressEvent(event);
+}
+
+void ReadList::Copy() {
+  QStringList texts;
+  for (int i = 0; i < count(); ++i) {
+    if (currentRow() < 0 || i == currentRow()) texts << item(i)->text();
+  }
+  QApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
 }  // namespace htr60::desktop

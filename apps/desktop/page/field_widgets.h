@@ -38,13 +38,16 @@ class TextEntry final : public QLineEdit {
   /// The form's text; the operator's cursor stays where it can.
   void Show(const QString& text);
   bool CutOff() const;
+  /// The selection, or the whole text.
+  void Copy();
+  void Paste();
+  /// `take` is asked first what is to be pasted; where it takes it, the field does not.
+  void OnPaste(std::function<bool(const QString&)> take) { takesPaste_ = std::move(take); }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
   void Entered();
-  /// More than one cell of a spreadsheet was pasted: lines of texts parted by tabs.
-  void PastedCells(const QString& cells);
 
  protected:
   bool event(QEvent* event) override;
@@ -57,6 +60,7 @@ class TextEntry final : public QLineEdit {
 
   FieldWidth width_;
   QString restored_;  // what Esc brings back
+  std::function<bool(const QString&)> takesPaste_;
 };
 
 /// A caption, a unit: text as it stands.
@@ -121,6 +125,8 @@ class ReadList final : public QListWidget {
  public:
   ReadList(FieldWidth width, QWidget* parent);
   void Show(RowRole role, const std::vector<std::string>& rows);
+  /// The current row, or all.
+  void Copy();
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

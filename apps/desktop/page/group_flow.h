@@ -1,27 +1,35 @@
 #pragma once
 
 #include <QLayout>
+#include <QRect>
+#include <functional>
 #include <vector>
+
+#include "desktop/core.h"
 
 namespace htr60::desktop {
 
-/// Groups in lines of columns. A group stands below the one before it in its column; `beside` begins a new column,
-/// `newLine` a new line below all columns. Columns that do not fit beside each other stand below each other.
+/// Measures groups for the presentation's flow and puts them where it says.
 class GroupFlow final : public QLayout {
   Q_OBJECT
 
  public:
-  explicit GroupFlow(QWidget* parent);
+  struct Traits {
+    bool beside = false;
+    bool separate = false;
+    bool roomy = false;
+    bool stretches = false;  ///< takes the height that is left, as the last, and all the width
+    std::function<bool()> fills{};
+  };
+
+  GroupFlow(bool arrows, QWidget* parent);
   ~GroupFlow() override;
 
-  /// `roomy`: stands beside the others only where none of them has to give way.
-  void Add(QWidget* group, bool beside, bool newLine, bool roomy = false);
-  /// The last group takes the height that is left.
-  void StretchLast() { stretchLast_ = true; }
+  void Add(QWidget* group, Traits traits);
   /// Sets the order of the groups, as numbers of their adding.
   void Reorder(const std::vector<int>& order);
-  /// Groups of the first column of the first line as they stand: for what joins them.
-  std::vector<QWidget*> FirstColumn() const;
+  /// The arrows between the groups as they stand.
+  const std::vector<presentation::FlowArrow>& Arrows() const { return arrows_; }
 
   void addItem(QLayoutItem* item) override;
   int count() const override { return static_cast<int>(items_.size()); }
@@ -37,25 +45,16 @@ class GroupFlow final : public QLayout {
  private:
   struct Item {
     QLayoutItem* item;
-    bool beside;
-    bool newLine;
-    bool roomy;
+    Traits traits;
     int number;
   };
-  struct Column {
-    std::vector<QLayoutItem*> items;
-    bool roomy = false;
-  };
-  using Line = std::vector<Column>;
-
-  std::vector<Line> Lines() const;
-  int Place(const QRect& room, bool apply) const;
-  static int WidthOf(const Column& column, bool least);
-  std::size_t Fitting(const Line& line, std::size_t first, int room) const;
-  int PlaceLine(const Line& line, const QRect& room, bool apply) const;
+  std::vector<QLayoutItem*> Shown() const;
+  std::vector<presentation::FlowItem> Measured() const;
+  presentation::FlowRoom Room(QSize size) const;
 
   std::vector<Item> items_;
-  bool stretchLast_ = false;
+  bool withArrows_;
+  std::vector<presentation::FlowArrow> arrows_;
 };
 
 }  // namespace htr60::desktop

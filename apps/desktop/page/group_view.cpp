@@ -18,6 +18,8 @@ bool SpansPage(RowKind kind) { return kind == RowKind::kMsg || kind == RowKind::
 
 bool IsButton(RowKind kind) { return kind == RowKind::kOpen || kind == RowKind::kWrite; }
 
+bool CanBeChanged(RowKind kind) { return kind == RowKind::kEdit || kind == RowKind::kNum || kind == RowKind::kList; }
+
 bool Touches(const ControlSet& changed, ControlId control) { return control && changed.test(control.ordinal); }
 
 }  // namespace
@@ -51,15 +53,29 @@ GroupView::GroupView(PageContext context, const PageLayout& page, const LayoutGr
     : QWidget(parent), context_(context), page_(page), group_(group) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  QWidget* body = nullptr;
+  auto* body = new QWidget(this);
   if (group.box && (!group.caption.empty() || group.frame)) {
-    body = box_ = new QGroupBox(this);
+    MakeBox(*body);
+    column->addWidget(box_);
   } else {
-    body = new QWidget(this);
+    column->addWidget(body);
   }
-  column->addWidget(body);
   grid_ = new QGridLayout(body);
   Build();
+}
+
+// The title is bold, what stands in the box is not.
+void GroupView::MakeBox(QWidget& body) {
+  box_ = new QGroupBox(this);
+  QFont bold;
+  bold.setBold(true);
+  QFont plain;
+  plain.setBold(false);
+  box_->setFont(bold);
+  body.setFont(plain);
+  auto* inside = new QVBoxLayout(box_);
+  inside->setContentsMargins(0, 0, 0, 0);
+  inside->addWidget(&body);
 }
 
 void GroupView::Build() {
@@ -80,27 +96,6 @@ void GroupView::Build() {
   Finish();
 }
 
-// Cells of a spreadsheet, from the row of `first` on down: a line a row, a column a field. What is disabled or no field
-// to type into is passed over, with the cell that was meant for it.
-void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
-  QStringList lines = cells.split(u'\n');
-  if (lines.last().trimmed().isEmpty()) lines.removeLast();
-  auto row = std::find_if(rows_.begin(), rows_.end(),
-                          [&](const Row& candidate) { return candidate.cell == &first || candidate.second == &first; });
-  const bool fromSecond = row != rows_.end() && row->second == &first;
-  for (const QString& line : lines) {
-    if (row == rows_.end()) return;
-    const QStringList texts = line.split(u'\t');
-    FieldCell* const fields[] = {fromSecond ? row->second : row->cell, fromSecond ? nullptr : row->second};
-    for (int i = 0; i < 2 && i < texts.size(); ++i) {
-      if (fields[i] == nullptr || !fields[i]->CanBeTypedIn()) continue;
-      if (!context_.control.form.Any(fields[i]->Control()).Enabled()) continue;
-      context_.presented.Type(TextId{fields[i]->Control()}, ToUtf8(texts[i].trimmed()));
-    }
-    ++row;
-  }
-}
-
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1 || page_.tight, line.widget);
   cells_.push_back(cell);
@@ -112,7 +107,6 @@ FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
   connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
   Connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
-  Connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
   if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
   if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
   return cell;
@@ -171,6 +165,7 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     }
     made.second = AddCell(row, true, line);
   }
+  line.changes = line.changes || (made.cell != nullptr && CanBeChanged(made.cell->Kind()));
   line.rows.push_back(rows_.size());
   rows_.push_back(made);
 }
@@ -310,6 +305,31 @@ void GroupView::RefreshWords(const Line& line) {
   // Two fields in one line that say the same say it once; their shapes tell them apart.
   if (marked > 1) words.removeDuplicates();
   line.words->SetWords(words.join(QStringLiteral("  ")), hinted ? QStringLiteral("?") : QString(), alert);
+}
+
+// ---- widths
+
+// Its widest row, with room for the words of a state.
+QSize GroupView::sizeHint() const {
+  const int character = fontMetrics().averageCharWidth();
+  int widest = 0;
+  int widestWithWords = 0;
+  for (const Line& line : lines_) {
+    if (line.widget->isHidden()) continue;
+    const int width = line.box->sizeHint().width();
+    int words = line.words->sizeHint().width();
+    if (group_.columns == 1 && line.changes) words = std::max(words, presentation::kWordsCharacters * character);
+    widest = std::max(widest, width);
+    widestWithWords = std::max(widestWithWords, width + words);
+  }
+  const QSize own = QWidget::sizeHint();
+  return {own.width() + widestWithWords - widest, own.height()};
+}
+
+bool GroupView::Fills() const {
+  return std::any_of(rows_.begin(), rows_.end(), [this](const Row& made) {
+    return (made.row->kind == RowKind::kMsg || made.row->width == WidthClass::kPage) && Shows(made);
+  });
 }
 
 // ---- captions in one line

@@ -43,6 +43,9 @@ class GroupView final : public QWidget {
   /// The form shows the group's frame and at least one of its rows.
   bool Shows() const;
   int TopOfFrame() const;
+  /// It shows a row that takes all the width there is.
+  bool Fills() const;
+  QSize sizeHint() const override;
 
   /// Room that the captions want, and what they get so that fields stand in one line down the page.
   int CaptionWidth() const;
@@ -77,10 +80,11 @@ class GroupView final : public QWidget {
     QHBoxLayout* box = nullptr;
     WordsLabel* words = nullptr;
     std::vector<std::size_t> rows;
+    bool changes = false;  // the operator can change a field in it
     int gridColumn = 0;
   };
 
-  void PasteCells(const FieldCell& first, const QString& cells);
+  void MakeBox(QWidget& body);
   void Build();
   void AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColumn);
   FieldCell* AddCell(const LayoutRow& row, bool second, Line& line);

@@ -1,6 +1,5 @@
 #include "desktop/page/page_area.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
@@ -11,6 +10,7 @@
 #include <algorithm>
 
 #include "desktop/edge.h"
+#include "desktop/page/page_bar.h"
 #include "desktop/page/page_view.h"
 #include "desktop/qt_text.h"
 
@@ -47,10 +47,7 @@ class WaitingStrip final : public QFrame {
     const bool shown = form_.At(group_.panel).Visible();
     if (shown == isVisibleTo(parentWidget())) return;
     setVisible(shown);
-    if (!shown) return;
     text_->setAccessibleName(text);
-    QAccessibleEvent alert(text_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
   }
 
  private:
@@ -85,6 +82,11 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
       }
     }
   }
+  bar_ = new PageBar(this);
+  column->addWidget(bar_);
+  Connect(bar_, &PageBar::Answered, this, [this](int button) {
+    if (presented_.AnswerBar(static_cast<std::size_t>(button))) Q_EMIT CloseWanted();
+  });
   column->addWidget(stack_, 1);
   why_->setAlignment(Qt::AlignCenter);
   why_->setWordWrap(true);
@@ -115,6 +117,7 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
 
 void PageArea::Apply(const FormChanges& changes) {
   for (WaitingStrip* strip : strips_) strip->Apply();
+  bar_->Apply(presented_.Shown().bar);
   ControlSet changed;
   for (const ControlId control : changes.controls) changed.set(control.ordinal);
   const bool fresh = Show(presented_.Page());

@@ -13,6 +13,7 @@ class QStackedWidget;
 
 namespace htr60::desktop {
 
+class PageBar;
 class PageView;
 class WaitingStrip;
 
@@ -44,12 +45,15 @@ class PageArea final : public QWidget {
   QString NoteOfFocus() const;
   /// The page in front, null where none is; for tests and for looking.
   PageView* View() const;
+  PageBar& Bar() const { return *bar_; }
 
  Q_SIGNALS:
   /// An open button was pressed and has led to another page; Back leads to `openButton` again.
   void Activated(htr60::ControlId openButton);
   /// The view's own "Open ..." was pressed.
   void ReopenPressed();
+  /// The operator has said that the window closes.
+  void CloseWanted();
 
  private:
   bool Show(const PageLayout* page);
@@ -59,6 +63,7 @@ class PageArea final : public QWidget {
   UserCntrl& control_;
   presentation::Presentation& presented_;
   std::vector<WaitingStrip*> strips_;
+  PageBar* bar_ = nullptr;
   QStackedWidget* stack_;
   QWidget* empty_;
   QLabel* why_;

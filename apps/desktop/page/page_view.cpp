@@ -5,7 +5,6 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <map>
 #include <numeric>
 
 #include "desktop/edge.h"
@@ -28,19 +27,13 @@ class Content final : public QWidget {
 
  private:
   void PaintArrows() {
-    const auto* flow = static_cast<GroupFlow*>(layout());
-    const std::vector<QWidget*> column = flow->FirstColumn();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette().color(QPalette::WindowText));
-    for (std::size_t i = 0; i + 1 < column.size(); ++i) {
-      const double top = column[i]->geometry().bottom() + 1;
-      const double bottom = column[i + 1]->geometry().top();
-      if (bottom <= top) continue;  // another column begins
-      const double x = column[i]->geometry().left() + fontMetrics().averageCharWidth() * 4;
-      const double half = (bottom - top) * 0.6;
-      painter.drawPolygon(QPolygonF{{x - half, top}, {x + half, top}, {x, bottom}});
+    for (const presentation::FlowArrow& arrow : static_cast<GroupFlow*>(layout())->Arrows()) {
+      painter.drawPolygon(QPolygonF{QPointF(arrow.left.x, arrow.left.y), QPointF(arrow.right.x, arrow.right.y),
+                                    QPointF(arrow.tip.x, arrow.tip.y)});
     }
   }
 
@@ -72,7 +65,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
 
   scroll_ = new PageScroll(this);
   content_ = new Content(page.signalFlow, scroll_);
-  flow_ = new GroupFlow(content_);
+  flow_ = new GroupFlow(page.signalFlow, content_);
   flow_->setContentsMargins(0, 0, 0, gap);
   flow_->setSpacing(gap);
   for (const LayoutGroup& group : page.groups) {
@@ -80,7 +73,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
     auto* view = new GroupView(context, page, group, content_);
     order_.push_back(static_cast<int>(groups_.size()));
     groups_.push_back(view);
-    flow_->Add(view, group.beside, group.separate);
+    flow_->Add(view, {.beside = group.beside, .separate = group.separate, .fills = [view] { return view->Fills(); }});
     connect(view, &GroupView::Pressed, this, &PageView::Pressed);
     Connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
   }
@@ -94,8 +87,8 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
 void PageView::AddFigure() {
   if (page_.figure == FigureKind::kNone) return;
   figure_ = new FigureWidget(content_);
-  flow_->Add(figure_, !groups_.empty() && !page_.figureBelow, false, !page_.figureBelow);
-  flow_->StretchLast();
+  flow_->Add(figure_,
+             {.beside = !groups_.empty() && !page_.figureBelow, .roomy = !page_.figureBelow, .stretches = true});
   order_.push_back(static_cast<int>(groups_.size()));
   Connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
   Connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
@@ -199,20 +192,14 @@ void PageView::ArrangeByTop() {
   for (std::size_t i = 1; i < stops.size(); ++i) setTabOrder(stops[i - 1], stops[i]);
 }
 
-// Fields stand in one line down each column of groups.
 void PageView::AlignCaptions() {
-  std::map<int, std::vector<GroupView*>> columns;
-  int column = 0;
-  for (GroupView* group : groups_) {
-    if (!group->isVisibleTo(content_)) continue;
-    if (group->Group().separate) column = 0;
-    if (group->Group().beside) ++column;
-    if (group->SharesCaptionWidth()) columns[column].push_back(group);
+  std::vector<presentation::CaptionMeasure> measures;
+  for (const GroupView* group : groups_) {
+    measures.push_back({&group->Group(), group->SharesCaptionWidth() ? group->CaptionWidth() : -1});
   }
-  for (const auto& [number, members] : columns) {
-    int width = 0;
-    for (const GroupView* group : members) width = std::max(width, group->CaptionWidth());
-    for (GroupView* group : members) group->SetCaptionWidth(width);
+  const std::vector<int> widths = presentation::CaptionWidths(measures);
+  for (std::size_t i = 0; i < groups_.size(); ++i) {
+    if (groups_[i]->SharesCaptionWidth()) groups_[i]->SetCaptionWidth(widths[i]);
   }
 }
 

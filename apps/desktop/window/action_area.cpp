@@ -1,6 +1,5 @@
 #include "desktop/window/action_area.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <utility>
@@ -29,15 +28,18 @@ ActionArea::ActionArea(QWidget* parent)
       back_(new QPushButton(tr("&Back"), this)),
       footer_(new QToolButton(this)),
       message_(new QLabel(this)),
-      revert_(new QPushButton(tr("Revert"), this)),
+      revert_(new QPushButton(ToQt(presentation::kRevert), this)),
       save_(new QPushButton(tr("&Save"), this)),
       write_(new WriteButton(tr("&Write"), this)) {
   back_->setObjectName(QStringLiteral("cmdBack"));
   save_->setObjectName(QStringLiteral("cmdSave"));
   write_->setObjectName(QStringLiteral("cmdWriteParameter"));
-  save_->setToolTip(tr("The device keeps every value: there is nothing to save here."));
+  save_->setToolTip(ToQt(presentation::kSaveTip));
   revert_->setObjectName(QStringLiteral("revert"));
-  revert_->setToolTip(tr("Puts the texts not written on this tab back."));
+  revert_->setToolTip(ToQt(presentation::kRevertTip));
+  footer_->setToolTip(ToQt(presentation::kFieldStatesTip));
+  footer_->setAccessibleName(ToQt(presentation::kFieldStatesName));
+  message_->setAccessibleName(ToQt(presentation::kMessageName));
   footer_->setObjectName(QStringLiteral("footer"));
   footer_->setAutoRaise(true);
   footer_->hide();
@@ -75,14 +77,11 @@ void ActionArea::Apply(Form& form, const presentation::Screen& screen) {
   revert_->setEnabled(screen.revertable > 0);
   SetProminent(screen.unwritten);
   footer_->setText(ToQt(screen.footer));
+  footer_->setAccessibleDescription(ToQt(screen.footer));
   footer_->setVisible(!screen.footer.empty());
   const QString message = screen.frame ? ToQt(screen.message) : QString();
-  if (message == message_->text()) return;
   message_->setText(message);
-  if (!message.isEmpty() && QAccessible::isActive()) {
-    QAccessibleEvent event(message_, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
-  }
+  message_->setAccessibleDescription(message);
 }
 
 // Prominent while there is something to write; while disabled it looks as any other.

@@ -39,6 +39,8 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
   std::string Simulated() const;
   /// Message boxes stand before `window`.
   void SetBoxParent(QWidget* window) { boxParent_ = window; }
+  /// A turn is due, whether the form has changed or not.
+  void WantTurn() { FormChanged(); }
 
  Q_SIGNALS:
   /// Once a turn, when answers, timers or the operator may have changed the form.

@@ -5,25 +5,15 @@
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <iterator>
 
+#include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
 namespace {
 
-// The parts in the order of the presentation.
-struct Part {
-  const char* name;   // for assistive technology and the tooltip
-  const char* shown;  // before the text
-};
-constexpr Part kParts[] = {
-    {"Tag", ""},         {"Manufacturer", ""},     {"Serial number", "SN "}, {"Firmware", "Firmware "},
-    {"Measurement", ""}, {"Write protection", ""},
-};
-constexpr std::size_t kTag = 0;
-constexpr std::size_t kLock = std::size(kParts) - 1;
+using presentation::kIdentityParts;
 
 }  // namespace
 
@@ -61,8 +51,39 @@ void CopyLabel::contextMenuEvent(QContextMenuEvent* event) {
   menu.exec(event->globalPos());
 }
 
+HealthButton::HealthButton(QWidget* parent) : QToolButton(parent) {
+  setAutoRaise(true);
+  setFocusPolicy(Qt::NoFocus);  // the tree leads there by keyboard
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void HealthButton::SetFullText(const QString& text) {
+  if (text == full_) return;
+  full_ = text;
+  updateGeometry();
+  Fit();
+}
+
+QSize HealthButton::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(full_) + 2 * fontMetrics().averageCharWidth(), fontMetrics().height()};
+}
+
+QSize HealthButton::minimumSizeHint() const {
+  return {qMin(sizeHint().width(), 8 * fontMetrics().averageCharWidth()), fontMetrics().height()};
+}
+
+void HealthButton::resizeEvent(QResizeEvent* event) {
+  QToolButton::resizeEvent(event);
+  Fit();
+}
+
+void HealthButton::Fit() {
+  const int room = qMax(width() - fontMetrics().averageCharWidth(), 1);
+  setText(fontMetrics().elidedText(full_, Qt::ElideRight, room));
+}
+
 IdentificationStrip::IdentificationStrip(QWidget* parent)
-    : QFrame(parent), padlock_(new QLabel(this)), healthShape_(new ShapeSlot(this)), health_(new CopyLabel(this)) {
+    : QFrame(parent), padlock_(new QLabel(this)), healthShape_(new ShapeSlot(this)), health_(new HealthButton(this)) {
   setFrameShape(QFrame::NoFrame);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
@@ -86,19 +107,20 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
 
   const int side = fontMetrics().height();
   padlock_->setPixmap(Drawing(QStringLiteral("padlock"), side, devicePixelRatioF()));
-  padlock_->setAccessibleName(tr("Write protection is on"));
+  padlock_->setAccessibleName(ToQt(presentation::kPadlockName));
   padlock_->hide();
-  for (std::size_t i = 0; i < std::size(kParts); ++i) {
+  for (std::size_t i = 0; i < kIdentityParts.size(); ++i) {
     AddBar(*line);
-    if (i == kLock) line->addWidget(padlock_);
+    if (i == presentation::kLockPart) line->addWidget(padlock_);
     auto* label = new CopyLabel(this);
-    if (i == kTag) label->setFont(bold);
+    if (i == presentation::kTagPart) label->setFont(bold);
     line->addWidget(label);
     labels_.push_back(label);
   }
   line->addStretch(1);
   health_->setObjectName(QStringLiteral("health"));
-  health_->setAccessibleName(tr("Health"));
+  health_->setAccessibleName(ToQt(presentation::kHealthName));
+  Connect(health_, &HealthButton::clicked, this, [this] { Q_EMIT HealthPressed(); });
   line->addWidget(healthShape_);
   line->addWidget(health_);
 }
@@ -110,7 +132,7 @@ void IdentificationStrip::AddBar(QHBoxLayout& line) {
   line.addWidget(bar);
 }
 
-void IdentificationStrip::Apply(const presentation::Screen& screen) {
+void IdentificationStrip::Apply(const presentation::Screen& screen, const QString& healthTip) {
   for (std::size_t i = 0; i < badges_.size(); ++i) {
     const bool stands = i < screen.badges.size();
     if (stands) badges_[i]->setText(ToQt(screen.badges[i]));
@@ -118,18 +140,19 @@ void IdentificationStrip::Apply(const presentation::Screen& screen) {
   }
   for (std::size_t i = 0; i < labels_.size() && i < screen.identity.size(); ++i) {
     const QString text = ToQt(screen.identity[i]);
-    const QString name = tr(kParts[i].name);
+    const QString name = ToQt(kIdentityParts[i].name);
     CopyLabel* label = labels_[i];
-    label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : tr(kParts[i].shown) + text);
+    label->SetFullText(text.isEmpty() ? tr("%1: not read").arg(name) : ToQt(kIdentityParts[i].prefix) + text);
     label->setToolTip(text.isEmpty() ? QString() : name + QStringLiteral(": ") + text);
     label->setAccessibleName(name);
     label->setAccessibleDescription(text.isEmpty() ? tr("not read") : text);
   }
-  tag_ = ToQt(screen.identity[kTag]);
-  padlock_->setVisible(screen.identity[kLock] == "Write Locked");
+  tag_ = ToQt(screen.identity[presentation::kTagPart]);
+  padlock_->setVisible(screen.identity[presentation::kLockPart] == presentation::kLocked);
   health_->SetFullText(ToQt(screen.healthText));
   health_->setAccessibleDescription(ToQt(screen.healthText));
-  healthShape_->SetShape(ShapeOf(screen.health));
+  health_->setToolTip(healthTip);
+  healthShape_->SetShape(ShapeOf(screen.health), presentation::NameOf(screen.health));
 }
 
 QString IdentificationStrip::Tag() const { return tag_; }

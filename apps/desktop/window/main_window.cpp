@@ -18,6 +18,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/window/action_area.h"
 #include "desktop/window/identification_strip.h"
+#include "desktop/window/live_region.h"
 #include "desktop/window/page_header.h"
 #include "desktop/window/status_panels.h"
 #include "desktop/window/tree_panel.h"
@@ -49,8 +50,10 @@ presentation::DataLine::TimeOfDay TimeOfDay(const DesktopHost& host) {
 MainWindow::MainWindow(DesktopHost& host, Places places)
     : host_(host),
       control_(host.Control()),
-      presented_(control_,
-                 {.now = [&host] { return host.Now(); }, .timeOfDay = TimeOfDay(host), .simulated = host.Simulated()}),
+      presented_(control_, {.now = [&host] { return host.Now(); },
+                            .timeOfDay = TimeOfDay(host),
+                            .simulated = host.Simulated(),
+                            .changed = [&host] { host.WantTurn(); }}),
       places_(places) {
   setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
   MakeLayout();
@@ -86,6 +89,7 @@ void MainWindow::MakeLayout() {
   column->addWidget(strip_);
   column->addWidget(splitter_, 1);
   column->addWidget(panels_);
+  live_ = new LiveRegion(all);
 
   tree_ = new TreePanel(control_.form.treeView, splitter_);
   auto* right = new QWidget(splitter_);
@@ -113,6 +117,11 @@ void MainWindow::MakeLayout() {
     openers_.clear();
     presented_.Reopen();
     focusAfter_ = FocusAfter::kFirstField;
+  });
+  Connect(page_, &PageArea::CloseWanted, this, [this] { close(); });
+  Connect(strip_, &IdentificationStrip::HealthPressed, this, [this] {
+    openers_.clear();
+    presented_.OpenHealth();
   });
   Connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
   Connect(actions_, &ActionArea::RevertPressed, this, [this] {
@@ -167,13 +176,16 @@ void MainWindow::Turn() {
   const presentation::Screen& screen = presented_.Show();
   // A failure of one part leaves the others what has changed for them.
   Guarded([&] {
-    if (!changes.tree) return;
-    tree_->Apply();
-    LimitTree();
+    if (changes.tree) {
+      tree_->Apply();
+      LimitTree();
+    }
+    tree_->SetMarks(presented_.Marks());
+    live_->Announce(presented_.TakeAnnounced());
   });
   Guarded([&] {
     if (changes.status) panels_->Apply(control_.form.statusBar);
-    strip_->Apply(screen);
+    strip_->Apply(screen, ToQt(presented_.HealthTip()));
     const QString tag = strip_->Tag();
     setWindowTitle((tag.isEmpty() ? QString() : tag + QStringLiteral(" - ")) + QStringLiteral("HTR60 - SIMULATED"));
   });
@@ -308,7 +320,8 @@ void MainWindow::KeepPlaces() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   Guarded([this] { KeepPlaces(); });
-  QMainWindow::closeEvent(event);
+  if (!GuardedTakes([this] { return !presented_.WantsToClose(); })) return QMainWindow::closeEvent(event);
+  event->ignore();
 }
 
 }  // namespace htr60::desktop

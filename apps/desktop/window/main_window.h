@@ -13,6 +13,7 @@ namespace htr60::desktop {
 
 class ActionArea;
 class IdentificationStrip;
+class LiveRegion;
 class PageArea;
 class PageHeader;
 class StatusPanels;
@@ -75,6 +76,7 @@ class MainWindow final : public QMainWindow {
   PageArea* page_;
   ActionArea* actions_;
   StatusPanels* panels_;
+  LiveRegion* live_;
   QAction* offline_;
   std::vector<ControlId> openers_;  // the open buttons that led here, for Back
   ControlId opener_;

@@ -20,6 +20,7 @@ PageHeader::PageHeader(QWidget* parent)
   font.setBold(true);
   font.setPointSizeF(font.pointSizeF() * 1.3);
   title_->setFont(font);
+  data_->setAccessibleName(ToQt(presentation::kDataLineName));
   purpose_->setWordWrap(true);
   const int gap = fontMetrics().averageCharWidth();
   auto* grid = new QGridLayout(this);
@@ -31,7 +32,7 @@ PageHeader::PageHeader(QWidget* parent)
   grid->addWidget(data_, 0, 2);
   grid->addWidget(purpose_, 1, 0, 1, 3);
   grid->setColumnStretch(0, 1);
-  warning_->SetShape(Shape::kWarning);
+  warning_->SetShape(Shape::kWarning, presentation::kLateName);
   warning_->hide();
 }
 
@@ -39,6 +40,7 @@ void PageHeader::Apply(const presentation::Screen& screen) {
   title_->setText(ToQt(screen.title));
   purpose_->setText(ToQt(screen.purpose));
   data_->setText(ToQt(screen.dataLine));
+  data_->setAccessibleDescription(data_->text());
   warning_->setVisible(screen.late);
 }
 

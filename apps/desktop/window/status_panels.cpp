@@ -1,6 +1,5 @@
 #include "desktop/window/status_panels.h"
 
-#include <QAccessible>
 #include <QHBoxLayout>
 
 #include "desktop/figure/drawings.h"
@@ -9,11 +8,7 @@
 namespace htr60::desktop {
 namespace {
 
-struct Panel {
-  int percent;
-  const char* name;
-};
-constexpr Panel kPanels[] = {{24, "Connection"}, {8, ""}, {8, ""}, {60, "Traffic"}};
+constexpr int kPercents[] = {24, 8, 8, 60};
 
 // A label that neither asks for room nor grows: the panels keep their shares whatever they say.
 class PanelText final : public QLabel {
@@ -32,7 +27,7 @@ StatusPanels::StatusPanels(QWidget* parent) : QFrame(parent), picture_(new QLabe
   const int gap = fontMetrics().height() / 4;
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(0);
-  for (std::size_t i = 0; i < std::size(kPanels); ++i) {
+  for (std::size_t i = 0; i < std::size(kPercents); ++i) {
     auto* panel = new QFrame(this);
     panel->setFrameShape(QFrame::StyledPanel);
     auto* inside = new QHBoxLayout(panel);
@@ -40,10 +35,10 @@ StatusPanels::StatusPanels(QWidget* parent) : QFrame(parent), picture_(new QLabe
     inside->setSpacing(gap);
     texts_[i] = new PanelText(panel);
     texts_[i]->setTextFormat(Qt::PlainText);
-    texts_[i]->setAccessibleName(QLatin1String(kPanels[i].name));
+    texts_[i]->setAccessibleName(ToQt(presentation::kPanelNames[i]));
     if (i == 0) inside->addWidget(picture_);
     inside->addWidget(texts_[i], 1);
-    line->addWidget(panel, kPanels[i].percent);
+    line->addWidget(panel, kPercents[i]);
   }
   picture_->hide();
 }
@@ -52,13 +47,7 @@ void StatusPanels::Apply(const StatusBar& bar) {
   for (int i = 1; i <= 4; ++i) {
     QLabel* text = texts_[static_cast<std::size_t>(i - 1)];
     const QString now = ToQt(bar.Panel(i).text);
-    if (text->text() == now) continue;
-    text->setText(now);
-    // The change of the connection is told to assistive technology, the traffic of the polling is not.
-    if (i == 1 && QAccessible::isActive()) {
-      QAccessibleEvent event(text, QAccessible::Alert);
-      QAccessible::updateAccessibility(&event);
-    }
+    if (text->text() != now) text->setText(now);
   }
   const std::string& picture = bar.Panel(1).picture;
   if (picture == shownPicture_) return;

@@ -3,21 +3,27 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
+#include "desktop/figure/shapes.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
 namespace {
 
 constexpr int kPosition = Qt::UserRole;
+constexpr int kOpen = Qt::UserRole + 1;
+constexpr int kUnwritten = Qt::UserRole + 2;
+
+QIcon NodeIcon(std::string_view picture, int side) { return DrawingIcon(ToQt(picture), {}, side); }
 
 }  // namespace
 
 TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tree_(tree) {
   setHeaderHidden(true);
-  setAccessibleName(tr("Pages"));
+  setAccessibleName(ToQt(presentation::kTreeName));
   setExpandsOnDoubleClick(false);  // a double click is two activations, and the branch stays as it is
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setIndentation(fontMetrics().averageCharWidth() * 5 / 2);
@@ -44,7 +50,11 @@ void TreePanel::Apply() {
   if (selected != 0) setCurrentItem(items_[static_cast<std::size_t>(selected)]);
 }
 
+// Cursor and scroll place stay by text.
 void TreePanel::Rebuild() {
+  const auto textOf = [](const QTreeWidgetItem* item) { return item == nullptr ? QString() : item->text(0); };
+  const QString cursor = textOf(currentItem());
+  const QString top = textOf(itemAt(0, 0));
   generation_ = tree_.Generation();
   clear();
   items_.assign(1, nullptr);
@@ -53,28 +63,79 @@ void TreePanel::Rebuild() {
     QTreeWidgetItem* item = node.parent == 0 ? new QTreeWidgetItem(this)
                                              : new QTreeWidgetItem(items_.at(static_cast<std::size_t>(node.parent)));
     item->setText(0, ToQt(node.text));
-    item->setIcon(0, DrawingIcon(ToQt(node.picture), ToQt(node.selectedPicture), iconSize().height()));
     item->setData(0, kPosition, static_cast<int>(items_.size()));
+    ShowMarks(*item, node);
     items_.push_back(item);
     expanded_.push_back(node.expanded);
   }
   expandAll();  // for the operator; the program's own flags stay as they are
+  if (QTreeWidgetItem* item = ItemOf(top)) scrollToItem(item, PositionAtTop);
+  if (QTreeWidgetItem* item = ItemOf(cursor)) setCurrentItem(item);
   updateGeometry();
 }
 
+QTreeWidgetItem* TreePanel::ItemOf(const QString& text) const {
+  for (QTreeWidgetItem* item : items_) {
+    if (item != nullptr && item->text(0) == text) return item;
+  }
+  return nullptr;
+}
+
+// ---- marks
+
+void TreePanel::SetMarks(const presentation::TreeMarks& marks) {
+  if (marks == marks_) return;
+  marks_ = marks;
+  for (std::size_t i = 1; i < items_.size() && i <= tree_.Nodes().size(); ++i) {
+    ShowMarks(*items_[i], tree_.Nodes()[i - 1]);
+  }
+}
+
+void TreePanel::ShowMarks(QTreeWidgetItem& item, const TreeNode& node) const {
+  const bool open = node.text == marks_.open;
+  const bool unwritten =
+      std::find(marks_.unwritten.begin(), marks_.unwritten.end(), node.text) != marks_.unwritten.end();
+  item.setIcon(0, NodeIcon(open ? node.selectedPicture : node.picture, iconSize().height()));
+  item.setData(0, kOpen, open);
+  item.setData(0, kUnwritten, unwritten);
+  QStringList words;
+  if (open) words << ToQt(presentation::kOpenNodeMark);
+  if (unwritten) words << ToQt(presentation::kUnwrittenNodeMark);
+  item.setData(0, Qt::AccessibleDescriptionRole, words.join(QStringLiteral(", ")));
+}
+
+// A bar at the tree's edge beside the open node, the pencil after the text of one that is not written.
+void TreePanel::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  QTreeWidget::drawRow(painter, option, index);
+  Guarded([&] {
+    const int gap = fontMetrics().averageCharWidth() / 2;
+    if (index.data(kOpen).toBool()) {
+      const QRect bar(0, option.rect.top(), std::max(3, gap), option.rect.height());
+      painter->fillRect(bar, palette().color(QPalette::Text));
+    }
+    if (!index.data(kUnwritten).toBool()) return;
+    const int side = fontMetrics().ascent();
+    const QRect row = visualRect(index);
+    const int x = row.left() + iconSize().width() + 3 * gap + fontMetrics().horizontalAdvance(index.data().toString());
+    PaintShape(*painter, QRectF(x + gap + 0.5, row.center().y() - side / 2 + 0.5, side - 1, side - 1),
+               desktop::Shape::kPencil, palette());
+  });
+}
+
+// ---- the operator
+
 int TreePanel::TextWidth() const {
-  return sizeHintForColumn(0) + 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  const int pencil = fontMetrics().ascent() + 2 * fontMetrics().averageCharWidth();
+  return sizeHintForColumn(0) + pencil + 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
 }
 
 bool TreePanel::Press(const QString& text) {
-  for (QTreeWidgetItem* item : items_) {
-    if (item == nullptr || item->text(0) != text) continue;
-    setFocus(Qt::MouseFocusReason);
-    setCurrentItem(item);
-    Activate(item);
-    return true;
-  }
-  return false;
+  QTreeWidgetItem* item = ItemOf(text);
+  if (item == nullptr) return false;
+  setFocus(Qt::MouseFocusReason);
+  setCurrentItem(item);
+  Activate(item);
+  return true;
 }
 
 void TreePanel::Activate(QTreeWidgetItem* item) {

@@ -16,6 +16,8 @@ class TreePanel final : public QTreeWidget {
   TreePanel(TreeView& tree, QWidget* parent);
   /// Called where the form has marked the tree.
   void Apply();
+  /// What the nodes bear, by their texts. Once a turn.
+  void SetMarks(const presentation::TreeMarks& marks);
   /// Width at which no text is cut, in pixels.
   int TextWidth() const;
   /// Presses the first node of that text, as a click does; false where the tree has none.
@@ -27,15 +29,19 @@ class TreePanel final : public QTreeWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
   void Rebuild();
+  QTreeWidgetItem* ItemOf(const QString& text) const;
+  void ShowMarks(QTreeWidgetItem& item, const TreeNode& node) const;
   void Activate(QTreeWidgetItem* item);
 
   TreeView& tree_;
   std::uint32_t generation_ = 0;
   std::vector<QTreeWidgetItem*> items_;  // by position, from 1
   std::vector<bool> expanded_;           // the program's own flags when last seen
+  presentation::TreeMarks marks_;
 };
 
 }  // namespace htr60::desktop

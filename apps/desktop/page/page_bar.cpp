@@ -1,0 +1,61 @@
+#include "desktop/page/page_bar.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+
+#include "desktop/edge.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+
+PageBar::PageBar(QWidget* parent) : QFrame(parent), text_(new QLabel(this)) {
+  setObjectName(QStringLiteral("pageBar"));
+  setFrameShape(QFrame::StyledPanel);
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::ToolTipBase);
+  text_->setForegroundRole(QPalette::ToolTipText);
+  text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
+  const int gap = fontMetrics().averageCharWidth();
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(gap, gap / 2, gap, gap / 2);
+  line->setSpacing(gap);
+  line->addWidget(text_, 1);
+  hide();
+}
+
+void PageBar::Apply(const std::optional<presentation::ScreenBar>& bar) {
+  if (!bar) {
+    if (isHidden()) return;
+    const bool focused = isAncestorOf(QApplication::focusWidget());
+    hide();
+    captions_.clear();
+    if (focused && before_ != nullptr && before_->isVisible()) before_->setFocus(Qt::OtherFocusReason);
+    return;
+  }
+  text_->setText(ToQt(bar->text));
+  setAccessibleName(text_->text());
+  if (bar->buttons == captions_) return;
+  if (isHidden()) before_ = QApplication::focusWidget();
+  MakeButtons(bar->buttons);
+  show();
+  buttons_.front()->setFocus(Qt::OtherFocusReason);
+}
+
+void PageBar::MakeButtons(const std::vector<std::string>& captions) {
+  for (QPushButton* button : buttons_) button->deleteLater();
+  buttons_.clear();
+  captions_ = captions;
+  for (const std::string& caption : captions) {
+    auto* button = new QPushButton(ToQt(caption), this);
+    button->setAutoDefault(false);
+    button->setAccessibleDescription(text_->text());
+    layout()->addWidget(button);
+    const int number = static_cast<int>(buttons_.size());
+    Connect(button, &QPushButton::clicked, this, [this, number] { Q_EMIT Answered(number); });
+    buttons_.push_back(button);
+    button->show();
+  }
+}
+
+}  // namespace htr60::desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "presentation/screen.h"
+
+// What a view tells of a field on request: tooltip, description for assistive technology, context menu.
+namespace htr60::presentation {
+
+/// What the layout notes of a control; the note of a row is that of its first control.
+std::string_view NoteOf(const LayoutRow& row, ControlId control);
+
+/// Marker and note: "not written; Decimal separator here is .; The upper end."
+std::string DescriptionOf(const ScreenRow& row, std::string_view note);
+
+/// What of a field does not fit where it stands, which the view knows.
+struct CutOff {
+  bool text = false;
+  bool words = false;  ///< and the hint
+};
+/// Lines; none for an access code.
+std::string ToolTipOf(const ScreenRow& row, std::string_view note, CutOff cutOff);
+
+enum class FieldAct : std::uint8_t { kCopy, kPaste, kPutBack };
+struct FieldMenuItem {
+  FieldAct act = FieldAct::kCopy;
+  std::string caption;
+  bool enabled = true;
+
+  bool operator==(const FieldMenuItem&) const = default;
+};
+/// `replaced`: the operator's text that the program has replaced, where it can be put back.
+std::vector<FieldMenuItem> MenuOf(const ScreenRow& row, const std::optional<std::string>& replaced);
+
+}  // namespace htr60::presentation
