@@ -12,6 +12,9 @@ namespace {
 
 constexpr std::string_view kStatus = "Status";
 
+// Group boxes of the live monitors stand this high while a value without a status is shown.
+constexpr int kHeightWithoutStatus = 960;
+
 bool IsField(RowKind kind) { return kind != RowKind::kOpen && kind != RowKind::kWrite && kind != RowKind::kFixed; }
 
 bool GoesStale(RowKind kind) {
@@ -110,6 +113,12 @@ std::string_view TitleOf(Form& form, const LayoutGroup& group) {
 
 bool IsShown(Form& form, const LayoutGroup& group) { return !group.frame || form.At(FrameId{group.frame}).Visible(); }
 
+bool StatusFits(Form& form, const LayoutGroup& group, const LayoutRow& row) {
+  if (row.kind != RowKind::kListRo || !group.frame) return true;
+  const int height = form.At(FrameId{group.frame}).Height();
+  return height == 0 || height > kHeightWithoutStatus;
+}
+
 std::vector<const LayoutGroup*> GroupsInFront(Form& form, const PageLayout& page) {
   const TabsInFront tabs = TabsOf(form, page);
   std::vector<const LayoutGroup*> groups;
@@ -145,7 +154,7 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
     const bool shown = IsShown(form, *group);
     const std::string_view title = TitleOf(form, *group);
     const char groupLetter = *letter++;
-    if (shown && !title.empty()) screen.groups.push_back({std::string(title), groupLetter});
+    if (shown && !title.empty()) screen.groups.push_back({std::string(title), groupLetter, group});
     for (const LayoutRow& row : group->rows) {
       const char rowLetter = row.kind == RowKind::kOpen ? *letter++ : '\0';
       if (!shown || !row.control) continue;

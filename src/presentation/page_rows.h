@@ -19,6 +19,9 @@ std::string_view TitleOf(Form& form, const LayoutGroup& group);
 /// Its box is shown, or it has none.
 bool IsShown(Form& form, const LayoutGroup& group);
 
+/// A monitor's status stands while its box is high: an old status never stands beside a new value.
+bool StatusFits(Form& form, const LayoutGroup& group, const LayoutRow& row);
+
 /// Groups, fields and buttons of the visible tab, into `screen`. `stale`: values that a timer should renew are old.
 void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, const PageLayout& page, bool stale);
 

@@ -62,7 +62,8 @@ Presentation::Presentation(UserCntrl& control, Surroundings surroundings)
       surroundings_(std::move(surroundings)),
       states_(control, surroundings_.now),
       line_(surroundings_.timeOfDay),
-      health_(control) {
+      health_(control),
+      keyboard_(*this, control) {
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
       if (page.IsLaidOut()) layouts_.push_back(&page);
@@ -129,6 +130,7 @@ void Presentation::Activate(std::string_view text, int position) {
     control_.Activate(node, position);
   }
   states_.NodeActivated();
+  keyboard_.NodeActivated();
   NotePage();
   Opened(page_, sameNode && page_ == before && title_ == titleBefore);
 }
@@ -153,6 +155,7 @@ void Presentation::ActivateAgain() {
 bool Presentation::Reopen() {
   if (!CanReopen()) return false;
   ActivateAgain();
+  keyboard_.PageReopened();
   return true;
 }
 
@@ -168,6 +171,11 @@ void Presentation::Press(ButtonId button) {
   }
   NotePage();
   const bool moved = page_ != before || title_ != titleBefore;
+  if (moved && button == id::cmdBack) {
+    keyboard_.Returned();
+  } else if (moved && page_ != nullptr) {
+    keyboard_.PageOpened(button);
+  }
   if (button == id::cmdBack) {
     line_.Returned(page_);
   } else if (moved) {
@@ -179,9 +187,23 @@ void Presentation::Press(ButtonId button) {
 
 void Presentation::ClickTab(TabsId strip, int index) { control_.ClickTab(strip, index); }
 
-void Presentation::Type(TextId field, std::string_view text) { states_.Type(field, text); }
+void Presentation::Type(TextId field, std::string_view text) {
+  keyboard_.Edited(field);
+  states_.Type(field, text);
+}
 
-void Presentation::Pick(ChoiceId list, std::size_t row) { states_.Pick(list, row); }
+void Presentation::Pick(ChoiceId list, std::size_t row) {
+  keyboard_.Edited(list);
+  states_.Pick(list, row);
+}
+
+Sight Presentation::InSight() {
+  return {.control = control_,
+          .page = page_,
+          .reopens = CanReopen(),
+          .counted = page_ != nullptr && !states_.Counted(*page_).empty(),
+          .revertable = page_ != nullptr && states_.Revertable(*page_) > 0};
+}
 
 int Presentation::Revert() { return page_ == nullptr ? 0 : states_.Revert(*page_); }
 
@@ -198,6 +220,7 @@ FormChanges Presentation::Turn() {
     NotePage();
     if (!acting_ && page_ != before) Opened(page_, false);
   }
+  keyboard_.Turn();
   return changes;
 }
 
@@ -308,7 +331,7 @@ Figure Presentation::Drawing() {
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
-                      .focus = focus_});
+                      .focus = keyboard_.At().control});
 }
 
 std::optional<ScreenFigure> Presentation::FigureOf() {
@@ -398,6 +421,7 @@ ControlId Presentation::StepCounted() {
     const TabsInFront tabs = TabsOf(control_.form, *page_);
     if (group.innerTab >= 0) ClickTab(tabs.inner, group.innerTab);
   }
+  keyboard_.GoTo(counted_);
   return counted_;
 }
 

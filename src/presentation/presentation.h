@@ -10,6 +10,7 @@
 #include "presentation/data_line.h"
 #include "presentation/field_states.h"
 #include "presentation/health.h"
+#include "presentation/keyboard.h"
 #include "presentation/screen.h"
 
 namespace htr60::presentation {
@@ -41,7 +42,9 @@ class Presentation {
   void Pick(ChoiceId list, std::size_t row);
   /// Puts the texts not written on the visible tab back; gives how many.
   int Revert();
-  void Focus(ControlId control) { focus_ = control; }
+  /// The pointer brings the focus to a control.
+  void Focus(ControlId control) { keyboard_.Came(control); }
+  Keyboard& Keys() { return keyboard_; }
 
   /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
   FormChanges Turn();
@@ -58,11 +61,14 @@ class Presentation {
   std::int64_t Now() const { return surroundings_.now(); }
   /// The values of the page in front are there, and nothing is under way.
   bool Settled() const;
-  /// The next field that the footer counts, after the one given last, brought to the front; none where there is none.
+  /// The next field that the footer counts, after the one given last, brought to the front, with the focus; none where
+  /// there is none.
   ControlId StepCounted();
 
   /// The page in front, null where none is.
   const PageLayout* Page() const { return page_; }
+  /// What can take the focus depends on.
+  Sight InSight();
   FieldStates& States() { return states_; }
 
  private:
@@ -99,7 +105,7 @@ class Presentation {
   std::vector<const PageLayout*> layouts_;
   const PageLayout* page_ = nullptr;
   std::string title_;
-  ControlId focus_;
+  Keyboard keyboard_;
   ControlId counted_;  // the field that a press of the footer led to last
   Activation activation_;
   std::string message_;

@@ -39,6 +39,7 @@ struct ScreenButton {
 struct ScreenGroup {
   std::string caption;
   char mnemonic = '\0';
+  const LayoutGroup* group = nullptr;
 };
 
 struct ScreenTabs {
