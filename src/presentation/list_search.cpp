@@ -74,19 +74,6 @@ int ListSearch::RowAt(int line) const {
   return at < 0 || at >= static_cast<int>(found_.size()) ? kNone : found_[static_cast<std::size_t>(at)];
 }
 
-std::string_view ListSearch::Longest() const {
-  std::string_view longest = now_;
-  std::size_t most = Folded(now_).size();
-  for (const std::string& row : rows_) {
-    if (row.size() <= most) continue;  // no more characters than bytes
-    const std::size_t characters = Folded(row).size();
-    if (characters <= most) continue;
-    longest = row;
-    most = characters;
-  }
-  return longest;
-}
-
 void ListSearch::MoveTo(int line) { current_ = RowAt(line) == kNone ? kNone : line; }
 
 void ListSearch::Move(ListMove move) {

@@ -35,8 +35,6 @@ class ListSearch {
   int RowAt(int line) const;
   /// The text of a row, found or not.
   const std::string& Row(int row) const { return rows_[static_cast<std::size_t>(row)]; }
-  /// The longest line: views take their width from it, whatever is searched.
-  std::string_view Longest() const;
 
   /// The line that Enter takes, or `kNone`: it takes none that nobody has chosen.
   int Current() const { return current_; }

@@ -52,7 +52,6 @@ class FieldCell final : public QObject {
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
-  void Entered();
   void PastedCells(const QString& cells);
 
  protected:

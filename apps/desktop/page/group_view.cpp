@@ -1,6 +1,5 @@
 #include "desktop/page/group_view.h"
 
-#include <QKeyEvent>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -12,9 +11,6 @@ namespace {
 
 constexpr int kUnitCharacters = 16;
 constexpr int kLeastUnitCharacters = 6;
-
-// Group boxes of the live monitors stand this high while a value without a status is shown.
-constexpr int kHeightWithoutStatus = 960;
 
 bool SpansPage(RowKind kind) { return kind == RowKind::kMsg || kind == RowKind::kFixed; }
 
@@ -103,9 +99,7 @@ FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   }
   line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
   connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
-  Connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
   Connect(cell, &FieldCell::PastedCells, this, [this, cell](const QString& cells) { PasteCells(*cell, cells); });
-  if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
   if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
   return cell;
 }
@@ -174,13 +168,6 @@ void GroupView::Finish() {
         if (cell != nullptr) cell->SetWordsFit([words = line.words] { return words->Fits(); });
       }
     }
-  }
-  // Labels with values take the focus as one: the first by Tab, the others by arrows.
-  bool first = true;
-  for (FieldCell* cell : cells_) {
-    if (cell->Kind() != RowKind::kLabel) continue;
-    cell->Widget()->setFocusPolicy(first ? Qt::StrongFocus : Qt::ClickFocus);
-    first = false;
   }
   ControlSet all;
   all.set();
@@ -263,11 +250,8 @@ bool GroupView::Shows(const Row& made) const {
   return (made.cell->Shows() && StatusFits(*made.row)) || (made.second != nullptr && made.second->Shows());
 }
 
-// A monitor's status is shown while its box is high: an old status never stands beside a new value.
 bool GroupView::StatusFits(const LayoutRow& row) const {
-  if (row.kind != RowKind::kListRo || !group_.frame) return true;
-  const int height = context_.control.form.At(FrameId{group_.frame}).Height();
-  return height == 0 || height > kHeightWithoutStatus;
+  return presentation::StatusFits(context_.control.form, group_, row);
 }
 
 bool GroupView::Shows() const {
@@ -318,44 +302,6 @@ void GroupView::SetCaptionWidth(int width) { grid_->setColumnMinimumWidth(0, wid
 void GroupView::SetMnemonic(char letter) {
   mnemonic_ = letter;
   if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
-}
-
-// ---- labels with values
-
-bool GroupView::eventFilter(QObject* watched, QEvent* event) {
-  if (GuardedTakes([&] { return LabelTakes(watched, *event); })) return true;
-  return QWidget::eventFilter(watched, event);
-}
-
-bool GroupView::LabelTakes(const QObject* label, const QEvent& event) {
-  if (event.type() == QEvent::KeyPress || event.type() == QEvent::FocusIn) {
-    for (FieldCell* cell : cells_) {
-      if (cell->Widget() != label) continue;
-      if (event.type() == QEvent::FocusIn) {
-        for (FieldCell* other : cells_) {
-          if (other->Kind() == RowKind::kLabel) {
-            other->Widget()->setFocusPolicy(other == cell ? Qt::StrongFocus : Qt::ClickFocus);
-          }
-        }
-        break;
-      }
-      const int key = static_cast<const QKeyEvent&>(event).key();
-      if (key != Qt::Key_Up && key != Qt::Key_Down) break;
-      MoveAmongLabels(*cell, key == Qt::Key_Down ? 1 : -1);
-      return true;
-    }
-  }
-  return false;
-}
-
-void GroupView::MoveAmongLabels(FieldCell& from, int step) {
-  auto at = std::find(cells_.begin(), cells_.end(), &from) - cells_.begin();
-  for (at += step; at >= 0 && at < static_cast<std::ptrdiff_t>(cells_.size()); at += step) {
-    const FieldCell* next = cells_[static_cast<std::size_t>(at)];
-    if (next->Kind() != RowKind::kLabel || !next->Widget()->isVisible()) continue;
-    next->Widget()->setFocus(Qt::OtherFocusReason);
-    return;
-  }
 }
 
 }  // namespace htr60::desktop

@@ -50,10 +50,6 @@ class GroupView final : public QWidget {
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
-  void Entered(htr60::desktop::FieldCell* cell);
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Row {
@@ -85,8 +81,6 @@ class GroupView final : public QWidget {
   bool StatusFits(const LayoutRow& row) const;
   QString CaptionOf(const LayoutRow& row) const;
   QString UnitOf(const LayoutRow& row) const;
-  bool LabelTakes(const QObject* label, const QEvent& event);
-  void MoveAmongLabels(FieldCell& from, int step);
 
   PageContext context_;
   const PageLayout& page_;

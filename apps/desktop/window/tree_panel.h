@@ -18,15 +18,14 @@ class TreePanel final : public QTreeWidget {
   void Apply();
   /// Width at which no text is cut, in pixels.
   int TextWidth() const;
+  /// Activates the node at the cursor.
+  void ActivateCurrent();
   /// Presses the first node of that text, as a click does; false where the tree has none.
   bool Press(const QString& text);
 
  Q_SIGNALS:
   /// The operator activates a node: its text and its position in the order of creation, from 1.
   void NodeActivated(const QString& text, int position);
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Rebuild();
