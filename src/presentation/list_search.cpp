@@ -41,7 +41,7 @@ ListSearch::ListSearch(std::span<const std::string_view> rows, std::string_view 
   std::iota(found_.begin(), found_.end(), 0);
   const auto row = std::find(rows_.begin(), rows_.end(), shown);
   if (row != rows_.end()) {
-    current_ = static_cast<int>(row - rows_.begin());
+    current_ = shown_ = static_cast<int>(row - rows_.begin());
   } else if (!shown.empty()) {
     now_ = "Now: " + std::string(shown) + " (not in this list)";
   }
@@ -57,10 +57,11 @@ void ListSearch::Search(std::string_view text) {
   std::vector<int> others;
   for (std::size_t i = 0; i < folded_.size(); ++i) {
     if (folded_[i].find(wanted) == std::u32string::npos) continue;
-    (folded_[i] == wanted ? found_ : others).push_back(static_cast<int>(i));
+    (!wanted.empty() && folded_[i] == wanted ? found_ : others).push_back(static_cast<int>(i));
   }
   found_.insert(found_.end(), others.begin(), others.end());
-  current_ = found_.empty() || wanted.empty() ? kNone : Extra();
+  current_ = found_.empty() ? kNone : Extra();
+  if (wanted.empty()) current_ = shown_;
   ++generation_;
 }
 

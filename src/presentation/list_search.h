@@ -51,6 +51,7 @@ class ListSearch {
   std::string now_;                     // the line of a text that is no row
   std::string text_;
   std::vector<int> found_;
+  int shown_ = kNone;  // row of the text shown
   int current_ = kNone;
   int generation_ = 0;
 };

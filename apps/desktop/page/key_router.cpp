@@ -102,7 +102,7 @@ bool KeyRouter::Press(const QWidget& widget, const QKeyEvent& event) {
 
 // Where Tab leads is decided by the presentation; with that reason the focus only flees what is hidden or disabled.
 void KeyRouter::Came(const QWidget& widget, Qt::FocusReason reason) {
-  if (moving_ || widget.window() != root_.window()) return;
+  if (drawing_ || widget.window() != root_.window()) return;
   switch (reason) {
     case Qt::MouseFocusReason:
     case Qt::ShortcutFocusReason:
@@ -115,26 +115,31 @@ void KeyRouter::Came(const QWidget& widget, Qt::FocusReason reason) {
 }
 
 void KeyRouter::Follow() {
+  drawing_ = false;
   FollowList();
   FollowFocus();
 }
 
 void KeyRouter::FollowList() {
-  if (opened_ != nullptr) opened_->Follow();
+  auto* popup = qobject_cast<ChoicePopup*>(QApplication::activePopupWidget());
+  if (popup != nullptr && !popup->Shows(keys_.Opened())) popup->close();
   if (keys_.Opened() == nullptr) return;
-  opened_ = qobject_cast<ChoiceField*>(FindSpot(root_, keys_.OpenedOf()));
-  if (opened_ != nullptr) opened_->Follow();
+  if (auto* field = qobject_cast<ChoiceField*>(FindSpot(root_, keys_.OpenedOf()))) field->Follow();
 }
 
 void KeyRouter::FollowFocus() {
   if (keys_.At() == Spot()) return;
   QWidget* at = root_.window()->focusWidget();
   if (at == nullptr || !(SpotOf(at) == keys_.At())) {
-    at = FindSpot(root_, keys_.At());
-    if (at == nullptr) return;
-    moving_ = true;
+    QWidget* const there = FindSpot(root_, keys_.At());
+    if (there == nullptr) {  // a part that this root does not have
+      if (at != nullptr) keys_.Came(SpotOf(at));
+      return;
+    }
+    at = there;
+    drawing_ = true;
     at->setFocus(Qt::OtherFocusReason);
-    moving_ = false;
+    drawing_ = false;
     for (QWidget* parent = at->parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
       if (auto* scroll = qobject_cast<QScrollArea*>(parent)) scroll->ensureWidgetVisible(at);
     }

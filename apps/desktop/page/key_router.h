@@ -2,15 +2,12 @@
 
 #include <QKeyEvent>
 #include <QObject>
-#include <QPointer>
 
 #include "desktop/core.h"
 
 class QWidget;
 
 namespace htr60::desktop {
-
-class ChoiceField;
 
 /// Translates the key events of a window for the presentation, and puts the window's focus and the open list where the
 /// presentation has them. What a key means is decided there.
@@ -20,6 +17,8 @@ class KeyRouter final : public QObject {
  public:
   /// `root`: the window, or a part that is shown for itself.
   KeyRouter(presentation::Presentation& presented, QWidget& root);
+  /// Before what changed is drawn: a focus that moves by itself is not the operator's.
+  void Hold() { drawing_ = true; }
   /// After each turn.
   void Follow();
 
@@ -43,8 +42,7 @@ class KeyRouter final : public QObject {
   presentation::Presentation& presented_;
   presentation::Keyboard& keys_;
   QWidget& root_;
-  QPointer<ChoiceField> opened_;
-  bool moving_ = false;
+  bool drawing_ = false;
 };
 
 }  // namespace htr60::desktop

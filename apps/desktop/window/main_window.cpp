@@ -147,6 +147,7 @@ void MainWindow::MakeMenus() {
 void MainWindow::Turn() {
   const FormChanges changes = presented_.Turn();
   const presentation::Screen& screen = presented_.Show();
+  keys_.Hold();
   // A failure of one part leaves the others what has changed for them.
   Guarded([&] {
     if (!changes.tree) return;
