@@ -19,6 +19,7 @@ struct CommandRow {
 // All commands that need a control but `destroy`, by what they are about.
 std::span<const CommandRow> OperatorCommands();
 std::span<const CommandRow> ScreenCommands();
+std::span<const CommandRow> KeyCommands();
 std::span<const CommandRow> ViewCommands();
 std::span<const CommandRow> DtmCommands();
 std::span<const CommandRow> InnerCommands();

@@ -194,7 +194,7 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
     const bool shown = IsShown(form, *group);
     const std::string_view title = TitleOf(form, *group);
     const char groupLetter = *letter++;
-    if (shown && !title.empty()) screen.groups.push_back({std::string(title), groupLetter});
+    if (shown && !title.empty()) screen.groups.push_back({std::string(title), groupLetter, group});
     for (const LayoutRow& row : group->rows) {
       const char rowLetter = row.kind == RowKind::kOpen ? *letter++ : '\0';
       if (!shown || !row.control || !IsShown(form, *group, row)) continue;

@@ -63,6 +63,7 @@ Presentation::Presentation(UserCntrl& control, Surroundings surroundings)
       states_(control, surroundings_.now),
       line_(surroundings_.timeOfDay),
       health_(control),
+      keyboard_(*this, control),
       paste_(control),
       announcer_(control) {
   for (const PageUnit* unit : control_.Pages().units) {
@@ -134,6 +135,7 @@ void Presentation::Activate(std::string_view text, int position) {
     control_.Activate(node, position);
   }
   states_.NodeActivated();
+  keyboard_.NodeActivated();
   NotePage();
   Opened(page_, sameNode && page_ == before && title_ == titleBefore);
 }
@@ -167,6 +169,7 @@ void Presentation::ActivateAgain() { ActivateNode(CurrentNode()); }
 bool Presentation::Reopen() {
   if (!CanReopen()) return false;
   ActivateAgain();
+  keyboard_.PageReopened();
   return true;
 }
 
@@ -183,6 +186,11 @@ void Presentation::Press(ButtonId button) {
   NotePage();
   const bool moved = page_ != before || title_ != titleBefore;
   touched_ = true;
+  if (moved && button == id::cmdBack) {
+    keyboard_.Returned();
+  } else if (moved && page_ != nullptr) {
+    keyboard_.PageOpened(button);
+  }
   if (button == id::cmdBack) {
     line_.Returned(page_);
   } else if (moved) {
@@ -195,13 +203,23 @@ void Presentation::Press(ButtonId button) {
 void Presentation::ClickTab(TabsId strip, int index) { control_.ClickTab(strip, index); }
 
 void Presentation::Type(TextId field, std::string_view text) {
+  keyboard_.Edited(field);
   states_.Type(field, text);
   Edited(field);
 }
 
 void Presentation::Pick(ChoiceId list, std::size_t row) {
+  keyboard_.Edited(list);
   states_.Pick(list, row);
   Edited(list);
+}
+
+Sight Presentation::InSight() {
+  return {.control = control_,
+          .page = page_,
+          .reopens = CanReopen(),
+          .counted = page_ != nullptr && !states_.Counted(*page_).empty(),
+          .revertable = page_ != nullptr && states_.Revertable(*page_) > 0};
 }
 
 int Presentation::Revert() { return page_ == nullptr ? 0 : states_.Revert(*page_); }
@@ -223,6 +241,7 @@ FormChanges Presentation::Turn() {
   if (asksToClose_ && states_.Unwritten().empty()) asksToClose_ = false;
   const std::int64_t now = surroundings_.now();
   announcer_.Turn(changes, page_, page_ != nullptr && line_.Late(now) ? line_.Text(now) : std::string());
+  keyboard_.Turn();
   return changes;
 }
 
@@ -333,12 +352,6 @@ void Presentation::AddFrameButtons(Screen& screen) {
   }
 }
 
-void Presentation::Focus(ControlId control) {
-  if (focus_ == control) return;
-  focus_ = control;
-  touched_ = figureOld_ = true;
-}
-
 // The same hint as behind the field, whichever page shows it.
 bool Presentation::BearsHint(ControlId control) const {
   Form& form = control_.form;
@@ -347,7 +360,11 @@ bool Presentation::BearsHint(ControlId control) const {
 }
 
 const Figure& Presentation::Drawing() {
-  if (std::exchange(figureOld_, false)) figure_ = page_ == nullptr ? Figure{} : MakeFigure();
+  const ControlId focus = keyboard_.At().control;
+  if (!figureOld_ && focus == figureFocus_) return figure_;
+  figureOld_ = false;
+  figureFocus_ = focus;
+  figure_ = page_ == nullptr ? Figure{} : MakeFigure();
   return figure_;
 }
 
@@ -357,7 +374,7 @@ Figure Presentation::MakeFigure() {
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
-                      .focus = focus_,
+                      .focus = figureFocus_,
                       .hinted = [this](ControlId control) { return BearsHint(control); }});
 }
 
@@ -463,6 +480,7 @@ ControlId Presentation::StepCounted() {
     const TabsInFront tabs = TabsOf(control_.form, *page_);
     if (group.innerTab >= 0) ClickTab(tabs.inner, group.innerTab);
   }
+  keyboard_.GoTo(counted_);
   return counted_;
 }
 

@@ -12,6 +12,7 @@
 #include "presentation/field_help.h"
 #include "presentation/field_states.h"
 #include "presentation/health.h"
+#include "presentation/keyboard.h"
 #include "presentation/paste.h"
 #include "presentation/screen.h"
 #include "presentation/tree_marks.h"
@@ -47,7 +48,6 @@ class Presentation {
   void Pick(ChoiceId list, std::size_t row);
   /// Puts the texts not written on the visible tab back; gives how many.
   int Revert();
-  void Focus(ControlId control);
   /// Text from the clipboard. True where it was taken as columns for a table of points, perhaps after a question; else
   /// the field takes it as it takes any text.
   bool PasteColumns(TextId field, std::string_view text);
@@ -59,6 +59,9 @@ class Presentation {
   bool WantsToClose();
   /// Presses a button of the bar that stands. True where the window closes now.
   bool AnswerBar(std::size_t button);
+  /// The pointer brings the focus to a control.
+  void Focus(ControlId control) { keyboard_.Came(control); }
+  Keyboard& Keys() { return keyboard_; }
 
   /// Once a turn, after the handlers have ended: takes what has changed. Gives the changes for the view.
   FormChanges Turn();
@@ -82,11 +85,14 @@ class Presentation {
   std::int64_t Now() const { return surroundings_.now(); }
   /// The values of the page in front are there, and nothing is under way.
   bool Settled() const;
-  /// The next field that the footer counts, after the one given last, brought to the front; none where there is none.
+  /// The next field that the footer counts, after the one given last, brought to the front, with the focus; none where
+  /// there is none.
   ControlId StepCounted();
 
   /// The page in front, null where none is.
   const PageLayout* Page() const { return page_; }
+  /// What can take the focus depends on.
+  Sight InSight();
   FieldStates& States() { return states_; }
 
  private:
@@ -135,7 +141,7 @@ class Presentation {
   std::vector<const PageLayout*> layouts_;
   const PageLayout* page_ = nullptr;
   std::string title_;
-  ControlId focus_;
+  Keyboard keyboard_;
   ControlId counted_;  // the field that a press of the footer led to last
   Activation activation_;
   std::string message_;
@@ -154,6 +160,7 @@ class Presentation {
   std::optional<std::int64_t> shownUntil_;
   Figure figure_;
   bool figureOld_ = true;
+  ControlId figureFocus_;  // the field whose point is ringed there
 };
 
 }  // namespace htr60::presentation

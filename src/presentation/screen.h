@@ -40,6 +40,7 @@ struct ScreenButton {
 struct ScreenGroup {
   std::string caption;
   char mnemonic = '\0';
+  const LayoutGroup* group = nullptr;
 };
 
 struct ScreenTabs {

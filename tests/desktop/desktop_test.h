@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QShortcut>
 #include <QTimer>
 #include <functional>
 
@@ -70,13 +69,6 @@ class DesktopTest : public testing::Test {
       if (widget->isVisible()) return widget;
     }
     return nullptr;
-  }
-  /// Presses a key of the window.
-  void Shortcut(const QKeySequence& keys) {
-    for (QShortcut* shortcut : window_.findChildren<QShortcut*>()) {
-      if (shortcut->key() == keys && shortcut->isEnabled()) return Q_EMIT shortcut->activated();
-    }
-    FAIL() << keys.toString().toStdString();
   }
   std::string Panel(int number) { return TheForm().statusBar.Panel(number).text; }
 

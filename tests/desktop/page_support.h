@@ -47,6 +47,14 @@ inline constexpr LayoutRow kUnitRows[] = {
 inline constexpr LayoutRow kMonitorRows[] = {
     {.caption = "Value", .kind = RowKind::kText, .control = id::txtParameter(46)},
     {.caption = "Status", .kind = RowKind::kListRo, .control = id::cmbLCDStatusMonit1, .fromHeight = 1575}};
+inline constexpr LayoutRow kLabelRows[] = {{.caption = "First", .kind = RowKind::kLabel, .control = id::lbArray(313)},
+                                           {.caption = "Second", .kind = RowKind::kLabel, .control = id::lbArray(314)},
+                                           {.caption = "Third", .kind = RowKind::kLabel, .control = id::lbArray(315)}};
+inline constexpr LayoutRow kCodeRows[] = {{.caption = "Code",
+                                           .kind = RowKind::kEdit,
+                                           .control = id::txtParameter(5),
+                                           .role = RowRole::kAccessCode,
+                                           .enterPresses = id::cmdTablePoints}};
 inline constexpr LayoutGroup kFirstGroups[] = {
     {.tab = 0, .caption = "Numbers", .rows = kNumberRows},
     {.tab = 0, .caption = "Texts", .frame = id::frmzGroup(12), .rows = kTextRows},
@@ -54,6 +62,8 @@ inline constexpr LayoutGroup kFirstGroups[] = {
     {.tab = 2, .caption = "Limits", .frame = id::frmzGroup(34), .rows = kLimitRows, .byTop = true},
     {.tab = 2, .caption = "Units", .frame = id::frmzGroup(61), .rows = kUnitRows, .byTop = true},
     {.tab = 3, .caption = "Live Value", .frame = id::frmGroupParameter(0), .rows = kMonitorRows},
+    {.tab = 3, .caption = "Values", .rows = kLabelRows},
+    {.tab = 3, .caption = "Code", .rows = kCodeRows},
 };
 inline constexpr LayoutRow kWaitRows[] = {{.kind = RowKind::kMsg, .control = id::lbArray(46)}};
 inline constexpr LayoutRow kPointRows[] = {{.caption = "X", .kind = RowKind::kNum, .control = id::txtParameter(21)}};

@@ -1,52 +1,17 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QGroupBox>
-#include <QShortcut>
 #include <QWheelEvent>
 
 #include "desktop/page/choice_field.h"
 #include "desktop/page/field_widgets.h"
 #include "desktop/page/page_bar.h"
 #include "desktop/window/keys.h"
-#include "page_support.h"
+#include "page_area_test.h"
 #include "pages/pages.h"
 
 namespace htr60::desktop {
 namespace {
-
-class PageAreaTest : public testing::Test {
- protected:
-  explicit PageAreaTest(char separator = '.', const PageRegistry& pages = kTestPages) : control_(separator, pages) {
-    area_.resize(700, 460);
-    area_.show();
-    area_.activateWindow();
-    Turn();
-  }
-
-  void Turn() {
-    const FormChanges changes = presented_.Turn();
-    presented_.Show();
-    area_.Apply(changes);
-    QApplication::processEvents();
-  }
-  template <class Widget>
-  Widget* Field(ControlId control) {
-    FieldCell* cell = area_.View()->CellOf(control);
-    return cell == nullptr ? nullptr : qobject_cast<Widget*>(cell->Widget());
-  }
-  TextEntry* Entry(ControlId control) { return Field<TextEntry>(control); }
-  FieldCell& Cell(ControlId control) { return *area_.View()->CellOf(control); }
-  GroupView& Group(int number) { return *area_.View()->Groups()[static_cast<std::size_t>(number)]; }
-  void Tab(int index) {
-    control_->form.SSTabTRDSettings.SetIndex(index);
-    Turn();
-  }
-
-  TestControl control_;
-  presentation::Presentation presented_{
-      *control_, {.now = [] { return std::int64_t{0}; }, .timeOfDay = [](std::int64_t) { return std::string("now"); }}};
-  PageArea area_{*control_, presented_};
-};
 
 TEST_F(PageAreaTest, ShowsThePageShownLastOrTheWord) {
   EXPECT_EQ(area_.Current(), &kFirst);
@@ -192,6 +157,7 @@ TEST_F(PageAreaTest, GroupsEndWithTheirWidestRowBelowBoldTitles) {
 TEST_F(PageAreaTest, EnterNeverWrites) {
   presented_.Type(id::txtParameter(37), "2");
   auto* write = Field<QPushButton>(id::cmdWriteCalPoint);
+  write->setFocus();
   SendKey(*write, Qt::Key_Return);
   SendKey(*write, Qt::Key_Enter);
   QApplication::processEvents();
@@ -203,39 +169,32 @@ TEST_F(PageAreaTest, EnterNeverWrites) {
 }
 
 TEST_F(PageAreaTest, AnOpenButtonOpensAPageAnew) {
-  std::vector<ControlId> activated;
-  QObject::connect(&area_, &PageArea::Activated, [&](ControlId opener) { activated.push_back(opener); });
   control_->form.txtParameter(21).SetText("1.000");
   Turn();
   EXPECT_EQ(presented_.States().Of(id::txtParameter(21)), presentation::FieldState::kAsRead);
   area_.Press(id::cmdTablePoints);
-  EXPECT_EQ(activated, std::vector<ControlId>{id::cmdTablePoints});
   Turn();
   EXPECT_EQ(area_.Title(), QStringLiteral("Second"));
   EXPECT_EQ(Cell(id::txtParameter(21)).Slot()->Current(), Shape::kCircle);
-  area_.FocusFirstField();
   EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(21)));
-  EXPECT_FALSE(area_.FocusControl(id::cmdTablePoints));
 }
 
 TEST_F(PageAreaTest, TabsShowTheirGroupsAndKeysMoveOn) {
   EXPECT_TRUE(Group(0).isVisible());
   EXPECT_FALSE(Group(2).isVisible());
   Entry(id::txtParameter(37))->setFocus();
-  const auto press = [&](const QKeySequence& keys) {
-    for (QShortcut* shortcut : area_.findChildren<QShortcut*>()) {
-      if (shortcut->key() == keys) Q_EMIT shortcut->activated();
-    }
+  const auto press = [&](int key) {
+    SendKey(*QApplication::focusWidget(), key, Qt::ControlModifier);
     Turn();
   };
-  press(QKeySequence(Qt::CTRL | Qt::Key_Tab));
+  press(Qt::Key_Tab);
   EXPECT_EQ(control_->form.SSTabTRDSettings.Index(), 1);
   EXPECT_FALSE(Group(0).isVisible());
   EXPECT_TRUE(Group(2).isVisible());
   auto* bar = area_.findChild<PageTabs*>(QStringLiteral("SSTabTRDSettings"));
   EXPECT_EQ(bar->currentIndex(), 1);
   EXPECT_EQ(QApplication::focusWidget(), bar);  // its field went out of sight
-  press(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
+  press(Qt::Key_PageUp);
   EXPECT_EQ(control_->form.SSTabTRDSettings.Index(), 0);
   QWheelEvent wheel({5, 5}, bar->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
@@ -249,11 +208,11 @@ TEST_F(PageAreaTest, GroupsStandInTheOrderOfTheirTops) {
   control_->form.frmzGroup(61).SetTop(100);
   Turn();
   EXPECT_LT(Group(4).y(), Group(3).y());
-  const std::vector<QWidget*> stops = area_.View()->TabStops();
-  const auto at = [&](ControlId control) {
-    return std::find(stops.begin(), stops.end(), Cell(control).Widget()) - stops.begin();
-  };
-  EXPECT_LT(at(id::cmbAIUnitOutScale), at(id::txtParameter(92)));
+  area_.findChild<PageTabs*>()->setFocus();
+  SendKey(*QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), Cell(id::cmbAIUnitOutScale).Widget());
+  SendKey(*QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), Cell(id::txtParameter(92)).Widget());
 }
 
 TEST_F(PageAreaTest, AMonitorsStatusStandsInAHighBoxAlone) {
@@ -336,7 +295,7 @@ TEST_F(ChoiceFieldTest, LongListsAreSearched) {
   QElapsedTimer clock;
   clock.start();
   SendKey(*field, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"));  // opens with the search, picks nothing
-  EXPECT_LT(clock.elapsed(), 500);
+  EXPECT_LT(clock.elapsed(), 500);  // as every measure of time in a test with room for a busy machine
   ASSERT_NE(field->Popup(), nullptr);
   EXPECT_EQ(control_->form.cmbAIUnitOutScale.Text(), "unit 500");
   QLineEdit* search = field->Popup()->SearchLine();

@@ -65,7 +65,7 @@ TEST_F(WindowTest, ArrowsMoveTheSelectionAloneAndEnterActivates) {
   EXPECT_EQ(Control().CurrentPage, "Identification");
   // F5 is the node activated last, wherever the selection stands.
   Control().RequestCode = "none";
-  Shortcut(QKeySequence(Qt::Key_F5));
+  PressKey(Qt::Key_F5);
   EXPECT_EQ(Control().RequestCode, code);
   ASSERT_TRUE(window_.Tree().Press(QStringLiteral("Observe")));
   EXPECT_EQ(Control().CurrentPage, "Observe");
@@ -140,13 +140,13 @@ TEST_F(WindowTest, TabGoesFromTreeToPageToWriteSaveBackAndToTheTree) {
 TEST_F(WindowTest, F6GoesRoundTreePageAndActions) {
   ASSERT_TRUE(Open("Device Identification"));
   window_.Tree().setFocus();
-  Shortcut(QKeySequence(Qt::Key_F6));
+  PressKey(Qt::Key_F6);
   EXPECT_TRUE(window_.Page().isAncestorOf(QApplication::focusWidget()));
-  Shortcut(QKeySequence(Qt::Key_F6));
+  PressKey(Qt::Key_F6);
   EXPECT_TRUE(window_.Actions().Write()->hasFocus());
-  Shortcut(QKeySequence(Qt::Key_F6));
+  PressKey(Qt::Key_F6);
   EXPECT_TRUE(window_.Tree().hasFocus());
-  Shortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6));
+  PressKey(Qt::Key_F6, Qt::ShiftModifier);
   EXPECT_TRUE(window_.Actions().Write()->hasFocus());
 }
 
@@ -160,57 +160,6 @@ TEST_F(WindowTest, EnterNeverWritesAndSpaceDoes) {
   PressKey(Qt::Key_Space);
   EXPECT_EQ(Panel(4), "Writing Xmtr Data...");
   EXPECT_TRUE(TheForm().At(TimerId::TimerReadAfterWrite).Enabled());
-}
-
-TEST_F(WindowTest, AKeyHeldDownIsOnePress) {
-  ASSERT_TRUE(Connect());
-  ASSERT_TRUE(Open("Device Identification"));
-  int activations = 0;
-  int writes = 0;
-  int backs = 0;
-  int tabs = 0;
-  QObject::connect(&window_.Tree(), &TreePanel::NodeActivated, [&] { ++activations; });
-  QObject::connect(&window_.Actions(), &ActionArea::WritePressed, [&] { ++writes; });
-  QObject::connect(&window_.Actions(), &ActionArea::BackPressed, [&] { ++backs; });
-  const auto press = [&](QWidget& widget, int key, Qt::KeyboardModifiers modifiers, bool repeat) {
-    QTest::simulateEvent(&widget, true, key, modifiers, {}, repeat);
-    ASSERT_TRUE(WaitFor([&] {
-      const auto buttons = window_.findChildren<QAbstractButton*>();
-      return std::none_of(buttons.begin(), buttons.end(), [](const QAbstractButton* b) { return b->isDown(); });
-    }));
-  };
-  const auto hold = [&](QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    widget.setFocus();
-    for (const bool repeat : {false, true, true, true}) press(widget, key, modifiers, repeat);
-  };
-  hold(window_.Tree(), Qt::Key_Return);
-  EXPECT_EQ(activations, 1);
-  hold(window_.Tree(), Qt::Key_Space);
-  EXPECT_EQ(activations, 2);
-  hold(window_.Tree(), Qt::Key_W, Qt::AltModifier);
-  EXPECT_EQ(writes, 1);
-  press(window_.Tree(), Qt::Key_F5, Qt::NoModifier, false);
-  EXPECT_NE(std::exchange(Control().RequestCode, "none"), "none");
-  press(window_.Tree(), Qt::Key_F5, Qt::NoModifier, true);
-  EXPECT_EQ(Control().RequestCode, "none");
-
-  auto* details = Find<QAbstractButton>(id::cmdSensorDetails);
-  ASSERT_NE(details, nullptr);
-  int presses = 0;
-  QObject::connect(details, &QAbstractButton::clicked, [&] { ++presses; });
-  details->setFocus();
-  press(*details, Qt::Key_Return, Qt::NoModifier, true);
-  EXPECT_EQ(presses, 0);
-  press(*details, Qt::Key_Return, Qt::NoModifier, false);
-  EXPECT_EQ(presses, 1);
-  ASSERT_TRUE(Settle());
-  auto* strip = Find<QTabBar>(id::SSTabInfoSensor);
-  ASSERT_NE(strip, nullptr);
-  QObject::connect(strip, &QTabBar::currentChanged, [&] { ++tabs; });
-  hold(*strip, Qt::Key_PageDown, Qt::ControlModifier);
-  EXPECT_EQ(tabs, 1);
-  hold(window_.Tree(), Qt::Key_Left, Qt::AltModifier);
-  EXPECT_EQ(backs, 1);
 }
 
 TEST_F(WindowTest, WithoutConnectionABoxIsShownAndNoPage) {

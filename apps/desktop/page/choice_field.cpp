@@ -1,12 +1,11 @@
 #include "desktop/page/choice_field.h"
 
-#include <QApplication>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionComboBox>
-#include <QStylePainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -16,78 +15,90 @@
 namespace htr60::desktop {
 namespace {
 
-constexpr qsizetype kSearchAbove = 33;
-constexpr int kVisibleRows = 12;
+using presentation::ListSearch;
+
+// Qt's own takes the text shown for the list's name on some systems: here it is the value, beside the name.
+class ChoiceAccess final : public QAccessibleWidget {
+ public:
+  explicit ChoiceAccess(ChoiceField* field) : QAccessibleWidget(field, QAccessible::ComboBox) {
+    addControllingSignal(QStringLiteral("currentTextChanged(QString)"));
+  }
+
+  QString text(QAccessible::Text which) const override {
+    return which == QAccessible::Value ? Field().currentText() : QAccessibleWidget::text(which);
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.expandable = true;
+    state.hasPopup = true;
+    state.expanded = Field().Popup() != nullptr;
+    state.collapsed = !state.expanded;
+    return state;
+  }
+  QStringList actionNames() const override { return {showMenuAction(), setFocusAction()}; }
+  void doAction(const QString& name) override {
+    if (name != showMenuAction()) return QAccessibleWidget::doAction(name);
+    Guarded([this] { Field().showPopup(); });
+  }
+
+ private:
+  ChoiceField& Field() const { return *static_cast<ChoiceField*>(widget()); }
+};
+
+QAccessibleInterface* MakeAccess(const QString& /*className*/, QObject* object) {
+  auto* field = qobject_cast<ChoiceField*>(object);
+  return field == nullptr ? nullptr : new ChoiceAccess(field);
+}
 
 }  // namespace
 
-// ---- ChoiceRows
+// ---- ChoiceLines
 
-ChoiceRows::ChoiceRows(QStringList rows, const QString& shown, QObject* parent)
-    : QAbstractListModel(parent), rows_(std::move(rows)) {
-  if (!shown.isEmpty() && !rows_.contains(shown)) now_ = tr("Now: %1 (not in this list)").arg(shown);
-  Search({});
-}
+ChoiceLines::ChoiceLines(std::shared_ptr<ListSearch> list, QObject* parent)
+    : QAbstractListModel(parent), list_(std::move(list)), generation_(list_->Generation()) {}
 
-void ChoiceRows::Search(const QString& text) {
+void ChoiceLines::Follow() {
+  if (generation_ == list_->Generation()) return;
   beginResetModel();
-  searching_ = !text.isEmpty();
-  found_.clear();
-  for (const bool exact : {true, false}) {
-    for (int i = 0; i < rows_.size(); ++i) {
-      const bool equal = rows_[i].compare(text, Qt::CaseInsensitive) == 0;
-      if (equal == exact && (equal || rows_[i].contains(text, Qt::CaseInsensitive))) found_.push_back(i);
-    }
-  }
+  generation_ = list_->Generation();
   endResetModel();
 }
 
-int ChoiceRows::RowAt(int line) const {
-  const int i = line - Extra();
-  return i < 0 || i >= static_cast<int>(found_.size()) ? -1 : found_[static_cast<std::size_t>(i)];
+int ChoiceLines::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : list_->Lines(); }
+
+QVariant ChoiceLines::data(const QModelIndex& index, int role) const {
+  return role == Qt::DisplayRole ? QVariant(ToQt(list_->Line(index.row()))) : QVariant();
 }
 
-int ChoiceRows::FirstLine(const QString& shown) const {
-  if (searching_) return found_.empty() ? -1 : Extra();
-  for (std::size_t i = 0; i < found_.size(); ++i) {
-    if (rows_[found_[i]] == shown) return static_cast<int>(i) + Extra();
-  }
-  return -1;  // Enter takes no row that nobody has chosen
-}
-
-int ChoiceRows::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(found_.size()) + Extra();
-}
-
-QVariant ChoiceRows::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  const int row = RowAt(index.row());
-  return row < 0 ? now_ : rows_[row];
-}
-
-Qt::ItemFlags ChoiceRows::flags(const QModelIndex& index) const {
-  return RowAt(index.row()) < 0 ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+Qt::ItemFlags ChoiceLines::flags(const QModelIndex& index) const {
+  if (list_->RowAt(index.row()) == ListSearch::kNone) return Qt::NoItemFlags;
+  return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
 // ---- ChoicePopup
 
-ChoicePopup::ChoicePopup(QStringList rows, const QString& shown, bool search, QWidget* field)
-    : QFrame(field, Qt::Popup), shown_(shown), model_(new ChoiceRows(std::move(rows), shown, this)), list_(nullptr) {
+ChoicePopup::ChoicePopup(presentation::Keyboard& keys, QWidget* field)
+    : QFrame(field, Qt::Popup),
+      keys_(keys),
+      shown_(keys.Opened()),
+      model_(new ChoiceLines(shown_, this)),
+      list_(new QListView(this)) {
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_NoMouseReplay);  // a click on the field closes the list and does not open it again
   setFrameShape(QFrame::StyledPanel);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, 1, 1, 1);
   column->setSpacing(1);
-  if (search) {
+  if (shown_->HasSearchLine()) {
     search_ = new QLineEdit(this);
     search_->setPlaceholderText(tr("Search"));
     search_->setAccessibleName(tr("Search in the list"));
-    search_->installEventFilter(this);
     column->addWidget(search_);
-    Connect(search_, &QLineEdit::textChanged, this, &ChoicePopup::Searched);
+    Connect(search_, &QLineEdit::textEdited, this, [this](const QString& text) {
+      keys_.Search(ToUtf8(text));
+      Follow();
+    });
   }
-  list_ = new QListView(this);
   list_->setModel(model_);
   list_->setUniformItemSizes(true);
   list_->setLayoutMode(QListView::Batched);
@@ -95,20 +106,24 @@ ChoicePopup::ChoicePopup(QStringList rows, const QString& shown, bool search, QW
   list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setTextElideMode(Qt::ElideRight);
-  list_->installEventFilter(this);
-  list_->setFocusProxy(nullptr);
+  list_->setAccessibleName(field->accessibleName());
   column->addWidget(list_);
-  Connect(list_, &QListView::clicked, this, &ChoicePopup::Take);
+  Connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
+    if (!following_) shown_->MoveTo(index.row());
+  });
+  Connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) {
+    if (keys_.Opened() == shown_) keys_.Take(index.row());
+    if (keys_.Opened() != shown_) close();
+  });
 }
 
 void ChoicePopup::Open() {
   const QWidget& field = *parentWidget();
   int widest = 0;
-  for (int i = 0; i < model_->rowCount(); ++i) {
-    const QString text = model_->data(model_->index(i), Qt::DisplayRole).toString();
-    widest = std::max(widest, fontMetrics().horizontalAdvance(text));
+  for (int line = 0; line < shown_->Lines(); ++line) {
+    widest = std::max(widest, fontMetrics().horizontalAdvance(ToQt(shown_->Line(line))));
   }
-  const int lines = std::clamp(model_->rowCount(), 1, kVisibleRows);
+  const int lines = std::clamp(shown_->Lines(), 1, ListSearch::kVisibleLines);
   const int rowHeight = std::max(list_->sizeHintForRow(0), fontMetrics().height());
   list_->setFixedHeight(lines * rowHeight + 2);
   const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list_);
@@ -120,89 +135,45 @@ void ChoicePopup::Open() {
   at.setX(std::clamp(at.x(), screen.left(), std::max(screen.left(), screen.right() - wide)));
   at.setY(std::max(at.y(), screen.top()));
   move(at);
+  following_ = true;  // with the focus the view makes its first row the current one, though nobody chose it
   show();
-  const int first = model_->FirstLine(shown_);
-  if (first >= 0) list_->setCurrentIndex(model_->index(first));
-  list_->scrollTo(list_->currentIndex(), QAbstractItemView::PositionAtCenter);
   (search_ != nullptr ? static_cast<QWidget*>(search_) : list_)->setFocus(Qt::PopupFocusReason);
-  // With the focus the view makes its first row the current one, though nobody chose it.
-  if (search_ == nullptr && first < 0) {
-    list_->selectionModel()->setCurrentIndex(QModelIndex(), QItemSelectionModel::NoUpdate);
+  following_ = false;
+  Follow();
+  list_->scrollTo(list_->currentIndex(), QAbstractItemView::PositionAtCenter);
+}
+
+void ChoicePopup::Follow() {
+  following_ = true;
+  if (search_ != nullptr && ToUtf8(search_->text()) != shown_->Text()) search_->setText(ToQt(shown_->Text()));
+  model_->Follow();
+  const int line = shown_->Current();
+  if (line == ListSearch::kNone) {
+    list_->selectionModel()->clear();
+  } else if (list_->currentIndex().row() != line) {
+    list_->setCurrentIndex(model_->index(line));
   }
+  following_ = false;
 }
 
-void ChoicePopup::Type(const QString& text) {
-  if (search_ != nullptr) {
-    search_->setText(text);
-  } else {
-    list_->keyboardSearch(text);
-  }
-}
-
-void ChoicePopup::Searched() {
-  model_->Search(search_->text());
-  const int first = model_->FirstLine(shown_);
-  list_->setCurrentIndex(first < 0 ? QModelIndex() : model_->index(first));
-}
-
-void ChoicePopup::Take(const QModelIndex& index) {
-  const int row = index.isValid() ? model_->RowAt(index.row()) : -1;
-  if (row < 0) return;
-  close();
-  Q_EMIT Taken(row);
-}
-
-bool ChoicePopup::Key(QKeyEvent& event, bool inSearch) {
-  switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      Take(list_->currentIndex());
-      return true;
-    case Qt::Key_Escape:
-    case Qt::Key_F4:
-      close();
-      return true;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-      return true;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      if (event.modifiers().testFlag(Qt::AltModifier)) {
-        close();
-        return true;
-      }
-      [[fallthrough]];
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-      if (!inSearch) return false;
-      QCoreApplication::sendEvent(list_, &event);
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool ChoicePopup::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const bool inSearch = watched == search_;
-    if (GuardedTakes([&] { return Key(*static_cast<QKeyEvent*>(event), inSearch); })) return true;
-  }
-  return QFrame::eventFilter(watched, event);
+void ChoicePopup::hideEvent(QHideEvent* event) {
+  QFrame::hideEvent(event);
+  if (keys_.Opened() == shown_) keys_.Close();
 }
 
 // ---- ChoiceField
 
-ChoiceField::ChoiceField(FieldWidth width, QWidget* parent) : QComboBox(parent), width_(width) {
+ChoiceField::ChoiceField(presentation::Keyboard& keys, ControlId control, FieldWidth width, QWidget* parent)
+    : QComboBox(parent), keys_(keys), control_(control), width_(width) {
+  static const bool installed = (QAccessible::installFactory(MakeAccess), true);
+  Q_UNUSED(installed);
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   setFocusPolicy(Qt::StrongFocus);
   setAcceptDrops(false);
   addItem(QString());
 }
 
-void ChoiceField::Show(const QString& text, std::span<const std::string_view> rows) {
-  rows_ = rows;
+void ChoiceField::Show(const QString& text) {
   if (itemText(0) != text) setItemText(0, text);
 }
 
@@ -213,26 +184,24 @@ bool ChoiceField::CutOff() const {
   return fontMetrics().horizontalAdvance(currentText()) > room.width() - 2;
 }
 
-void ChoiceField::showPopup() { OpenWith({}); }
-
-void ChoiceField::OpenWith(const QString& letters) {
-  if (popup_ != nullptr || rows_.empty()) return;
-  Guarded([&] { MakePopup(letters); });
+void ChoiceField::Follow() {
+  const bool opened = keys_.Opened() != nullptr && keys_.OpenedOf() == control_;
+  if (popup_ != nullptr && !(opened && popup_->Shows(keys_.Opened()))) {
+    popup_->close();
+    popup_ = nullptr;
+  }
+  if (!opened) return;
+  if (popup_ != nullptr) return popup_->Follow();
+  popup_ = new ChoicePopup(keys_, this);
+  popup_->setAccessibleName(accessibleName());
+  popup_->Open();
 }
 
-void ChoiceField::MakePopup(const QString& letters) {
-  QStringList rows;
-  rows.reserve(static_cast<qsizetype>(rows_.size()));
-  for (const std::string_view row : rows_) rows << ToQt(row);
-  popup_ = new ChoicePopup(rows, currentText(), rows.size() > kSearchAbove, this);
-  popup_->setAccessibleName(accessibleName());
-  Connect(popup_.data(), &ChoicePopup::Taken, this, [this, rows](int row) {
-    // The program may have filled the list anew while it stood open.
-    const auto at = static_cast<std::size_t>(row);
-    if (at < rows_.size() && ToQt(rows_[at]) == rows[row]) Q_EMIT Picked(row);
+void ChoiceField::showPopup() {
+  Guarded([this] {
+    keys_.Open(control_);
+    Follow();
   });
-  popup_->Open();
-  if (!letters.isEmpty()) popup_->Type(letters);
 }
 
 void ChoiceField::hidePopup() {
@@ -243,37 +212,8 @@ QSize ChoiceField::sizeHint() const { return {width_.Hint(*this), FieldHeight(*t
 
 QSize ChoiceField::minimumSizeHint() const { return {width_.Least(*this), FieldHeight(*this)}; }
 
-void ChoiceField::keyPressEvent(QKeyEvent* event) {
-  const bool alt = event->modifiers().testFlag(Qt::AltModifier);
-  switch (event->key()) {
-    case Qt::Key_F4:
-    case Qt::Key_Space:
-      showPopup();
-      return;
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      if (alt) showPopup();
-      return;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      Q_EMIT Entered();
-      return;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-      return;  // would change the closed list
-    default:
-      break;
-  }
-  const QString letters = event->text();
-  const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-  if (!alt && !control && !letters.isEmpty() && letters.at(0).isPrint()) {
-    OpenWith(letters);
-    return;
-  }
-  event->ignore();
-}
+// No key of Qt's: each would change the closed list.
+void ChoiceField::keyPressEvent(QKeyEvent* event) { event->ignore(); }
 
 void ChoiceField::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) showPopup();

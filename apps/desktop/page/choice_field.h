@@ -6,86 +6,72 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
-#include <span>
-#include <string_view>
-#include <vector>
+#include <memory>
 
 #include "desktop/page/field_widgets.h"
 
 namespace htr60::desktop {
 
-/// Rows of an open list: those that contain the search, exact matches first, else in their order; doubled rows stay.
-/// A text that is none of the rows stands above them and cannot be taken.
-class ChoiceRows final : public QAbstractListModel {
+/// Lines of an open list, for Qt to show.
+class ChoiceLines final : public QAbstractListModel {
   Q_OBJECT
 
  public:
-  ChoiceRows(QStringList rows, const QString& shown, QObject* parent);
-  void Search(const QString& text);
-  /// Number of the list's row at a line, -1 where the line is no row.
-  int RowAt(int line) const;
-  /// Line to begin at: the row shown, or the first that was found; -1 for none.
-  int FirstLine(const QString& shown) const;
+  ChoiceLines(std::shared_ptr<presentation::ListSearch> list, QObject* parent);
+  /// Takes what was searched since.
+  void Follow();
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
-  int Extra() const { return now_.isEmpty() ? 0 : 1; }
-  QStringList rows_;
-  QString now_;
-  std::vector<int> found_;
-  bool searching_ = false;
+  std::shared_ptr<presentation::ListSearch> list_;
+  int generation_;
 };
 
-/// The open list, with a search line where it is long.
+/// The open list, with a search line where it is long. It draws; keys are the presentation's.
 class ChoicePopup final : public QFrame {
   Q_OBJECT
 
  public:
-  ChoicePopup(QStringList rows, const QString& shown, bool search, QWidget* field);
+  ChoicePopup(presentation::Keyboard& keys, QWidget* field);
   void Open();
-  void Type(const QString& text);
+  /// Takes the lines and the one that Enter would take.
+  void Follow();
+  bool Shows(const std::shared_ptr<presentation::ListSearch>& list) const { return list == shown_; }
   QLineEdit* SearchLine() const { return search_; }
   QListView* List() const { return list_; }
 
- Q_SIGNALS:
-  void Taken(int row);
-
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
-  void Searched();
-  void Take(const QModelIndex& index);
-  bool Key(QKeyEvent& event, bool inSearch);
-
-  QString shown_;
-  ChoiceRows* model_;
+  presentation::Keyboard& keys_;
+  std::shared_ptr<presentation::ListSearch> shown_;
+  ChoiceLines* model_;
   QLineEdit* search_ = nullptr;
   QListView* list_;
+  bool following_ = false;
 };
 
-/// A choice list: shows any text, opens on the form's rows. It changes by a pick alone, never by wheel or letter.
+/// A choice list: shows any text, opens on the form's rows. It changes by a pick alone, never by the wheel.
 class ChoiceField final : public QComboBox {
   Q_OBJECT
 
  public:
-  ChoiceField(FieldWidth width, QWidget* parent);
-  void Show(const QString& text, std::span<const std::string_view> rows);
+  ChoiceField(presentation::Keyboard& keys, ControlId control, FieldWidth width, QWidget* parent);
+  void Show(const QString& text);
   bool CutOff() const;
   /// The list while it is open.
   ChoicePopup* Popup() const { return popup_; }
+  /// Opens, draws or closes its list as the presentation has it.
+  void Follow();
 
   void showPopup() override;
   void hidePopup() override;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
-
- Q_SIGNALS:
-  void Picked(int row);
-  void Entered();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -93,11 +79,9 @@ class ChoiceField final : public QComboBox {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  void OpenWith(const QString& letters);
-  void MakePopup(const QString& letters);
-
+  presentation::Keyboard& keys_;
+  ControlId control_;
   FieldWidth width_;
-  std::span<const std::string_view> rows_;
   QPointer<ChoicePopup> popup_;
 };
 

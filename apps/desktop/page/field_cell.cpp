@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "desktop/edge.h"
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
 #include "text/failure.h"
@@ -65,7 +66,10 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
       MakeEntry(width, parent);
       break;
   }
-  if (control_) widget_->setObjectName(QString::fromStdString(NameOf(control_)));
+  if (control_) {
+    widget_->setObjectName(QString::fromStdString(NameOf(control_)));
+    BearSpot(*widget_, control_);
+  }
   widget_->installEventFilter(this);
   FollowFont(parent->font());
 }
@@ -99,25 +103,15 @@ void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
   entry->OnPaste([this, field](const QString& text) {
     return GuardedTakes([&] { return context_.presented.PasteColumns(field, ToUtf8(text)); });
   });
-  Connect(entry, &TextEntry::Entered, this, [this] {
-    if (row_.enterPresses) {
-      Q_EMIT Pressed(row_.enterPresses);
-    } else {
-      Q_EMIT Entered();
-    }
-  });
 }
 
 void FieldCell::MakeChoice(FieldWidth width, QWidget* parent) {
-  auto* choice = new ChoiceField(width, parent);
-  widget_ = choice;
-  Connect(choice, &ChoiceField::Picked, this,
-          [this](int row) { context_.presented.Pick(ChoiceId{control_}, static_cast<std::size_t>(row)); });
-  connect(choice, &ChoiceField::Entered, this, &FieldCell::Entered);
+  widget_ = new ChoiceField(context_.presented.Keys(), control_, width, parent);
 }
 
 void FieldCell::MakeButton(QWidget* parent) {
-  auto* button = new PageButton(kind_ == RowKind::kWrite, parent);
+  auto* button = new QPushButton(parent);
+  button->setAutoDefault(false);
   button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   widget_ = button;
   Connect(button, &QPushButton::clicked, this, [this] { Q_EMIT Pressed(ButtonId{control_}); });
@@ -133,11 +127,9 @@ void FieldCell::Refresh() {
   Form& form = context_.control.form;
   if (control_) widget_->setEnabled(form.Any(control_).Enabled());
   switch (kind_) {
-    case RowKind::kList: {
-      const ChoiceList& list = form.At(ChoiceId{control_});
-      static_cast<ChoiceField*>(widget_)->Show(ToQt(list.Text()), list.Rows());
+    case RowKind::kList:
+      static_cast<ChoiceField*>(widget_)->Show(Text());
       break;
-    }
     case RowKind::kListBox:
       static_cast<ReadList*>(widget_)->Show(Role(), form.At(ListBoxId{control_}).Rows());
       break;
@@ -153,11 +145,10 @@ void FieldCell::Refresh() {
     }
     default: {
       auto* entry = static_cast<TextEntry*>(widget_);
-      entry->Show(Text());
-      if (kind_ == RowKind::kLabel) {
-        const bool number = ReadsLikeANumber(context_, ToUtf8(Text()));
-        entry->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-      }
+      const bool label = kind_ == RowKind::kLabel;
+      const bool number = label ? ReadsLikeANumber(context_, ToUtf8(Text())) : kind_ == RowKind::kValue;
+      entry->Show(Text(), number);
+      if (label) entry->setAlignment((number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
       break;
     }
   }

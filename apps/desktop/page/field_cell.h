@@ -57,7 +57,6 @@ class FieldCell final : public QObject {
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
-  void Entered();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QStylePainter>
 #include <QToolTip>
 #include <algorithm>
 
@@ -16,7 +17,7 @@
 namespace htr60::desktop {
 namespace {
 
-bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+constexpr const char* kTooLong = "#####";
 
 }  // namespace
 
@@ -71,16 +72,19 @@ TextEntry::TextEntry(FieldWidth width, bool readOnly, QWidget* parent) : QLineEd
   setPalette(bare);
 }
 
-void TextEntry::Show(const QString& text) {
+void TextEntry::Show(const QString& text, bool number) {
+  number_ = number;
   if (text == QLineEdit::text()) return;
-  restored_ = text;
+  const bool held = hasFocus() && !isReadOnly();
   const int at = cursorPosition();
+  const int first = selectionStart();
+  const auto length = static_cast<int>(selectedText().size());
   setText(text);
-  if (hasFocus() && !isReadOnly()) {
-    setCursorPosition(at);
-  } else {
-    ToStart();
-  }
+  if (!held) return ToStart();
+  const auto whole = static_cast<int>(text.size());
+  if (first < 0 || first >= whole) return setCursorPosition(at);
+  const int last = std::min(first + length, whole);
+  at == first ? setSelection(last, first - last) : setSelection(first, last - first);
 }
 
 void TextEntry::ToStart() { setCursorPosition(0); }
@@ -94,37 +98,12 @@ QSize TextEntry::sizeHint() const { return {width_.Hint(*this), FieldHeight(*thi
 
 QSize TextEntry::minimumSizeHint() const { return {width_.Least(*this), FieldHeight(*this)}; }
 
-bool TextEntry::event(QEvent* event) {
-  // Esc and Copy are the field's before any shortcut's.
-  if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-    event->accept();
-    return true;
-  }
-  return QLineEdit::event(event);
-}
-
-void TextEntry::focusInEvent(QFocusEvent* event) {
-  restored_ = text();
-  QLineEdit::focusInEvent(event);
-}
-
 void TextEntry::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
   if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) ToStart();
 }
 
 void TextEntry::keyPressEvent(QKeyEvent* event) {
-  if (IsEnter(*event)) {
-    const bool held = event->isAutoRepeat() && echoMode() == QLineEdit::Password;  // a password's Enter opens a page
-    if (!held) Q_EMIT Entered();
-    return;
-  }
-  if (event->key() == Qt::Key_Escape) {
-    if (isReadOnly() || text() == restored_) return;
-    setText(restored_);
-    Q_EMIT textEdited(restored_);
-    return;
-  }
   if (event->matches(QKeySequence::Copy)) return Copy();
   if (event->matches(QKeySequence::Paste)) return Paste();
   QLineEdit::keyPressEvent(event);
@@ -140,6 +119,22 @@ void TextEntry::Paste() {
   if (isReadOnly()) return;
   const bool taken = takesPaste_ && takesPaste_(QApplication::clipboard()->text());
   if (!taken) paste();
+}
+
+void TextEntry::paintEvent(QPaintEvent* event) {
+  if (!number_ || !isReadOnly() || !CutOff()) return QLineEdit::paintEvent(event);
+  Guarded([this] { PaintTooLong(); });
+}
+
+void TextEntry::PaintTooLong() {
+  QStylePainter painter(this);
+  QStyleOptionFrame option;
+  initStyleOption(&option);
+  painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+  const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(2, 0, -2, 0);
+  if (hasSelectedText()) painter.fillRect(room, palette().highlight());
+  painter.setPen(palette().color(hasSelectedText() ? QPalette::HighlightedText : QPalette::Text));
+  painter.drawText(room, alignment() | Qt::TextSingleLine, QLatin1String(kTooLong));
 }
 
 // ---- labels
@@ -179,15 +174,7 @@ void WordsLabel::Paint() {
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
 
-// ---- buttons, strips, list boxes
-
-void PageButton::keyPressEvent(QKeyEvent* event) {
-  if (IsEnter(*event)) {
-    if (!writes_ && !event->isAutoRepeat()) animateClick();
-    return;
-  }
-  QPushButton::keyPressEvent(event);
-}
+// ---- strips, list boxes
 
 PageTabs::PageTabs(QWidget* parent) : QTabBar(parent) {
   setExpanding(false);

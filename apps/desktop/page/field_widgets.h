@@ -35,8 +35,9 @@ class TextEntry final : public QLineEdit {
 
  public:
   TextEntry(FieldWidth width, bool readOnly, QWidget* parent);
-  /// The form's text; the operator's cursor stays where it can.
-  void Show(const QString& text);
+  /// The form's text; the operator's cursor and selection stay as far as it allows. A number that is only read is
+  /// never cut: where it does not fit, "#####" stands for it.
+  void Show(const QString& text, bool number = false);
   bool CutOff() const;
   /// The selection, or the whole text.
   void Copy();
@@ -47,20 +48,19 @@ class TextEntry final : public QLineEdit {
   QSize minimumSizeHint() const override;
 
  Q_SIGNALS:
-  void Entered();
 
  protected:
-  bool event(QEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void ToStart();
+  void PaintTooLong();
 
   FieldWidth width_;
-  QString restored_;  // what Esc brings back
   std::function<bool(const QString&)> takesPaste_;
+  bool number_ = false;
 };
 
 /// A caption, a unit: text as it stands.
@@ -91,20 +91,6 @@ class WordsLabel final : public QWidget {
   QString words_;
   QString brief_;
   bool alert_ = false;
-};
-
-/// Opens a page by Enter, Space or mouse; writes by Space or mouse alone.
-class PageButton final : public QPushButton {
-  Q_OBJECT
-
- public:
-  PageButton(bool writes, QWidget* parent) : QPushButton(parent), writes_(writes) { setAutoDefault(false); }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override;
-
- private:
-  bool writes_;
 };
 
 /// A strip that the wheel does not turn.

@@ -1,6 +1,5 @@
 #include "desktop/page/group_view.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -106,8 +105,6 @@ FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
   }
   line.box->addWidget(cell->Widget(), SpansPage(cell->Kind()) ? 1 : 0);
   connect(cell, &FieldCell::Pressed, this, &GroupView::Pressed);
-  Connect(cell, &FieldCell::Entered, this, [this, cell] { Q_EMIT Entered(cell); });
-  if (cell->Kind() == RowKind::kLabel) cell->Widget()->installEventFilter(this);
   if (cell->Kind() == RowKind::kOpen) openButtons_.push_back(static_cast<QPushButton*>(cell->Widget()));
   return cell;
 }
@@ -182,13 +179,6 @@ void GroupView::Finish() {
         if (cell != nullptr) cell->SetWordsFit([words = line.words] { return words->Fits(); });
       }
     }
-  }
-  // Labels with values take the focus as one: the first by Tab, the others by arrows.
-  bool first = true;
-  for (FieldCell* cell : cells_) {
-    if (cell->Kind() != RowKind::kLabel) continue;
-    cell->Widget()->setFocusPolicy(first ? Qt::StrongFocus : Qt::ClickFocus);
-    first = false;
   }
   ControlSet all;
   all.set();
@@ -356,44 +346,6 @@ void GroupView::changeEvent(QEvent* event) {
   Guarded([this] {
     for (FieldCell* cell : cells_) cell->FollowFont(font());
   });
-}
-
-// ---- labels with values
-
-bool GroupView::eventFilter(QObject* watched, QEvent* event) {
-  if (GuardedTakes([&] { return LabelTakes(watched, *event); })) return true;
-  return QWidget::eventFilter(watched, event);
-}
-
-bool GroupView::LabelTakes(const QObject* label, const QEvent& event) {
-  if (event.type() == QEvent::KeyPress || event.type() == QEvent::FocusIn) {
-    for (FieldCell* cell : cells_) {
-      if (cell->Widget() != label) continue;
-      if (event.type() == QEvent::FocusIn) {
-        for (FieldCell* other : cells_) {
-          if (other->Kind() == RowKind::kLabel) {
-            other->Widget()->setFocusPolicy(other == cell ? Qt::StrongFocus : Qt::ClickFocus);
-          }
-        }
-        break;
-      }
-      const int key = static_cast<const QKeyEvent&>(event).key();
-      if (key != Qt::Key_Up && key != Qt::Key_Down) break;
-      MoveAmongLabels(*cell, key == Qt::Key_Down ? 1 : -1);
-      return true;
-    }
-  }
-  return false;
-}
-
-void GroupView::MoveAmongLabels(FieldCell& from, int step) {
-  auto at = std::find(cells_.begin(), cells_.end(), &from) - cells_.begin();
-  for (at += step; at >= 0 && at < static_cast<std::ptrdiff_t>(cells_.size()); at += step) {
-    const FieldCell* next = cells_[static_cast<std::size_t>(at)];
-    if (next->Kind() != RowKind::kLabel || !next->Widget()->isVisible()) continue;
-    next->Widget()->setFocus(Qt::OtherFocusReason);
-    return;
-  }
 }
 
 }  // namespace htr60::desktop

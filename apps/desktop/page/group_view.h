@@ -58,10 +58,8 @@ class GroupView final : public QWidget {
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
-  void Entered(htr60::desktop::FieldCell* cell);
 
  protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
@@ -95,8 +93,6 @@ class GroupView final : public QWidget {
   bool Shows(const Row& row) const;
   QString CaptionOf(const LayoutRow& row) const;
   QString UnitOf(const LayoutRow& row) const;
-  bool LabelTakes(const QObject* label, const QEvent& event);
-  void MoveAmongLabels(FieldCell& from, int step);
 
   PageContext context_;
   const PageLayout& page_;

@@ -4,7 +4,6 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -12,6 +11,7 @@
 #include "desktop/edge.h"
 #include "desktop/page/page_bar.h"
 #include "desktop/page/page_view.h"
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -93,6 +93,7 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
   why_->setTextFormat(Qt::PlainText);
   why_->setObjectName(QStringLiteral("noPage"));
   reopen_->setObjectName(QStringLiteral("reopen"));
+  BearSpot(*reopen_, presentation::Spot::Part::kReopen);
   reopen_->hide();
   Connect(reopen_, &QPushButton::clicked, this, [this] { Q_EMIT ReopenPressed(); });
   auto* middle = new QVBoxLayout(empty_);
@@ -101,16 +102,6 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
   middle->addWidget(reopen_, 0, Qt::AlignCenter);
   middle->addStretch(1);
   stack_->addWidget(empty_);
-
-  constexpr struct {
-    QKeyCombination key;
-    int step;
-  } kTabKeys[] = {{Qt::CTRL | Qt::Key_Tab, 1}, {Qt::CTRL | Qt::Key_PageDown, 1}, {Qt::CTRL | Qt::Key_PageUp, -1}};
-  for (const auto& [key, step] : kTabKeys) {
-    auto* shortcut = new QShortcut(QKeySequence(key), this);
-    shortcut->setAutoRepeat(false);  // a tab may read from the device
-    Connect(shortcut, &QShortcut::activated, this, [this, by = step] { ChangeTab(by); });
-  }
 }
 
 // ---- what the presentation shows
@@ -155,44 +146,13 @@ bool PageArea::Show(const PageLayout* page) {
   return true;
 }
 
-// ---- what the operator does
-
-void PageArea::Press(ButtonId button) {
-  const PageLayout* before = presented_.Page();
-  presented_.Press(button);
-  const PageLayout* after = presented_.Page();
-  if (after != nullptr && after != before && !(button == id::cmdBack)) Q_EMIT Activated(button);
-}
-
-void PageArea::ChangeTab(int step) {
-  if (PageView* view = View()) view->ChangeTab(step);
-}
-
-// ---- focus
+void PageArea::Press(ButtonId button) { presented_.Press(button); }
 
 PageView* PageArea::View() const {
   const auto found = views_.find(current_);
   return found == views_.end() ? nullptr : found->second;
 }
 
-void PageArea::FocusFirstField() {
-  if (PageView* view = View(); view != nullptr && !view->FocusFirstField()) view->FocusStart();
-}
-
-void PageArea::FocusPage() {
-  if (PageView* view = View()) view->FocusStart();
-}
-
-bool PageArea::FocusControl(ControlId control) {
-  PageView* view = View();
-  return view != nullptr && view->FocusControl(control);
-}
-
 QString PageArea::Title() const { return ToQt(presented_.Shown().title); }
-
-QString PageArea::NoteOfFocus() const {
-  const PageView* view = View();
-  return view == nullptr ? QString() : view->NoteOfFocus();
-}
 
 }  // namespace htr60::desktop

@@ -31,25 +31,14 @@ class PageArea final : public QWidget {
   /// Presses a button of the control as the operator does. For Write too.
   void Press(ButtonId button);
 
-  /// The first field that can be typed in, else the strip.
-  void FocusFirstField();
-  /// The place where Tab enters the page: the strip, else the first field.
-  void FocusPage();
-  /// A field or a button of the page in front; false where it is not to be seen.
-  bool FocusControl(ControlId control);
-
   const PageLayout* Current() const { return current_; }
   /// Title of the page in front, empty where none is.
   QString Title() const;
-  /// What the layout notes of the row that has the focus, empty where nothing.
-  QString NoteOfFocus() const;
   /// The page in front, null where none is; for tests and for looking.
   PageView* View() const;
   PageBar& Bar() const { return *bar_; }
 
  Q_SIGNALS:
-  /// An open button was pressed and has led to another page; Back leads to `openButton` again.
-  void Activated(htr60::ControlId openButton);
   /// The view's own "Open ..." was pressed.
   void ReopenPressed();
   /// The operator has said that the window closes.
@@ -58,7 +47,6 @@ class PageArea final : public QWidget {
  private:
   bool Show(const PageLayout* page);
   void ShowEmpty();
-  void ChangeTab(int step);
 
   UserCntrl& control_;
   presentation::Presentation& presented_;

@@ -8,6 +8,7 @@
 #include <numeric>
 
 #include "desktop/edge.h"
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
 
@@ -75,7 +76,6 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
     groups_.push_back(view);
     flow_->Add(view, {.beside = group.beside, .separate = group.separate, .fills = [view] { return view->Fills(); }});
     connect(view, &GroupView::Pressed, this, &PageView::Pressed);
-    Connect(view, &GroupView::Entered, this, &PageView::FocusNextField);
   }
   AddFigure();
   scroll_->setWidget(content_);
@@ -90,26 +90,21 @@ void PageView::AddFigure() {
   flow_->Add(figure_,
              {.beside = !groups_.empty() && !page_.figureBelow, .roomy = !page_.figureBelow, .stretches = true});
   order_.push_back(static_cast<int>(groups_.size()));
-  Connect(figure_, &FigureWidget::FieldWanted, this, &PageView::FocusControl);
+  Connect(figure_, &FigureWidget::FieldWanted, this, [this](ControlId field) {
+    if (FieldCell* cell = CellOf(field)) cell->Widget()->setFocus(Qt::MouseFocusReason);
+  });
   Connect(qApp, &QApplication::focusChanged, this, &PageView::RefreshFigure);
 }
 
 void PageView::RefreshFigure() {
   if (figure_ == nullptr) return;
-  const FieldCell* focused = nullptr;
-  const QWidget* focus = QApplication::focusWidget();
-  for (const GroupView* group : groups_) {
-    for (const FieldCell* cell : group->Cells()) {
-      if (focus != nullptr && cell->Widget() == focus) focused = cell;
-    }
-  }
-  context_.presented.Focus(focused == nullptr ? ControlId{} : focused->Control());
   figure_->Show(context_.presented.Drawing());
 }
 
 void PageView::AddStrip(TabsId id, int tab, QLayout& column) {
   auto* bar = new PageTabs(this);
   bar->setObjectName(QString::fromStdString(NameOf(id)));
+  BearSpot(*bar, id);
   for (const std::string_view caption : context_.control.form.At(id).Captions()) bar->addTab(ToQt(caption));
   column.addWidget(bar);
   strips_.push_back({id, tab, bar});
@@ -153,18 +148,9 @@ void PageView::RefreshStates() {
 
 void PageView::Arrange() {
   const presentation::TabsInFront tabs = presentation::TabsOf(context_.control.form, page_);
-  const QWidget* focus = QApplication::focusWidget();
-  const bool held = focus != nullptr && content_->isAncestorOf(focus);
-  bool moved = false;
   for (GroupView* group : groups_) {
     const bool shows = presentation::StandsOn(group->Group(), tabs) && group->Shows();
-    if (group->isVisibleTo(content_) == shows) continue;
-    group->setVisible(shows);
-    moved = true;
-  }
-  // The focus does not wander to whatever stands next when its field goes out of sight.
-  if (held && moved && !focus->isVisibleTo(this)) {
-    if (PageTabs* strip = Innermost()) strip->setFocus(Qt::OtherFocusReason);
+    if (group->isVisibleTo(content_) != shows) group->setVisible(shows);
   }
   ArrangeByTop();
   AlignCaptions();
@@ -188,8 +174,6 @@ void PageView::ArrangeByTop() {
   if (order == order_) return;
   order_ = order;
   flow_->Reorder(order_);
-  const std::vector<QWidget*> stops = TabStops();
-  for (std::size_t i = 1; i < stops.size(); ++i) setTabOrder(stops[i - 1], stops[i]);
 }
 
 void PageView::AlignCaptions() {
@@ -222,21 +206,6 @@ void PageView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Guarded([this] { AlignCaptions(); });
 }
 
-// ---- focus
-
-PageTabs* PageView::Innermost() const {
-  for (auto strip = strips_.rbegin(); strip != strips_.rend(); ++strip) {
-    if (strip->bar->isVisibleTo(this)) return strip->bar;
-  }
-  return nullptr;
-}
-
-void PageView::ChangeTab(int step) {
-  PageTabs* strip = Innermost();
-  if (strip == nullptr || strip->count() == 0) return;
-  strip->setCurrentIndex((strip->currentIndex() + step + strip->count()) % strip->count());
-}
-
 std::vector<GroupView*> PageView::InOrder() const {
   std::vector<GroupView*> groups;
   for (const int number : order_) {
@@ -246,52 +215,6 @@ std::vector<GroupView*> PageView::InOrder() const {
   return groups;
 }
 
-std::vector<FieldCell*> PageView::VisibleCells() const {
-  std::vector<FieldCell*> cells;
-  for (const GroupView* group : InOrder()) {
-    if (!group->isVisibleTo(content_)) continue;
-    for (FieldCell* cell : group->Cells()) {
-      if (cell->Widget()->isVisibleTo(content_) && cell->Widget()->isEnabled()) cells.push_back(cell);
-    }
-  }
-  return cells;
-}
-
-bool PageView::FocusFirstField() {
-  for (FieldCell* cell : VisibleCells()) {
-    if (!cell->CanBeTypedIn()) continue;
-    cell->Widget()->setFocus(Qt::OtherFocusReason);
-    return true;
-  }
-  return false;
-}
-
-void PageView::FocusStart() {
-  if (!strips_.empty()) return strips_.front().bar->setFocus(Qt::TabFocusReason);
-  for (FieldCell* cell : VisibleCells()) {
-    if (cell->Widget()->focusPolicy() == Qt::NoFocus) continue;
-    return cell->Widget()->setFocus(Qt::TabFocusReason);
-  }
-}
-
-bool PageView::FocusControl(ControlId control) {
-  const FieldCell* cell = CellOf(control);
-  if (cell == nullptr || !cell->Widget()->isVisibleTo(this) || !cell->Widget()->isEnabled()) return false;
-  cell->Widget()->setFocus(Qt::OtherFocusReason);
-  scroll_->ensureWidgetVisible(cell->Widget());
-  return true;
-}
-
-void PageView::FocusNextField(FieldCell* from) {
-  const std::vector<FieldCell*> cells = VisibleCells();
-  auto at = std::find(cells.begin(), cells.end(), from);
-  if (at == cells.end()) return;
-  for (++at; at != cells.end(); ++at) {
-    if ((*at)->IsButton() || (*at)->Widget()->focusPolicy() == Qt::NoFocus) continue;
-    return (*at)->Widget()->setFocus(Qt::TabFocusReason);
-  }
-}
-
 FieldCell* PageView::CellOf(ControlId control) const {
   for (const GroupView* group : groups_) {
     for (FieldCell* cell : group->Cells()) {
@@ -299,27 +222,6 @@ FieldCell* PageView::CellOf(ControlId control) const {
     }
   }
   return nullptr;
-}
-
-QString PageView::NoteOfFocus() const {
-  const QWidget* focus = QApplication::focusWidget();
-  for (const GroupView* group : groups_) {
-    for (const FieldCell* cell : group->Cells()) {
-      if (cell->Widget() == focus) return ToQt(cell->Row().note);
-    }
-  }
-  return {};
-}
-
-std::vector<QWidget*> PageView::TabStops() const {
-  std::vector<QWidget*> stops;
-  for (const Strip& strip : strips_) stops.push_back(strip.bar);
-  for (const GroupView* group : InOrder()) {
-    for (const FieldCell* cell : group->Cells()) {
-      if (cell->Widget()->focusPolicy() != Qt::NoFocus) stops.push_back(cell->Widget());
-    }
-  }
-  return stops;
 }
 
 }  // namespace htr60::desktop

@@ -23,17 +23,9 @@ class PageView final : public QWidget {
   /// Takes shapes, words, letters and figure from what the presentation shows.
   void RefreshStates();
 
-  /// The tab in front of the innermost strip moves on, or back.
-  void ChangeTab(int step);
-  bool FocusFirstField();
-  void FocusStart();
-  bool FocusControl(ControlId control);
-  QString NoteOfFocus() const;
   FieldCell* CellOf(ControlId control) const;
   const std::vector<GroupView*>& Groups() const { return groups_; }
   FigureWidget* Picture() const { return figure_; }  ///< none where the page draws nothing
-  /// What Tab goes through, in order.
-  std::vector<QWidget*> TabStops() const;
 
  Q_SIGNALS:
   void Pressed(htr60::ButtonId button);
@@ -55,12 +47,9 @@ class PageView final : public QWidget {
   void ArrangeByTop();
   void AlignCaptions();
   void ChooseLetters();
-  PageTabs* Innermost() const;
   void AddFigure();
   void RefreshFigure();
-  void FocusNextField(FieldCell* from);
   std::vector<GroupView*> InOrder() const;
-  std::vector<FieldCell*> VisibleCells() const;
 
   PageContext context_;
   const PageLayout& page_;

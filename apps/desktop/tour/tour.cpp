@@ -167,7 +167,7 @@ Tour::Outcome Tour::PressTab(const TourStep& step) {
 Tour::Outcome Tour::Type(const TourStep& step) {
   auto* field = Shown<QLineEdit>(window_, step.control);
   if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
-  field->setFocus(Qt::TabFocusReason);
+  field->setFocus(Qt::OtherFocusReason);
   field->selectAll();
   SendKey(*field, Qt::Key_Delete);
   const QString text = ToQt(Localized(step.text));
@@ -178,7 +178,7 @@ Tour::Outcome Tour::Type(const TourStep& step) {
 Tour::Outcome Tour::Choose(const TourStep& step) {
   auto* field = Shown<ChoiceField>(window_, step.control);
   if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
-  field->setFocus(Qt::TabFocusReason);
+  field->setFocus(Qt::OtherFocusReason);
   field->showPopup();
   if (field->Popup() == nullptr) return Outcome::kCannot;
   QListView* list = field->Popup()->List();

@@ -1,28 +1,12 @@
 #include "desktop/window/action_area.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <utility>
 
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
-namespace {
-
-// Enter never writes to the device, whatever keys the platform presses buttons with.
-class WriteButton final : public QPushButton {
- public:
-  using QPushButton::QPushButton;
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-    QPushButton::keyPressEvent(event);
-  }
-};
-
-}  // namespace
-
 ActionArea::ActionArea(QWidget* parent)
     : QWidget(parent),
       back_(new QPushButton(tr("&Back"), this)),
@@ -30,7 +14,7 @@ ActionArea::ActionArea(QWidget* parent)
       message_(new QLabel(this)),
       revert_(new QPushButton(ToQt(presentation::kRevert), this)),
       save_(new QPushButton(tr("&Save"), this)),
-      write_(new WriteButton(tr("&Write"), this)) {
+      write_(new QPushButton(tr("&Write"), this)) {
   back_->setObjectName(QStringLiteral("cmdBack"));
   save_->setObjectName(QStringLiteral("cmdSave"));
   write_->setObjectName(QStringLiteral("cmdWriteParameter"));
@@ -41,6 +25,12 @@ ActionArea::ActionArea(QWidget* parent)
   footer_->setAccessibleName(ToQt(presentation::kFieldStatesName));
   message_->setAccessibleName(ToQt(presentation::kMessageName));
   footer_->setObjectName(QStringLiteral("footer"));
+  using presentation::Spot;
+  BearSpot(*back_, ControlId(id::cmdBack));
+  BearSpot(*save_, ControlId(id::cmdSave));
+  BearSpot(*write_, ControlId(id::cmdWriteParameter));
+  BearSpot(*footer_, Spot::Part::kFooter);
+  BearSpot(*revert_, Spot::Part::kRevert);
   footer_->setAutoRaise(true);
   footer_->hide();
   for (QPushButton* button : {back_, revert_, save_, write_}) button->setAutoDefault(false);

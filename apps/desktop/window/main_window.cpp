@@ -6,11 +6,9 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSettings>
-#include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <utility>
 
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
@@ -54,11 +52,11 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
                             .timeOfDay = TimeOfDay(host),
                             .simulated = host.Simulated(),
                             .changed = [&host] { host.WantTurn(); }}),
+      keys_(presented_, *this),
       places_(places) {
   setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
   MakeLayout();
   MakeMenus();
-  MakeKeys();
   setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));
   resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
   RestorePlaces();
@@ -108,22 +106,15 @@ void MainWindow::MakeLayout() {
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(all);
 
-  Connect(tree_, &TreePanel::NodeActivated, this, &MainWindow::ActivateNode);
-  Connect(page_, &PageArea::Activated, this, [this](ControlId opener) {
-    openers_.push_back(opener);
-    focusAfter_ = FocusAfter::kFirstField;
-  });
-  Connect(page_, &PageArea::ReopenPressed, this, [this] {
-    openers_.clear();
-    presented_.Reopen();
-    focusAfter_ = FocusAfter::kFirstField;
-  });
+  Connect(&keys_, &KeyRouter::Acted, this, &MainWindow::Turn);
+  Connect(&keys_, &KeyRouter::HelpWanted, this, &MainWindow::ShowHelp);
+  Connect(&keys_, &KeyRouter::NodeWanted, tree_, &TreePanel::ActivateCurrent);
+  Connect(tree_, &TreePanel::NodeActivated, this,
+          [this](const QString& text, int position) { presented_.Activate(ToUtf8(text), position); });
+  Connect(page_, &PageArea::ReopenPressed, this, [this] { presented_.Reopen(); });
   Connect(page_, &PageArea::CloseWanted, this, [this] { close(); });
-  Connect(strip_, &IdentificationStrip::HealthPressed, this, [this] {
-    openers_.clear();
-    presented_.OpenHealth();
-  });
-  Connect(actions_, &ActionArea::BackPressed, this, &MainWindow::PressBack);
+  Connect(strip_, &IdentificationStrip::HealthPressed, this, [this] { presented_.OpenHealth(); });
+  Connect(actions_, &ActionArea::BackPressed, this, [this] { presented_.Press(id::cmdBack); });
   Connect(actions_, &ActionArea::RevertPressed, this, [this] {
     presented_.Revert();
     Turn();
@@ -133,9 +124,8 @@ void MainWindow::MakeLayout() {
     Turn();
   });
   Connect(actions_, &ActionArea::FooterPressed, this, [this] {
-    const ControlId field = presented_.StepCounted();
+    presented_.StepCounted();
     Turn();
-    if (field) page_->FocusControl(field);
   });
   deadline_.setSingleShot(true);
   Connect(&deadline_, &QTimer::timeout, this, &MainWindow::Turn);
@@ -155,25 +145,15 @@ void MainWindow::MakeMenus() {
   simulator->addSeparator();
   simulator->addAction(tr("Quit"), this, &MainWindow::close);
   QMenu* help = menuBar()->addMenu(tr("Help"));
-  help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
+  QAction* page = help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
+  page->setAutoRepeat(false);
   help->addAction(tr("About HTR60"), this, AtEdge(this, &MainWindow::ShowAbout));
-}
-
-void MainWindow::MakeKeys() {
-  const auto on = [this](const QKeySequence& keys, auto run) {
-    auto* shortcut = new QShortcut(keys, this);
-    shortcut->setAutoRepeat(false);  // a key held down is one press
-    Connect(shortcut, &QShortcut::activated, this, run);
-  };
-  on(QKeySequence(Qt::Key_F5), [this] { ActivateAgain(); });
-  on(QKeySequence(Qt::Key_F6), [this] { StepFocus(1); });
-  on(QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { StepFocus(-1); });
-  on(QKeySequence(Qt::ALT | Qt::Key_Left), [this] { actions_->Back()->click(); });
 }
 
 void MainWindow::Turn() {
   const FormChanges changes = presented_.Turn();
   const presentation::Screen& screen = presented_.Show();
+  keys_.Hold();
   // A failure of one part leaves the others what has changed for them.
   Guarded([&] {
     if (changes.tree) {
@@ -193,79 +173,23 @@ void MainWindow::Turn() {
   Guarded([&] {
     header_->Apply(screen);
     actions_->Apply(control_.form, screen);
-    PutActionsLast();
   });
   if (const auto next = presented_.NextDeadline()) {
     deadline_.start(static_cast<int>(std::clamp<std::int64_t>(*next - presented_.Now(), 0, kLongestWaitMs)));
   } else {
     deadline_.stop();
   }
-  MoveFocus();
-}
-
-void MainWindow::MoveFocus() {
-  switch (std::exchange(focusAfter_, FocusAfter::kStays)) {
-    case FocusAfter::kFirstField:
-      page_->FocusFirstField();
-      break;
-    case FocusAfter::kOpener:
-      if (!opener_ || !page_->FocusControl(opener_)) page_->FocusPage();
-      break;
-    case FocusAfter::kStays:
-      break;
-  }
-}
-
-void MainWindow::ActivateNode(const QString& text, int position) {
-  openers_.clear();
-  presented_.Activate(ToUtf8(text), position);
-}
-
-void MainWindow::ActivateAgain() {
-  openers_.clear();
-  presented_.ActivateAgain();
-}
-
-void MainWindow::PressBack() {
-  opener_ = {};
-  if (!openers_.empty()) {
-    opener_ = openers_.back();
-    openers_.pop_back();
-  }
-  page_->Press(id::cmdBack);
-  focusAfter_ = FocusAfter::kOpener;
-}
-
-void MainWindow::StepFocus(int step) {
-  const QWidget* focus = QApplication::focusWidget();
-  int now = 0;
-  if (focus != nullptr && page_->isAncestorOf(focus)) now = 1;
-  if (focus != nullptr && actions_->isAncestorOf(focus)) now = 2;
-  switch ((now + step + 3) % 3) {
-    case 0:
-      tree_->setFocus(Qt::ShortcutFocusReason);
-      break;
-    case 1:
-      page_->FocusPage();
-      break;
-    default:
-      for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
-        if (!button->isEnabled() || !button->isVisible()) continue;
-        button->setFocus(Qt::ShortcutFocusReason);
-        break;
-      }
-  }
+  keys_.Follow();
 }
 
 void MainWindow::ShowHelp() {
-  const PageLayout* page = page_->Current();
+  const presentation::HelpText help = presented_.Keys().Help();
+  QStringList lines;
+  for (const std::string& line : help.lines) lines << ToQt(line);
   QMessageBox box(this);
   box.setWindowTitle(tr("HTR60"));
   box.setTextFormat(Qt::PlainText);
-  box.setText(page != nullptr ? page_->Title() : ToQt(presented_.Shown().message));
-  QStringList lines;
-  if (page != nullptr) lines << ToQt(page->purpose);
-  if (const QString note = page_->NoteOfFocus(); !note.isEmpty()) lines << note;
+  box.setText(ToQt(help.title));
   box.setInformativeText(lines.join(QStringLiteral("\n\n")));
   box.exec();
 }
@@ -274,22 +198,6 @@ void MainWindow::ShowAbout() {
   QMessageBox::about(this, tr("About HTR60"),
                      tr("HTR60 %1\nOperator interface of the HTR60 transmitter, here with a simulated one.")
                          .arg(QStringLiteral(HTR60_VERSION)));
-}
-
-// Pages are made when they are first shown, and a new widget is the last stop of Tab: the action area moves after it.
-void MainWindow::PutActionsLast() {
-  if (chained_ == page_->Current()) return;
-  chained_ = page_->Current();
-  QWidget* last = previousInFocusChain();
-  // After a widget that takes no focus nothing can be put.
-  while (last != this && (last->focusPolicy() == Qt::NoFocus || actions_->isAncestorOf(last))) {
-    last = last->previousInFocusChain();
-  }
-  if (last == this) return;
-  for (QPushButton* button : {actions_->Write(), actions_->Save(), actions_->Back()}) {
-    setTabOrder(last, button);
-    last = button;
-  }
 }
 
 // No text of the tree is cut while there is room: the splitter gives way, up to half the window.

@@ -2,8 +2,8 @@
 
 #include <QMainWindow>
 #include <QTimer>
-#include <vector>
 
+#include "desktop/page/key_router.h"
 #include "desktop/window/desktop_host.h"
 
 class QAction;
@@ -46,21 +46,11 @@ class MainWindow final : public QMainWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // Where the focus goes once the page that an action opened is in front.
-  enum class FocusAfter { kStays, kFirstField, kOpener };
-
   void MakeLayout();
   void MakeMenus();
-  void MakeKeys();
   void Turn();
-  void MoveFocus();
-  void ActivateNode(const QString& text, int position);
-  void ActivateAgain();
-  void PressBack();
-  void StepFocus(int step);
   void ShowHelp();
   void ShowAbout();
-  void PutActionsLast();
   void LimitTree();
   void RestorePlaces();
   void KeepPlaces();
@@ -68,6 +58,7 @@ class MainWindow final : public QMainWindow {
   DesktopHost& host_;
   UserCntrl& control_;
   presentation::Presentation presented_;
+  KeyRouter keys_;
   const Places places_;
   IdentificationStrip* strip_;
   QSplitter* splitter_;
@@ -78,11 +69,7 @@ class MainWindow final : public QMainWindow {
   StatusPanels* panels_;
   LiveRegion* live_;
   QAction* offline_;
-  std::vector<ControlId> openers_;  // the open buttons that led here, for Back
-  ControlId opener_;
-  FocusAfter focusAfter_ = FocusAfter::kStays;
-  QTimer deadline_;                // time alone changes what is shown
-  const void* chained_ = nullptr;  // the page after which the action area stands in the order of Tab
+  QTimer deadline_;  // time alone changes what is shown
 };
 
 }  // namespace htr60::desktop

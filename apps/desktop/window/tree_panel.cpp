@@ -1,13 +1,13 @@
 #include "desktop/window/tree_panel.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QScrollBar>
 #include <algorithm>
 
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/figure/shapes.h"
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -24,6 +24,7 @@ QIcon NodeIcon(std::string_view picture, int side) { return DrawingIcon(ToQt(pic
 TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tree_(tree) {
   setHeaderHidden(true);
   setAccessibleName(ToQt(presentation::kTreeName));
+  BearSpot(*this, presentation::Spot::Part::kTree);
   setExpandsOnDoubleClick(false);  // a double click is two activations, and the branch stays as it is
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setIndentation(fontMetrics().averageCharWidth() * 5 / 2);
@@ -138,22 +139,12 @@ bool TreePanel::Press(const QString& text) {
   return true;
 }
 
+void TreePanel::ActivateCurrent() { Activate(currentItem()); }
+
 void TreePanel::Activate(QTreeWidgetItem* item) {
   if (item == nullptr) return;
   // Activating may rebuild the tree: the item is not touched after the signal.
   Q_EMIT NodeActivated(item->text(0), item->data(0, kPosition).toInt());
-}
-
-void TreePanel::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Space:
-      if (!event->isAutoRepeat()) Activate(currentItem());
-      return;
-    default:
-      QTreeWidget::keyPressEvent(event);
-  }
 }
 
 }  // namespace htr60::desktop

@@ -20,6 +20,8 @@ class TreePanel final : public QTreeWidget {
   void SetMarks(const presentation::TreeMarks& marks);
   /// Width at which no text is cut, in pixels.
   int TextWidth() const;
+  /// Activates the node at the cursor.
+  void ActivateCurrent();
   /// Presses the first node of that text, as a click does; false where the tree has none.
   bool Press(const QString& text);
 
@@ -28,7 +30,6 @@ class TreePanel final : public QTreeWidget {
   void NodeActivated(const QString& text, int position);
 
  protected:
-  void keyPressEvent(QKeyEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
