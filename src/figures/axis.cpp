@@ -16,6 +16,15 @@ double NearestDrawable(double number) {
   return std::isnan(number) ? 0 : std::clamp(number, -kMostDrawable, kMostDrawable);
 }
 
+// Neighbouring numbers that cannot be told apart: ticks would stand on each other.
+bool AreOne(double low, double high) { return high - low <= std::max({std::abs(low), std::abs(high), 1e-300}) * 1e-12; }
+
+void Widen(double& from, double& to) {
+  const double half = std::max(std::abs(from) * 0.5, 0.5);
+  from -= half;
+  to += half;
+}
+
 // The largest of 1, 2, 5 times a power of ten that gives at least four steps over the span.
 double RoundStep(double span) {
   const double power = std::pow(10.0, std::floor(std::log10(span / 4)));
@@ -39,17 +48,16 @@ std::optional<double> NumberOf(std::string_view text, char decimalSeparator) {
   return std::nullopt;
 }
 
+std::optional<double> NumberIn(const FigureSource& source, ControlId field) {
+  if (source.hinted && source.hinted(field)) return std::nullopt;
+  return NumberOf(source.form.TextOf(field), source.decimalSeparator);
+}
+
 FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSeparator) {
   from = NearestDrawable(from);
   to = NearestDrawable(to);
   if (from > to) std::swap(from, to);
-  // Beyond this neighbouring numbers cannot be told apart, so ticks would stand on each other.
-  const double least = std::max({std::abs(from), std::abs(to), 1e-300}) * 1e-12;
-  if (to - from <= least) {
-    const double half = std::max(std::abs(from) * 0.5, 0.5);
-    from -= half;
-    to += half;
-  }
+  if (AreOne(from, to)) Widen(from, to);
   const double step = RoundStep(to - from);
   FigureAxis axis;
   axis.caption = std::move(caption);
@@ -62,6 +70,21 @@ FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSe
     const double value = (first + i) * step;
     const NumberText text = NumberToText(std::abs(value) < step * 1e-9 ? 0.0 : value, decimalSeparator);
     axis.ticks.push_back({value, std::string(text.View())});
+  }
+  return axis;
+}
+
+FigureAxis EndAxis(std::string caption, AxisEnd one, AxisEnd other) {
+  if (one.value > other.value) std::swap(one, other);
+  FigureAxis axis;
+  axis.caption = std::move(caption);
+  axis.from = one.value;
+  axis.to = other.value;
+  axis.ticks.push_back({one.value, std::move(one.text)});
+  if (AreOne(axis.from, axis.to)) {
+    Widen(axis.from, axis.to);
+  } else {
+    axis.ticks.push_back({other.value, std::move(other.text)});
   }
   return axis;
 }

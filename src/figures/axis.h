@@ -15,7 +15,18 @@ bool Drawable(double number);
 /// number that is, and NaN as 0.
 FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSeparator);
 
+/// An axis that two numbers bound, in either order, with their texts as its ticks; equal ones are widened. Both must be
+/// drawable.
+struct AxisEnd {
+  double value = 0;
+  std::string text;
+};
+FigureAxis EndAxis(std::string caption, AxisEnd one, AxisEnd other);
+
 /// The number of a field's text in the operator's locale; none where it is no number.
 std::optional<double> NumberOf(std::string_view text, char decimalSeparator);
+
+/// The same of a field of the form; none too where the field bears a hint.
+std::optional<double> NumberIn(const FigureSource& source, ControlId field);
 
 }  // namespace htr60::figures

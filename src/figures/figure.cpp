@@ -1,5 +1,6 @@
 #include "figures/figure.h"
 
+#include "figures/analog_input.h"
 #include "figures/linearization.h"
 #include "figures/square_root.h"
 
@@ -11,6 +12,8 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::LinearizationFigure(source);
     case FigureKind::kSquareRoot:
       return figures::SquareRootFigure(source);
+    case FigureKind::kAnalogInput:
+      return figures::AnalogInputFigure(source);
     case FigureKind::kNone:
       break;
   }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -60,17 +61,61 @@ struct FigureAxis {
   std::vector<FigureTick> ticks;  ///< rising, within the axis
 };
 
+/// Where something lies for the bar it belongs to. Beyond an end it stands at that end, with an arrow.
+enum class BarReach : std::uint8_t { kWithin, kAbove, kBelow };
+
+/// A limit or a point of a bar, with a flag of words.
+struct BarMark {
+  double at = 0;
+  std::string text;
+  BarReach reach = BarReach::kWithin;
+  bool unwritten = false;
+};
+
+enum class BarSpanStyle : std::uint8_t {
+  kBracket,  ///< how far something reaches
+  kWrong,    ///< between two that are out of order: dashed, with a cross in its middle
+};
+
+struct BarSpan {
+  double from = 0;
+  double to = 0;
+  BarSpanStyle style = BarSpanStyle::kBracket;
+};
+
+/// The present value of what the bar shows.
+struct BarPointer {
+  double at = 0;
+  std::string text;
+  std::string status;  ///< with its shape
+  BarReach reach = BarReach::kWithin;
+};
+
+/// One quantity as an upright bar with marks, spans and a pointer.
+struct FigureBar {
+  FigureAxis axis;
+  double from = 0;  ///< the bar on its axis; what the axis has beyond it is hatched
+  double to = 1;
+  std::vector<BarMark> marks;
+  std::vector<BarSpan> spans;
+  std::optional<BarPointer> pointer;
+};
+
 struct Figure {
   FigureAxis x;
   FigureAxis y;
   std::vector<FigureLine> lines;
   std::vector<FigureMarker> markers;
   std::vector<FigureText> texts;
+  std::optional<FigureBar> bar;      ///< beside the axes
+  bool barAlone = false;             ///< there are no axes
   std::string verdictCaption;        ///< caption of the device's verdict, shown above with its shape
   std::string verdict;               ///< the verdict's text as it stands
+  std::string alarmCaption;          ///< caption of the device's alarms
+  std::vector<std::string> alarms;   ///< a line above for each, with its shape
   std::vector<std::string> above;    ///< further lines above
   std::vector<std::string> remarks;  ///< lines below, the figure's own begin with "Check:"
-  std::string missing;               ///< not empty: nothing can be drawn, and this says why
+  std::string missing;               ///< not empty: nothing but the bar can be drawn, and this says why
   std::string sentence;              ///< what the figure shows, for assistive technology
 };
 
@@ -83,6 +128,8 @@ struct FigureSource {
   /// Typed and not written.
   std::function<bool(ControlId)> unwritten;
   ControlId focus{};
+  /// Bears a hint that its text is no number as it is meant; empty: none does.
+  std::function<bool(ControlId)> hinted{};
 };
 
 /// The figure of a page; `kNone` gives an empty one.

@@ -27,8 +27,8 @@ std::vector<Point> ReadPoints(const FigureSource& source, int count) {
   for (int k = 0; k < count; ++k) {
     const pages::TablePoint& fields = kTablePoints[static_cast<std::size_t>(k)];
     if (!source.known(fields.x) || !source.known(fields.y)) continue;
-    const auto x = NumberOf(source.form.At(fields.x).Text(), source.decimalSeparator);
-    const auto y = NumberOf(source.form.At(fields.y).Text(), source.decimalSeparator);
+    const auto x = NumberIn(source, fields.x);
+    const auto y = NumberIn(source, fields.y);
     Point point{k + 1, std::nullopt, source.unwritten(fields.x) || source.unwritten(fields.y)};
     if (x && y) {
       point.tooLarge = !Drawable(*x) || !Drawable(*y);

@@ -22,7 +22,7 @@ constexpr Setting kCutOff{id::txtParameter(40), "Low Flow Cut Off (%)"};
 // The setting's percent of flow; none where it is no number from 0 to 100, and then a remark says so.
 std::optional<double> PercentOf(const FigureSource& source, const Setting& setting, Figure& figure) {
   if (!source.known(setting.field)) return std::nullopt;
-  const auto percent = NumberOf(source.form.At(setting.field).Text(), source.decimalSeparator);
+  const auto percent = NumberIn(source, setting.field);
   if (percent && *percent >= 0 && *percent <= kFull) return percent;
   figure.remarks.push_back("Check: " + std::string(setting.caption) + " is no number from 0 to 100.");
   return std::nullopt;

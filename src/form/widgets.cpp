@@ -40,7 +40,11 @@ void TextField::SetText(std::string_view text) {
 
 void TextField::Type(std::string_view text) { Control::SetText(text_, Cut(text)); }
 
-void Label::SetText(std::string_view text) { Control::SetText(text_, text); }
+void Label::SetText(std::string_view text) {
+  ++sets_;
+  Mark();  // as for a field
+  Control::SetText(text_, text);
+}
 
 void Button::SetText(std::string_view text) { Control::SetText(text_, text); }
 
@@ -81,12 +85,14 @@ void ChoiceList::Fill(std::span<const std::string_view> rows) {
 }
 
 void ListBox::Clear() {
+  ++sets_;
   if (rows_.empty()) return;
   rows_.clear();
   Mark();
 }
 
 void ListBox::AddRow(std::string_view row) {
+  ++sets_;
   rows_.emplace_back(row);
   Mark();
 }

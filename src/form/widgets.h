@@ -85,9 +85,12 @@ class Label : public Control {
  public:
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);
+  /// How often the program has set the label, an equal text included.
+  std::uint32_t Sets() const { return sets_; }
 
  private:
   std::string text_;
+  std::uint32_t sets_ = 0;
 };
 
 class Button : public Control {
@@ -133,9 +136,12 @@ class ListBox : public Control {
   const std::vector<std::string>& Rows() const { return rows_; }
   void Clear();
   void AddRow(std::string_view row);
+  /// How often the program has emptied the box or added a row.
+  std::uint32_t Sets() const { return sets_; }
 
  private:
   std::vector<std::string> rows_;
+  std::uint32_t sets_ = 0;
 };
 
 /// A strip of tabs. Setting another tab raises the click event, whoever sets it; setting the tab in front raises

@@ -301,6 +301,13 @@ void Presentation::AddFrameButtons(Screen& screen) {
   }
 }
 
+// The same hint as behind the field, whichever page shows it.
+bool Presentation::BearsHint(ControlId control) const {
+  Form& form = control_.form;
+  return form.Any(control).Enabled() && states_.ReadOrEdited(control) &&
+         !NumberHint(form.TextOf(control), control_.codecs.DecimalSeparator()).empty();
+}
+
 Figure Presentation::Drawing() {
   if (page_ == nullptr) return {};
   return ComputeFigure(
@@ -308,7 +315,8 @@ Figure Presentation::Drawing() {
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
-                      .focus = focus_});
+                      .focus = focus_,
+                      .hinted = [this](ControlId control) { return BearsHint(control); }});
 }
 
 std::optional<ScreenFigure> Presentation::FigureOf() {
@@ -316,6 +324,7 @@ std::optional<ScreenFigure> Presentation::FigureOf() {
   Figure figure = Drawing();
   ScreenFigure shown{.sentence = std::move(figure.sentence), .above = {}, .remarks = std::move(figure.remarks)};
   if (!figure.verdict.empty()) shown.above.push_back(figure.verdictCaption + ": " + figure.verdict);
+  for (const std::string& alarm : figure.alarms) shown.above.push_back(figure.alarmCaption + ": " + alarm);
   for (std::string& line : figure.above) shown.above.push_back(std::move(line));
   return shown;
 }

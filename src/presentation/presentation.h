@@ -90,6 +90,7 @@ class Presentation {
   void AddPage(Screen& screen);
   void AddFrameButtons(Screen& screen);
   std::optional<ScreenFigure> FigureOf();
+  bool BearsHint(ControlId control) const;
 
   UserCntrl& control_;
   Surroundings surroundings_;

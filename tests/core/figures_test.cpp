@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "automate/driver.h"
+#include "core/figure_checks.h"
 #include "figures/axis.h"
 #include "figures/figure.h"
 #include "pages/table_points.h"
@@ -38,11 +39,6 @@ struct Fixture {
                                 .focus = focus});
   }
 };
-
-int Count(const Figure& figure, MarkerShape shape) {
-  return static_cast<int>(std::count_if(figure.markers.begin(), figure.markers.end(),
-                                        [&](const FigureMarker& marker) { return marker.shape == shape; }));
-}
 
 TEST(LinearizationFigure, NamesWhatIsOutOfOrder) {
   struct Case {
@@ -125,44 +121,6 @@ TEST(SquareRootFigure, DrawsCutOffStraightPartAndRoot) {
 
 // ---- numbers at the ends of what a number can be
 
-constexpr const char* kNastyTexts[] = {"0",       "1.7E308",   "-1.7E308", "1.79769313486231E308",
-                                       "1E300",   "-1E300",    "1E301",    "1E-300",
-                                       "-1E-308", "4.94E-324", "1E-320",   "1E999",
-                                       "-1E9999", "1E-99999",  "nan",      "inf",
-                                       "-inf",    "",          "x",        "&HFF",
-                                       "1E",      "--1",       "0.1E-312", "100.00000000000001",
-                                       "99.9999", "1E15",      "1E15.5",   "123456789012345678901234567890"};
-
-void ExpectSound(const FigureAxis& axis) {
-  ASSERT_TRUE(std::isfinite(axis.from) && std::isfinite(axis.to));
-  EXPECT_LT(axis.from, axis.to);
-  EXPECT_TRUE(std::isfinite(axis.to - axis.from));
-  ASSERT_GE(axis.ticks.size(), 2U);
-  EXPECT_LE(axis.ticks.size(), 21U);
-  for (std::size_t i = 0; i < axis.ticks.size(); ++i) {
-    EXPECT_GE(axis.ticks[i].value, axis.from);
-    EXPECT_LE(axis.ticks[i].value, axis.to);
-    EXPECT_TRUE(i == 0 || axis.ticks[i].value > axis.ticks[i - 1].value) << i;
-    EXPECT_FALSE(axis.ticks[i].text.empty());
-  }
-}
-
-void ExpectSound(const Figure& figure) {
-  if (!figure.missing.empty()) return;
-  ExpectSound(figure.x);
-  ExpectSound(figure.y);
-  const auto on = [](const FigureAxis& axis, double value) {
-    const double share = (value - axis.from) / (axis.to - axis.from);
-    return share > -1e-9 && share < 1 + 1e-9;
-  };
-  const auto within = [&](const FigurePoint& at) { return on(figure.x, at.x) && on(figure.y, at.y); };
-  for (const FigureLine& line : figure.lines) {
-    for (const FigurePoint& point : line.points) EXPECT_TRUE(within(point)) << point.x << ' ' << point.y;
-  }
-  for (const FigureMarker& marker : figure.markers) EXPECT_TRUE(within(marker.at)) << marker.at.x << ' ' << marker.at.y;
-  for (const FigureText& text : figure.texts) EXPECT_TRUE(within(text.at)) << text.text;
-}
-
 TEST(Axis, IsSoundBetweenAnyTwoNumbers) {
   using Limits = std::numeric_limits<double>;
   const double kEnds[] = {0,
@@ -187,7 +145,9 @@ TEST(Axis, IsSoundBetweenAnyTwoNumbers) {
   for (const double from : kEnds) {
     for (const double to : kEnds) {
       SCOPED_TRACE(testing::Message() << from << " to " << to);
-      ExpectSound(figures::RoundAxis("X", from, to, '.'));
+      const FigureAxis axis = figures::RoundAxis("X", from, to, '.');
+      ExpectSound(axis);
+      EXPECT_GE(axis.ticks.size(), 2U);
     }
   }
 }
