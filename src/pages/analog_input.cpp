@@ -1,58 +1,409 @@
-#include "pages/pages.h"
+#include "pages/analog_input.h"
 
-#include <algorithm>
-#include <array>
-#include <iterator>
+#include <utility>
 
+#include "codecs/mAllUnits.h"
+#include "codecs/mEnumeration.h"
+#include "codecs/mFunctions.h"
+#include "codecs/mStatusProfibus.h"
 #include "codecs/status_tables.h"
-#include "codecs/unit_tables.h"
-#include "pages/calibration_units.h"
-#include "shell/user_cntrl.h"
+#include "shell/page_steps.h"
 
 namespace htr60::pages::analog_input {
 namespace {
 
-constexpr NameSet kPages{"Analog Input 1", "Analog Input 2", "Analog Input 3"};
+constexpr int kBasicRead = 10;
+constexpr int kAlarmRead = 11;
+constexpr int kFailSafeRead = 12;
+constexpr int kSimulateRead = 13;
+constexpr int kModeRead = 14;
+constexpr int kOutputRead = 37;
+constexpr int kOutputInterval = 15000;
 
-// The pages end in the number of their block.
-void SelectBlock(UserCntrl& c) {
-  if (kPages.Has(c.CurrentPage)) c.BlockSelector = c.CurrentPage.back();
+// ---- layout
+
+constexpr std::string_view kTargetNote = "Auto calculates, Man takes the output written here, Out of Service holds it.";
+constexpr std::string_view kUpperCaption = "Upper [EU (100%)]";
+constexpr std::string_view kLowerCaption = "Lower [EU (0%)]";
+
+constexpr LayoutRow kBasicRows[] = {
+    {.caption = "Target Mode", .kind = RowKind::kList, .control = id::cmbAITarget(0), .note = kTargetNote},
+    {.caption = "Actual Mode",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(303),
+     .note = "The mode in which the block works now."},
+    {.caption = "Channel",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(318),
+     .note = "The value of the transducer that the block takes."},
+    {.caption = "Damping",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(119),
+     .unit = "s",
+     .note = "Time constant of the output's filter; 0 is none."},
+};
+constexpr LayoutRow kConfigRows[] = {
+    {.caption = "AI Config",
+     .captionControl = id::lbArray(349),
+     .kind = RowKind::kList,
+     .control = id::cmbAIConfig,
+     .note = "Which sensor the second block of a pressure device reports; one setting for the three blocks. Write "
+             "of the page sends it too."},
+    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmdWriteAIConfig},
+};
+constexpr LayoutRow kPvScaleRows[] = {
+    {.caption = kUpperCaption,
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(64),
+     .note = "Value of the channel that becomes the upper value of the output. It can be written where the block "
+             "reports a sensor's pressure, with firmware 1.07 to 1.09."},
+    {.caption = kLowerCaption,
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(63),
+     .note = "Value of the channel that becomes the lower value of the output."},
+    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmbWritePVScale},
+};
+constexpr LayoutRow kPvUnitRows[] = {
+    {.caption = "PV Unit",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(302),
+     .note = "Unit of the channel's value, as read."},
+    {.caption = "New PV Unit",
+     .kind = RowKind::kList,
+     .control = id::cmbTRDScaleAI,
+     .note = "Unit to be written; the device converts the scale."},
+    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmbWritePVScaleUnit},
+};
+constexpr LayoutRow kOutScaleRows[] = {
+    {.caption = kUpperCaption,
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(129),
+     .unit = id::lbArray(201),
+     .note = "Output at the upper value of the channel. Limits and fail safe value keep their numbers."},
+    {.caption = kLowerCaption,
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(130),
+     .unit = id::lbArray(162),
+     .note = "Output at the lower value of the channel."},
+    {.caption = "Unit",
+     .kind = RowKind::kList,
+     .control = id::cmbAIUnitOutScale,
+     .note = "Unit of the output to be written; the values above are not converted."},
+    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmdWriteScaleOut},
+};
+
+constexpr LayoutRow Limit(std::string_view caption, TextId field, std::string_view note) {
+  return {
+      .caption = caption, .kind = RowKind::kNum, .control = field, .unit = Echo(id::txtParameter(304)), .note = note};
+}
+
+constexpr LayoutRow kLimitRows[] = {
+    {.caption = "Unit", .kind = RowKind::kText, .control = id::txtParameter(304), .note = "Unit of the output."},
+    Limit("Upper Limit Alarm", id::txtParameter(120), "The output raises the upper alarm from here on."),
+    Limit("Upper Limit Warning", id::txtParameter(121), "The output raises the upper warning from here on."),
+    Limit("Lower Limit Warning", id::txtParameter(123), "The output raises the lower warning from here down."),
+    Limit("Lower Limit Alarm", id::txtParameter(122), "The output raises the lower alarm from here down."),
+    Limit("Hysteresis", id::txtParameter(124), "How far the output must come back before an alarm goes."),
+};
+
+constexpr LayoutRow AlarmRow(std::string_view caption, ListBoxId list, bool live) {
+  return {.caption = caption,
+          .kind = RowKind::kListBox,
+          .control = list,
+          .note = "What the block reports of its output and its limits.",
+          .live = live,
+          .role = RowRole::kVerdict};
+}
+
+constexpr LayoutRow kAlarmRows[] = {AlarmRow("Current Alarm", id::ListAIAlarm, false)};
+constexpr LayoutRow kFailSafeRows[] = {
+    {.caption = "Fail Safe Type",
+     .kind = RowKind::kList,
+     .control = id::cmbAIFailSafeType,
+     .note = "What the output shows while the channel's value is bad: the value below, the last good value, or the "
+             "wrong one."},
+    {.caption = "Fail Safe Value",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(171),
+     .unit = ControlId{id::txtParameter(305)},
+     .note = "The output while the channel's value is bad, with FSafe_Value."},
+};
+constexpr LayoutRow kSimulateRows[] = {
+    {.caption = "Simulate Enable",
+     .kind = RowKind::kList,
+     .control = id::cmbSimulateEnable,
+     .note = "While it is active, value and status below replace those of the channel.",
+     .role = RowRole::kSimulate},
+    {.caption = "Value",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(172),
+     .note = "Value that the block takes instead of the channel's, in the unit of the channel."},
+    {.caption = "Status",
+     .kind = RowKind::kList,
+     .control = id::cmbAIStatusSim,
+     .width = WidthClass::kW,
+     .note = "Status of that value."},
+};
+constexpr LayoutRow kModeRows[] = {
+    {.caption = "Target Mode", .kind = RowKind::kList, .control = id::cmbAITarget(1), .note = kTargetNote},
+    {.caption = "Actual Mode",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(306),
+     .note = "The mode in which the block worked when the tab was read."},
+};
+constexpr LayoutRow kOutputRows[] = {
+    {.caption = "Value",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(125),
+     .unit = Echo(id::lbArray(162)),
+     .note = "Output of the block. It can be written with target mode Man; every 15 s the device's replaces what is "
+             "being typed.",
+     .live = true},
+    {.caption = "Status",
+     .kind = RowKind::kList,
+     .control = id::cmbStatusAIModeBlock,
+     .width = WidthClass::kW,
+     .note = "Status of the output. With target mode Man the device gets a fixed status whatever the list shows.",
+     .live = true},
+};
+constexpr LayoutRow kStateAlarmRows[] = {AlarmRow("Current State Alarm", id::ListAICurrentStateAlarm, true)};
+constexpr LayoutRow kGraphicRows[] = {
+    {.caption = "Graphic", .captionControl = id::cmdAIGraphic, .kind = RowKind::kOpen, .control = id::cmdAIGraphic},
+};
+constexpr LayoutGroup kGroups[] = {
+    {.tab = 0, .caption = "Basic Settings", .rows = kBasicRows},
+    {.tab = 0, .frame = id::Frame1, .rows = kConfigRows},
+    {.tab = 1, .caption = "PV Scale", .rows = kPvScaleRows},
+    {.tab = 1, .caption = "PV Unit", .rows = kPvUnitRows},
+    {.tab = 1, .caption = "Out Scale", .rows = kOutScaleRows, .beside = true},
+    {.tab = 2, .caption = "Limits", .rows = kLimitRows},
+    {.tab = 2, .caption = "Current Alarm", .rows = kAlarmRows, .beside = true},
+    {.tab = 3, .caption = "Fail Safe", .rows = kFailSafeRows},
+    {.tab = 4, .caption = "Simulate", .rows = kSimulateRows},
+    {.tab = 5, .caption = "Mode", .rows = kModeRows},
+    {.tab = 5, .caption = "Output", .rows = kOutputRows},
+    {.tab = 5, .caption = "Current State Alarm", .rows = kStateAlarmRows, .beside = true},
+    {.tab = 6, .rows = kGraphicRows, .box = false},
+};
+constexpr LayoutTitle kTitles[] = {{kPages[0], kPages[0]}, {kPages[1], kPages[1]}, {kPages[2], kPages[2]}};
+constexpr LayoutTitle kGraphicTitle[] = {{"", "Analog Input Graphic"}};
+constexpr int kReads[] = {kBasicRead, kScalesRead, kAlarmRead, kFailSafeRead, kSimulateRead, kModeRead, kOutputRead};
+constexpr PageLayout kLayouts[] = {
+    {.frame = id::frmAI,
+     .titles = kTitles,
+     .purpose = "How the block turns the transducer's value into its output, with alarms, fail safe, simulation and "
+                "mode. The three blocks share these controls.",
+     .reads = kReads,
+     .strip = id::SSTabAI,
+     .groups = kGroups},
+    {.frame = id::frmAITOTGraphic,
+     .staysShown = true,
+     .titles = kGraphicTitle,
+     .purpose = "How the block scales, where its limits lie, where its output stands.",
+     .figure = FigureKind::kAnalogInput,
+     .figureAlone = true},
+};
+
+// ---- answers
+
+void SetIfAny(TextField& field, std::string_view text) {
+  if (!text.empty()) field.SetText(text);
+}
+
+std::string_view ActualMode(const Answer& a) {
+  std::int32_t actual = 0;
+  std::int32_t permitted = 0;
+  std::int32_t normal = 0;
+  HexToThreeBytes(a.Text("AIActual"), actual, permitted, normal);
+  return DecodeActualMode(actual);
+}
+
+/// The unit of the output, where the tabs of limits and mode show it.
+void TakeUnit(UserCntrl& c, const Answer& a) {
+  const std::string_view unit = TakeScale(c, a.Text("AIUnit"));
+  SetIfAny(c.form.txtParameter(304), unit);
+  SetOutputUnit(c, unit);
+}
+
+void OnBasicAnswer(UserCntrl& c, const Answer& a) {
+  Form& f = c.form;
+  f.cmbAITarget(0).SetIfAny(DecodeTargetMode(a.Number("AITarget")));
+  SetIfAny(f.txtParameter(303), ActualMode(a));
+  SetIfAny(f.txtParameter(318), DecodeAIChannel(a.Number("AIChannel")));
+  f.txtParameter(119).SetText(c.codecs.FormatValue(HexToFloat(a.Text("AIDamping"))));
+  f.cmbAIConfig.SetIfAny(DecodeAIConfig(a.Number("AIConfig")));
+}
+
+struct LimitTag {
+  std::string_view tag;
+  TextId field;
+};
+constexpr LimitTag kLimits[] = {
+    {"AIUpperLimAlarm", id::txtParameter(120)}, {"AIUpperLimWarning", id::txtParameter(121)},
+    {"AILowerLimAlarm", id::txtParameter(122)}, {"AILowerLimWarning", id::txtParameter(123)},
+    {"AILimHysteresis", id::txtParameter(124)},
+};
+
+void OnAlarmAnswer(UserCntrl& c, const Answer& a) {
+  for (const LimitTag& limit : kLimits) {
+    c.form.At(limit.field).SetText(c.codecs.FormatValue(HexToFloat(a.Text(limit.tag))));
+  }
+  TakeUnit(c, a);
+  ShowAlarmList(c.form.ListAIAlarm, AlarmWord(a.Text("AICurrAlarm")));
+}
+
+void OnFailSafeAnswer(UserCntrl& c, const Answer& a) {
+  SetIfAny(c.form.txtParameter(305), TakeScale(c, a.Text("AIUnit")));
+  c.form.cmbAIFailSafeType.SetIfAny(DecodeFailSafeType(a.Number("AIFailSafeType")));
+  c.form.txtParameter(171).SetText(c.codecs.FormatValue(HexToFloat(a.Text("AIFailSafeValue"))));
+}
+
+void OnSimulateAnswer(UserCntrl& c, const Answer& a) {
+  std::int32_t status = 0;
+  double value = 0;
+  std::int32_t enable = 0;
+  HexToSimulation(a.Text("AISimulate"), status, value, enable);
+  c.form.cmbSimulateEnable.SetIfAny(DecodeSimulateActive(enable));
+  c.form.txtParameter(172).SetText(c.codecs.FormatValue(value));
+  c.form.cmbAIStatusSim.SetText(StatusByteToText(status));
+}
+
+void OnOutputAnswer(UserCntrl& c, const Answer& a) {
+  std::int32_t status = 0;
+  c.codecs.HexToFloatStatus(a.Text("AIOutput"), c.form.txtParameter(125), status);
+  c.form.cmbStatusAIModeBlock.SetText(StatusByteToText(status));
+  ShowAlarmList(c.form.ListAICurrentStateAlarm, AlarmWord(a.Text("AIAlarm")));
+}
+
+void OnModeAnswer(UserCntrl& c, const Answer& a) {
+  c.form.cmbAITarget(1).SetIfAny(DecodeTargetMode(a.Number("AITarget")));
+  TakeUnit(c, a);
+  c.form.txtParameter(306).SetText(ActualMode(a));  // takes the empty text too, other than on the first tab
+  OnOutputAnswer(c, a);
+}
+
+// ---- writes
+
+Operands WriteBasic(UserCntrl& c) {
+  Form& f = c.form;
+  return {Block(c), EncodeTargetMode(f.cmbAITarget(0).Text()), c.codecs.FloatToHex(f.txtParameter(119).Text()),
+          EncodeAIConfig(f.cmbAIConfig.Text())};
+}
+
+Operands WriteAlarms(UserCntrl& c) {
+  Form& f = c.form;
+  return {Block(c),
+          c.codecs.FloatToHex(f.txtParameter(120).Text()),
+          c.codecs.FloatToHex(f.txtParameter(121).Text()),
+          c.codecs.FloatToHex(f.txtParameter(122).Text()),
+          c.codecs.FloatToHex(f.txtParameter(123).Text()),
+          c.codecs.FloatToHex(f.txtParameter(124).Text())};
+}
+
+Operands WriteFailSafe(UserCntrl& c) {
+  return {Block(c), EncodeFailSafeType(c.form.cmbAIFailSafeType.Text()),
+          c.codecs.FloatToHex(c.form.txtParameter(171).Text())};
+}
+
+Operands WriteSimulate(UserCntrl& c) {
+  Form& f = c.form;
+  return {Block(c), Join({StatusTextToHex(f.cmbAIStatusSim.Text()), c.codecs.FloatToHex(f.txtParameter(172).Text()),
+                          EncodeSimulateActive(f.cmbSimulateEnable.Text())})};
+}
+
+// An output set by hand bears a status of its own.
+std::string_view OutputStatus(const UserCntrl& c) {
+  return c.form.cmbAITarget(1).Text() == "Man" ? "63" : StatusTextToHex(c.form.cmbStatusAIModeBlock.Text());
+}
+
+Operands WriteMode(UserCntrl& c) {
+  return {Block(c), Join({c.codecs.FloatToHex(c.form.txtParameter(125).Text()), OutputStatus(c)}),
+          EncodeTargetMode(c.form.cmbAITarget(1).Text())};
+}
+
+// ---- buttons, tabs, timer
+
+// One setting for all blocks: the request names none.
+void WriteConfig(UserCntrl& c) {
+  SelectBlock(c);
+  c.SmallWrite(76, {EncodeAIConfig(c.form.cmbAIConfig.Text())});
+}
+
+// The current page stays: the way back is the tree.
+void OpenGraphic(UserCntrl& c) {
+  c.HideAllFrames();
+  c.form.frmAITOTGraphic.SetVisible(true);
+  c.form.cmdBack.SetEnabled(true);
+  c.SubPage = "AI Graphic";
+}
+
+void SelectPagesBlock(UserCntrl& c) {
+  c.BlockSelector = "None";
+  SelectBlock(c);
+}
+
+constexpr TabStep kSteps[] = {
+    {.subPage = "AI Basic Settings", .write = ButtonState::kEnabled, .read = kBasicRead},
+    {.subPage = "AI Scales", .write = ButtonState::kDisabled, .read = kScalesRead},
+    {.subPage = "AI Alarm/Warning", .write = ButtonState::kEnabled, .read = kAlarmRead},
+    {.subPage = "AI Fail Safe", .write = ButtonState::kEnabled, .read = kFailSafeRead},
+    {.subPage = "AI Simulate", .write = ButtonState::kEnabled, .read = kSimulateRead},
+    {.subPage = "AI Mode Block",
+     .write = ButtonState::kEnabled,
+     .read = kModeRead,
+     .polls = true,
+     .timer = TimerId::TimerAIOut,
+     .interval = kOutputInterval},
+    {},
+};
+
+// The read goes out last, so the timer runs also where it fails; the tab of the graphic sends the code 0.
+void OnTab(UserCntrl& c, int tab) {
+  TabStep step = kSteps[tab];
+  const int read = std::exchange(step.read, 0);
+  RunTab(c, step);
+  SelectPagesBlock(c);
+  c.ReadBlock(read);
+}
+
+Operands BlockOfPage(UserCntrl& c) {
+  SelectPagesBlock(c);
+  return {Block(c)};
 }
 
 void SelectNodesBlock(UserCntrl& c, std::string_view node) { c.BlockSelector = node.substr(node.size() - 1); }
 
-Operands BlockOfPage(UserCntrl& c) {
-  SelectBlock(c);
-  return {c.BlockSelector.empty() ? "None" : c.BlockSelector};
-}
+// ---- tables
 
-constexpr PageLayout kLayouts[] = {
-    {.frame = id::frmAI},
-    {.frame = id::frmAITOTGraphic, .staysShown = true},
+constexpr AnswerRow kAnswers[] = {
+    {kBasicRead * 100, OnBasicAnswer},       {kAlarmRead * 100, OnAlarmAnswer}, {kFailSafeRead * 100, OnFailSafeAnswer},
+    {kSimulateRead * 100, OnSimulateAnswer}, {kModeRead * 100, OnModeAnswer},   {kOutputRead * 100, OnOutputAnswer},
 };
-
-constexpr AnswerRow kAnswers[] = {{1000}, {1100}, {1200}, {1300}, {1400}, {3700}, {8000}};
+constexpr WriteRow kWrites[] = {
+    {kPages, "AI Basic Settings", 7, WriteBasic}, {kPages, "AI Alarm/Warning", 8, WriteAlarms},
+    {kPages, "AI Fail Safe", 9, WriteFailSafe},   {kPages, "AI Simulate", 10, WriteSimulate},
+    {kPages, "AI Mode Block", 11, WriteMode},
+};
 // The block is chosen on every tab, also on the one whose own buttons write.
 constexpr PageStepRow kBlockSteps[] = {{kPages, SelectBlock}};
 constexpr RereadRow kRereads[] = {
-    {kPages, "AI Basic Settings", 10}, {kPages, "AI Scales", 80},   {kPages, "AI Alarm/Warning", 11},
-    {kPages, "AI Fail Safe", 12},      {kPages, "AI Simulate", 13}, {kPages, "AI Mode Block", 14},
+    {kPages, "AI Basic Settings", kBasicRead}, {kPages, "AI Scales", kScalesRead},
+    {kPages, "AI Alarm/Warning", kAlarmRead},  {kPages, "AI Fail Safe", kFailSafeRead},
+    {kPages, "AI Simulate", kSimulateRead},    {kPages, "AI Mode Block", kModeRead},
 };
 // Always the first block, whichever the graphic was opened from.
 constexpr BackRow kBacks[] = {
     {"AI Graphic", {.page = "Analog Input 1", .subPage = "AI Alarm/Warning", .frame = id::frmAI}},
 };
-constexpr PollRow kPolls[] = {{TimerId::TimerAIOut, 37, PollDocument::kOwn, BlockOfPage}};
+constexpr ButtonRow kButtons[] = {
+    {id::cmdWriteAIConfig, WriteConfig},
+    {id::cmdAIGraphic, OpenGraphic},
+};
+constexpr TabRow kTabs[] = {{id::SSTabAI, kSteps, OnTab}};
+constexpr PollRow kPolls[] = {{TimerId::TimerAIOut, kOutputRead, PollDocument::kOwn, BlockOfPage}};
 
 constexpr std::string_view kModes[] = {"Auto", "Man", "Out of Service"};
 constexpr std::string_view kFailSafes[] = {"FSafe_Value", "Last Usable Value", "Use Wrong Value"};
-// The pressure units and, for a block that reports the temperature, its unit.
-constexpr auto kScaleUnits = [] {
-  std::array<std::string_view, std::size(kCalibrationUnits) + 1> rows{};
-  std::copy(std::begin(kCalibrationUnits), std::end(kCalibrationUnits), rows.begin());
-  rows.back() = "°C";
-  return rows;
-}();
 constexpr std::string_view kSimulate[] = {"Disable", "Active"};
 constexpr std::string_view kConfigs[] = {"Config 1", "Config 2"};
 constexpr FillRow kFills[] = {
@@ -60,9 +411,7 @@ constexpr FillRow kFills[] = {
     {id::cmbAIConfig, kAtStart, kConfigs},
     {id::cmbAITarget(0), &UserCntrl::FirstVisitAi, kModes},
     {id::cmbAITarget(1), &UserCntrl::FirstVisitAi, kModes},
-    {id::cmbAIUnitOutScale, &UserCntrl::FirstVisitAi, kUnitListRows},
     {id::cmbAIFailSafeType, &UserCntrl::FirstVisitAi, kFailSafes},
-    {id::cmbTRDScaleAI, &UserCntrl::FirstVisitAi, kScaleUnits},
     {id::cmbAIStatusSim, &UserCntrl::FirstVisitAi, kStatusListRows},
     {id::cmbStatusAIModeBlock, &UserCntrl::FirstVisitAi, kStatusListRows},
 };
@@ -75,20 +424,59 @@ constexpr NodeRow kNodes[] = {
      .subPage = "AI Basic Settings",
      .frame = id::frmAI,
      .strip = id::SSTabAI,
-     .read = 10,
+     .read = kBasicRead,
      .firstVisit = &UserCntrl::FirstVisitAi,
      .also = SelectNodesBlock},
 };
 
 }  // namespace
 
+std::string_view TakeScale(UserCntrl& c, std::string_view hex) {
+  std::int16_t unit = 0;
+  c.codecs.HexToScale(hex, c.form.txtParameter(129), c.form.txtParameter(130), unit);
+  return UnitCodeToText(unit);
+}
+
+void SetOutputUnit(UserCntrl& c, std::string_view unit) {
+  if (unit.empty()) return;
+  c.form.lbArray(201).SetText(unit);
+  c.form.lbArray(162).SetText(unit);
+}
+
+std::int16_t AlarmWord(std::string_view hex) {
+  std::int16_t alarms = 0;
+  std::int16_t unused[3] = {};
+  HexToFourWords(hex, alarms, unused[0], unused[1], unused[2]);
+  return alarms;
+}
+
+void ShowAlarmList(ListBox& list, std::int16_t alarms) {
+  struct Row {
+    int bit;
+    std::string_view text;
+  };
+  // The last bit is the sign: the reader of alarm words lets none through that has it.
+  static constexpr Row kRows[] = {
+      {512, "Upper Limit Alarm "},    {1024, "Upper Limit Warning "},     {2048, "Lower Limit Alarm "},
+      {4096, "Lower Limit Warning "}, {32768, "Parameter Modification "},
+  };
+  list.Clear();
+  if (alarms == 0) list.AddRow("No Alarm");
+  for (const Row& row : kRows) {
+    if ((alarms & row.bit) != 0) list.AddRow(row.text);
+  }
+}
+
 constexpr PageUnit kUnit{
     .layouts = kLayouts,
     .answers = kAnswers,
+    .writes = kWrites,
     .beforeWrites = kBlockSteps,
     .rereads = kRereads,
     .beforeRereads = kBlockSteps,
     .backs = kBacks,
+    .buttons = kButtons,
+    .tabs = kTabs,
     .polls = kPolls,
     .fills = kFills,
     .nodes = kNodes,
