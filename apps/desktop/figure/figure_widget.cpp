@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/edge.h"
+#include "desktop/figure/bar_painter.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -13,6 +14,7 @@ namespace {
 
 constexpr double kLeastWidth = 320;  // 1/96 inch
 constexpr double kLeastHeight = 170;
+constexpr double kBarShare = 0.6;  // a bar leaves the rest to the axes
 
 double Share(const FigureAxis& axis, double value) {
   return axis.to == axis.from ? 0.5 : (value - axis.from) / (axis.to - axis.from);
@@ -59,12 +61,21 @@ void FigureWidget::resizeEvent(QResizeEvent* event) {
   Guarded([this] { Arrange(); });
 }
 
-QStringList FigureWidget::Above() const {
-  QStringList lines;
-  if (!figure_.verdict.empty()) lines << ToQt(figure_.verdictCaption) + QStringLiteral(": ") + ToQt(figure_.verdict);
-  for (const std::string& line : figure_.above) lines << ToQt(line);
+std::vector<FigureWidget::Line> FigureWidget::Above() const {
+  std::vector<Line> lines;
+  const auto said = [&](const std::string& caption, const std::string& text, RowRole role, RowKind kind) {
+    lines.push_back(
+        {ToQt(caption) + QStringLiteral(": ") + ToQt(text), ShapeOf(presentation::MarkOf(role, kind, text))});
+  };
+  if (!figure_.verdict.empty()) said(figure_.verdictCaption, figure_.verdict, RowRole::kNone, RowKind::kStatus);
+  for (const std::string& alarm : figure_.alarms) {
+    said(figure_.alarmCaption, alarm, RowRole::kVerdict, RowKind::kListBox);
+  }
+  for (const std::string& line : figure_.above) lines.push_back({ToQt(line)});
   return lines;
 }
+
+double FigureWidget::Hairline() const { return std::max(1.0, Pixels(*this, 1) / 1.0); }
 
 void FigureWidget::Arrange() {
   const QFontMetrics metrics = fontMetrics();
@@ -78,6 +89,14 @@ void FigureWidget::Arrange() {
                    .height();
   }
   below_ = QRectF(room.left(), room.bottom() - remarks, room.width(), remarks);
+  const QRectF middle(QPointF(room.left(), above_.bottom()), QPointF(room.right(), below_.top()));
+  bar_ = QRectF();
+  if (figure_.bar) {
+    const double wanted = BarPainter(*figure_.bar, font(), palette(), Hairline()).Width();
+    const double width = figure_.barAlone ? middle.width() : std::min(wanted, middle.width() * kBarShare);
+    bar_ = QRectF(middle.right() - width, middle.top(), width, middle.height());
+    room.setRight(std::max(room.left(), bar_.left() - gap * 2));
+  }
   double left = 0;
   for (const FigureTick& tick : figure_.y.ticks) {
     left = std::max(left, static_cast<double>(metrics.horizontalAdvance(ToQt(tick.text))));
@@ -105,8 +124,11 @@ void FigureWidget::Paint() {
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::WindowText));
   PaintWords(painter);
+  PaintBar(painter);
+  if (figure_.barAlone && figure_.bar) return;
   if (!figure_.missing.empty()) {
-    const QRectF middle(rect().left(), above_.bottom(), rect().width(), below_.top() - above_.bottom());
+    const double right = figure_.bar ? bar_.left() : rect().right();
+    const QRectF middle(rect().left(), above_.bottom(), right - rect().left(), below_.top() - above_.bottom());
     painter.drawText(middle, Qt::AlignCenter | Qt::TextWordWrap, ToQt(figure_.missing));
     return;
   }
@@ -118,21 +140,23 @@ void FigureWidget::Paint() {
   PaintTexts(painter);
 }
 
+void FigureWidget::PaintBar(QPainter& painter) const {
+  if (!figure_.bar || bar_.width() <= 0) return;
+  BarPainter(*figure_.bar, font(), palette(), Hairline()).Paint(painter, bar_);
+}
+
 void FigureWidget::PaintWords(QPainter& painter) const {
   const double line = fontMetrics().lineSpacing();
   QRectF row(above_.left(), above_.top(), above_.width(), line);
-  const Shape shape = ShapeOf(presentation::MarkOf(RowRole::kNone, RowKind::kStatus, figure_.verdict));
-  bool verdict = !figure_.verdict.empty();
-  for (const QString& text : Above()) {
+  for (const Line& said : Above()) {
     QRectF words = row;
-    if (verdict && shape != Shape::kNone) {
+    if (said.shape != Shape::kNone) {
       const double side = fontMetrics().ascent();
-      PaintShape(painter, QRectF(row.left(), row.top() + (line - side) / 2, side, side), shape, palette());
+      PaintShape(painter, QRectF(row.left(), row.top() + (line - side) / 2, side, side), said.shape, palette());
       words.setLeft(row.left() + side + fontMetrics().averageCharWidth() / 2.0);
     }
-    verdict = false;
     painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(words.width())));
+                     fontMetrics().elidedText(said.text, Qt::ElideRight, static_cast<int>(words.width())));
     row.translate(0, line);
   }
   QRectF remark = below_;
@@ -181,7 +205,7 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
 void FigureWidget::PaintLines(QPainter& painter) const {
   painter.save();
   painter.setClipRect(plot_.adjusted(-2, -2, 2, 2));
-  const double hairline = std::max(1.0, Pixels(*this, 1) / 1.0);
+  const double hairline = Hairline();
   for (const FigureLine& line : figure_.lines) {
     QPolygonF points;
     for (const FigurePoint& point : line.points) points << Place(point);

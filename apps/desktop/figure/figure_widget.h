@@ -39,11 +39,19 @@ class FigureWidget final : public QWidget {
   void PaintMarkers(QPainter& painter) const;
   void PaintTexts(QPainter& painter) const;
   void PaintWords(QPainter& painter) const;
-  QStringList Above() const;
+  void PaintBar(QPainter& painter) const;
+  double Hairline() const;
+  /// A line above the drawing: words, and for what the device says a shape before them.
+  struct Line {
+    QString text;
+    Shape shape = Shape::kNone;
+  };
+  std::vector<Line> Above() const;
   int MarkerSide() const { return fontMetrics().averageCharWidth(); }
 
   Figure figure_;
   QRectF plot_;   // where the axes' units lie
+  QRectF bar_;    // beside the plot, or alone
   QRectF above_;  // verdict and further lines
   QRectF below_;  // remarks
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/tour/tour_blocks.h"
 #include "desktop/tour/tour_transducer.h"
 
 namespace htr60::desktop {
@@ -78,7 +79,8 @@ constexpr auto Join(const TourStep (&... parts)[kCounts]) {
   return steps;
 }
 
-constexpr auto kSteps = Join(kIdentificationSteps, kPressureSteps, kFlowSteps, kLevelSteps, kDensitySteps);
+constexpr auto kSteps =
+    Join(kIdentificationSteps, kPressureSteps, kAnalogInputSteps, kFlowSteps, kLevelSteps, kDensitySteps);
 
 }  // namespace
 
