@@ -144,7 +144,7 @@ struct LayoutTitle {
 };
 
 /// Which figure a page draws.
-enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kAnalogInput };
+enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kAnalogInput, kCalibration };
 
 /// A page frame and what stands on it, in reading order. A frame alone is not laid out yet, and views show no page.
 struct PageLayout {
@@ -160,6 +160,8 @@ struct PageLayout {
   bool figureAlone = false;  ///< the figure is as large as the page
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
   bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
+  /// Of a page that reads nothing: codes, read on another page, whose answers its figure is drawn from.
+  std::span<const int> figureReads{};
 
   constexpr bool IsLaidOut() const { return !titles.empty(); }
 };

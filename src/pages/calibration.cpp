@@ -204,7 +204,12 @@ constexpr PageLayout kLayouts[] = {
      .purpose = "Type the true temperature and write it.",
      .reads = kTemperatureReads,
      .groups = kTemperatureGroups},
-    {.frame = id::frmCalibGraphic},
+    {.frame = id::frmCalibGraphic,
+     .titles = kGraphicTitle,
+     .purpose = "Where the calibration points lie between the sensor limits.",
+     .figure = FigureKind::kCalibration,
+     .figureAlone = true,
+     .figureReads = kPressureReads},
 };
 
 // ---- answers

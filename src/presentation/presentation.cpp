@@ -310,13 +310,15 @@ bool Presentation::BearsHint(ControlId control) const {
 
 Figure Presentation::Drawing() {
   if (page_ == nullptr) return {};
+  const auto lastRead = line_.LastAnswer(page_->figureReads);
   return ComputeFigure(
       page_->figure, {.form = control_.form,
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
                       .focus = focus_,
-                      .hinted = [this](ControlId control) { return BearsHint(control); }});
+                      .hinted = [this](ControlId control) { return BearsHint(control); },
+                      .lastRead = lastRead ? surroundings_.timeOfDay(*lastRead) : std::string()});
 }
 
 std::optional<ScreenFigure> Presentation::FigureOf() {

@@ -337,6 +337,33 @@ TEST(Calibration, ThePageNoControlOpensIsReadAgain) {
   EXPECT_EQ(driver.Traffic(), (Strings{"write 15: 00000000", "read 17"}));
 }
 
+TEST(CalibrationGraphic, SaysWhatWasReadLastWhicheverNodeCameBetween) {
+  ScreenDriver driver{Driver::Simulated()};
+  driver.Activate("Calibration");
+  driver.Click("cmdCalibGraphic");
+  EXPECT_EQ(driver.Title(), "Calibration Graphic");
+  EXPECT_EQ(driver.DataLine(), "") << "the page reads nothing";
+  EXPECT_EQ(driver.Screen()["figure"], (Json{{"sentence", "No values read yet: open Lower/Upper first."},
+                                             {"above", Json::array()},
+                                             {"remarks", Json::array()}}));
+  driver.Click("cmdBack");
+  driver.Click("cmdCalibLower");
+  driver.Advance(1000);  // answered at once
+  driver.Type("txtParameter(95)", "0.2");
+  driver.Click("cmdBack");
+  driver.Activate("Observe");
+  driver.Advance(60'000);
+  driver.Activate("Calibration");
+  driver.Click("cmdCalibGraphic");
+  EXPECT_EQ(driver.Screen()["figure"],
+            (Json{{"sentence",
+                   "Calibration points between the sensor limits -37.400 and 37.400 kPa: Lower 0.000, Upper 0.2. Live "
+                   "value 10.000, Good."},
+                  {"above", {"Calibration Result: Good", "As last read 00:00:02"}},
+                  {"remarks", {"Check: the points are 0.200 apart, Cal Min Span is 0.374."}}}));
+  EXPECT_EQ(driver.Screen()["rows"], Json::array());
+}
+
 // ---- with the simulated transmitter
 
 constexpr int kSettled = 5200;  // longer than a write, its re-read and the answer, and than the device's wait
