@@ -41,7 +41,7 @@ inline void ExpectSound(const FigureBar& bar) {
   const auto within = [&](double at) { return at >= bar.from && at <= bar.to; };
   for (const BarMark& mark : bar.marks) EXPECT_TRUE(within(mark.at)) << mark.text;
   for (const BarSpan& span : bar.spans) EXPECT_TRUE(within(span.from) && within(span.to)) << span.from;
-  if (bar.pointer) EXPECT_TRUE(within(bar.pointer->at)) << bar.pointer->text;
+  EXPECT_TRUE(!bar.pointer || within(bar.pointer->at));
 }
 
 inline void ExpectSound(const Figure& figure) {

@@ -35,6 +35,10 @@ constexpr double kPointerRoom = 2;
 constexpr double kSpanRoom = 4;
 constexpr double kLeaderRoom = 2;
 
+Shape ShapeOfStatus(std::string_view status) {
+  return ShapeOf(presentation::MarkOf(RowRole::kNone, RowKind::kStatus, status));
+}
+
 QColor Faint(const QPalette& palette, float share) {
   QColor color = palette.color(QPalette::WindowText);
   color.setAlphaF(share);
@@ -50,7 +54,8 @@ double BarPainter::PointerWidth() const {
   if (!bar_.pointer) return 0;
   double width = metrics_.horizontalAdvance(ToQt(bar_.pointer->text));
   if (!bar_.pointer->status.empty()) {
-    width += metrics_.horizontalAdvance(ToQt(bar_.pointer->status)) + metrics_.ascent() + gap_;
+    width += gap_ + metrics_.horizontalAdvance(ToQt(bar_.pointer->status));
+    if (ShapeOfStatus(bar_.pointer->status) != Shape::kNone) width += metrics_.ascent() + gap_ / 2;
   }
   return width;
 }
@@ -105,7 +110,7 @@ void BarPainter::PaintBody(QPainter& painter) const {
 
 void BarPainter::PaintArrow(QPainter& painter, BarReach reach, double x, double y) const {
   if (reach == BarReach::kWithin) return;
-  const double tip = reach == BarReach::kAbove ? y - gap_ * 1.6 : y + gap_ * 1.6;
+  const double tip = reach == BarReach::kAbove ? y - gap_ * 2 : y + gap_ * 2;
   const double back = reach == BarReach::kAbove ? tip + gap_ : tip - gap_;
   painter.setPen(QPen(palette_.color(QPalette::WindowText), hairline_));
   painter.drawLine(QPointF(x, y), QPointF(x, tip));
@@ -192,10 +197,12 @@ void BarPainter::PaintPointer(QPainter& painter, double labelY) const {
   };
   word(ToQt(pointer.text));
   if (pointer.status.empty()) return;
-  const double side = metrics_.ascent();
-  const Shape shape = ShapeOf(presentation::MarkOf(RowRole::kNone, RowKind::kStatus, pointer.status));
-  PaintShape(painter, QRectF(x + gap_ / 2, labelY - side / 2, side, side), shape, palette_);
-  x += side + gap_;
+  x += gap_;
+  if (const Shape shape = ShapeOfStatus(pointer.status); shape != Shape::kNone) {
+    const double side = metrics_.ascent();
+    PaintShape(painter, QRectF(x, labelY - side / 2, side, side), shape, palette_);
+    x += side + gap_ / 2;
+  }
   painter.setPen(palette_.color(QPalette::WindowText));
   word(ToQt(pointer.status));
 }
