@@ -51,10 +51,7 @@ std::string KnownText(const FigureSource& source, ControlId field) {
 // What may be drawn of a field; where it is known but cannot be drawn a remark says so.
 std::optional<double> Take(const FigureSource& source, const Quantity& quantity, Figure& figure) {
   if (!source.known(quantity.field)) return std::nullopt;
-  const auto number = NumberIn(source, quantity.field);
-  if (number && Drawable(*number)) return number;
-  figure.remarks.push_back(std::string(quantity.name) + (number ? ": too large to be drawn." : ": no number."));
-  return std::nullopt;
+  return TakeNumber(source, quantity.field, quantity.name, figure);
 }
 
 struct Scales {
@@ -120,8 +117,6 @@ void AddLine(Figure& figure, const FigureSource& source, const Scales& s) {
 }
 
 // ---- the bar
-
-std::string FirstWord(std::string_view text) { return std::string(text.substr(0, text.find(' '))); }
 
 struct PlacedLimit {
   const Limit* limit = nullptr;

@@ -53,6 +53,13 @@ std::optional<double> NumberIn(const FigureSource& source, ControlId field) {
   return NumberOf(source.form.TextOf(field), source.decimalSeparator);
 }
 
+std::optional<double> TakeNumber(const FigureSource& source, ControlId field, std::string_view name, Figure& figure) {
+  const auto number = NumberIn(source, field);
+  if (number && Drawable(*number)) return number;
+  figure.remarks.push_back(std::string(name) + (number ? ": too large to be drawn." : ": no number."));
+  return std::nullopt;
+}
+
 FigureAxis RoundAxis(std::string caption, double from, double to, char decimalSeparator) {
   from = NearestDrawable(from);
   to = NearestDrawable(to);

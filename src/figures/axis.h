@@ -29,4 +29,7 @@ std::optional<double> NumberOf(std::string_view text, char decimalSeparator);
 /// The same of a field of the form; none too where the field bears a hint.
 std::optional<double> NumberIn(const FigureSource& source, ControlId field);
 
+/// The same as far as it can be drawn; where it cannot, a remark names it.
+std::optional<double> TakeNumber(const FigureSource& source, ControlId field, std::string_view name, Figure& figure);
+
 }  // namespace htr60::figures

@@ -10,6 +10,8 @@ std::string WithUnit(std::string_view name, std::string_view unit) {
   return caption;
 }
 
+std::string FirstWord(std::string_view text) { return std::string(text.substr(0, text.find(' '))); }
+
 BarReach ReachOf(const FigureBar& bar, double value) {
   if (value > bar.to) return BarReach::kAbove;
   return value < bar.from ? BarReach::kBelow : BarReach::kWithin;

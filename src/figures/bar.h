@@ -10,6 +10,9 @@ namespace htr60::figures {
 /// "Output (kPa)"; without a unit the name alone.
 std::string WithUnit(std::string_view name, std::string_view unit);
 
+/// "Uncertain" of "Uncertain & Substitute".
+std::string FirstWord(std::string_view text);
+
 /// Where a drawable number lies for the bar.
 BarReach ReachOf(const FigureBar& bar, double value);
 

@@ -1,6 +1,7 @@
 #include "figures/figure.h"
 
 #include "figures/analog_input.h"
+#include "figures/calibration.h"
 #include "figures/linearization.h"
 #include "figures/output_bar.h"
 #include "figures/square_root.h"
@@ -17,6 +18,8 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::OutputBarFigure(source);
     case FigureKind::kAnalogInput:
       return figures::AnalogInputFigure(source);
+    case FigureKind::kCalibration:
+      return figures::CalibrationFigure(source);
     case FigureKind::kNone:
       break;
   }

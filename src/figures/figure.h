@@ -111,6 +111,7 @@ struct Figure {
   bool barAlone = false;             ///< there are no axes
   std::string verdictCaption;        ///< caption of the device's verdict, shown above with its shape
   std::string verdict;               ///< the verdict's text as it stands
+  RowRole verdictRole{};             ///< which of its texts are good
   std::string alarmCaption;          ///< caption of the device's alarms
   std::vector<std::string> alarms;   ///< a line above for each, with its shape
   std::vector<std::string> above;    ///< further lines above
@@ -130,6 +131,8 @@ struct FigureSource {
   ControlId focus{};
   /// Bears a hint that its text is no number as it is meant; empty: none does.
   std::function<bool(ControlId)> hinted{};
+  /// Time of day of the last answer that the figure of a page without reads is drawn from; empty: none has come.
+  std::string lastRead{};
 };
 
 /// The figure of a page; `kNone` gives an empty one.

@@ -160,7 +160,7 @@ struct LayoutTitle {
 };
 
 /// Which figure a page draws.
-enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kOutputBar, kAnalogInput };
+enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kOutputBar, kAnalogInput, kCalibration };
 
 /// A page frame and what stands on it, in reading order. A frame alone is not laid out yet, and views show no page.
 struct PageLayout {
@@ -178,6 +178,8 @@ struct PageLayout {
   int numberWidth = 16;      ///< characters of a number field: more where seven or eight decimals are shown
   bool tight = false;        ///< numbers give way, so that groups stand beside each other on a narrow page, too
   bool signalFlow = false;   ///< an arrow leads from each group to the next down the left column
+  /// Of a page that reads nothing: codes, read on another page, whose answers its figure is drawn from.
+  std::span<const int> figureReads{};
 
   constexpr bool IsLaidOut() const { return !titles.empty(); }
 };

@@ -1,7 +1,5 @@
 #include "pages/pages.h"
 
-#include <initializer_list>
-
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
@@ -15,14 +13,6 @@ namespace {
 constexpr int kSensorRead = 45;
 constexpr int kChainRead = 53;
 constexpr double kReadingLimit = 9000.0;  // sensor electronics that do not answer read more
-
-void SetCaptions(UserCntrl& c, std::string_view text, std::initializer_list<LabelId> labels) {
-  for (const LabelId label : labels) c.form.At(label).SetText(text);
-}
-
-void SetCaptionsIfAny(UserCntrl& c, std::string_view text, std::initializer_list<LabelId> labels) {
-  if (!text.empty()) SetCaptions(c, text, labels);
-}
 
 bool AboveLimit(UserCntrl& c, const TextField& high, const TextField& low) {
   const double highReading = c.codecs.ParseLocaleNumber(high.Text());

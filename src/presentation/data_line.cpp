@@ -38,12 +38,22 @@ void DataLine::Sent(int code, std::int64_t now) {
 
 // An answer may come after its page was left.
 void DataLine::Answered(int code, std::int64_t now) {
+  answered_[code] = now;
   for (auto& [page, time] : lastRead_) {
     if (Reads(page, code)) time = now;
   }
   if (!Reads(page_, code)) return;
   returned_ = false;
   waitingSince_.reset();
+}
+
+std::optional<std::int64_t> DataLine::LastAnswer(std::span<const int> codes) const {
+  std::optional<std::int64_t> last;
+  for (const int code : codes) {
+    const auto answer = answered_.find(code);
+    if (answer != answered_.end() && (!last || answer->second > *last)) last = answer->second;
+  }
+  return last;
 }
 
 std::int64_t DataLine::LateAt() const {

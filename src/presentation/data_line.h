@@ -38,6 +38,8 @@ class DataLine {
   bool Stale(std::int64_t now) const { return intervalMs_ > 0 && Late(now); }
   /// When the text changes by time alone; none where it does not.
   std::optional<std::int64_t> NextDeadline(std::int64_t now) const;
+  /// When an answer to one of these reads was handled last, whatever page was open; none where there was none.
+  std::optional<std::int64_t> LastAnswer(std::span<const int> codes) const;
   /// The page was read since it was opened.
   bool HasRead() const;
   bool Waits() const { return waitingSince_.has_value(); }
@@ -49,6 +51,7 @@ class DataLine {
   const PageLayout* page_ = nullptr;
   bool returned_ = false;
   std::map<const PageLayout*, std::optional<std::int64_t>> lastRead_;  // of the pages opened so far
+  std::map<int, std::int64_t> answered_;                               // by code
   std::optional<std::int64_t> waitingSince_;                           // the first read of this page without an answer
   int intervalMs_ = 0;
 };

@@ -337,7 +337,7 @@ FieldEvent FieldStates::EventOfSet(Field& field, const std::string& before) {
   }
   // What was sent stands there after all.
   if (field.state == FieldState::kDiffers && VerdictOf(field) == FieldEvent::kVerdictSame) return FieldEvent::kAgreed;
-  if (field.text == before) return FieldEvent::kSetSame;
+  if (IsSame(field, field.text, before)) return FieldEvent::kSetSame;  // the operator may have typed it otherwise
   const bool reread = field.page == rereadPage_ && now <= rereadEnd_;
   return !field.live && (field.compares || reread) ? FieldEvent::kSetCompared : FieldEvent::kSetOther;
 }

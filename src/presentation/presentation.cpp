@@ -369,13 +369,15 @@ const Figure& Presentation::Drawing() {
 }
 
 Figure Presentation::MakeFigure() {
+  const auto lastRead = line_.LastAnswer(page_->figureReads);
   return ComputeFigure(
       page_->figure, {.form = control_.form,
                       .decimalSeparator = control_.codecs.DecimalSeparator(),
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
                       .focus = figureFocus_,
-                      .hinted = [this](ControlId control) { return BearsHint(control); }});
+                      .hinted = [this](ControlId control) { return BearsHint(control); },
+                      .lastRead = lastRead ? surroundings_.timeOfDay(*lastRead) : std::string()});
 }
 
 std::optional<ScreenFigure> Presentation::FigureOf() {

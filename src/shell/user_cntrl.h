@@ -78,6 +78,8 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
 
   void HideAllFrames();
   void StopPollingTimers();
+  /// Stores a document of `operands`: what the next request sends that builds none of its own.
+  void StoreDocument(const Operands& operands);
   /// Sets `RequestCode`, stores a document of `operands` and reads; panel 4 tells of it once the call has returned.
   void Read(int code, const Operands& operands = {});
   /// Reads with the stored document as it stands.
@@ -178,7 +180,6 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
 
   void UpdateConnectionState(std::string_view answer);
   void Dispatch(std::int32_t responseCode, std::string_view document);
-  void StoreDocument(const Operands& operands);
   void NoteSent(bool write, std::string_view code);
   void SendRead();
   void SendWrite(std::string code);

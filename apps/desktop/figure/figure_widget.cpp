@@ -67,7 +67,7 @@ std::vector<FigureWidget::Line> FigureWidget::Above() const {
     lines.push_back(
         {ToQt(caption) + QStringLiteral(": ") + ToQt(text), ShapeOf(presentation::MarkOf(role, kind, text))});
   };
-  if (!figure_.verdict.empty()) said(figure_.verdictCaption, figure_.verdict, RowRole::kNone, RowKind::kStatus);
+  if (!figure_.verdict.empty()) said(figure_.verdictCaption, figure_.verdict, figure_.verdictRole, RowKind::kStatus);
   for (const std::string& alarm : figure_.alarms) {
     said(figure_.alarmCaption, alarm, RowRole::kVerdict, RowKind::kListBox);
   }

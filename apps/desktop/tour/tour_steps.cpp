@@ -4,6 +4,7 @@
 #include <array>
 
 #include "desktop/tour/tour_blocks.h"
+#include "desktop/tour/tour_calibration.h"
 #include "desktop/tour/tour_transducer.h"
 
 namespace htr60::desktop {
@@ -79,8 +80,8 @@ constexpr auto Join(const TourStep (&... parts)[kCounts]) {
   return steps;
 }
 
-constexpr auto kSteps =
-    Join(kIdentificationSteps, kPressureSteps, kAnalogInputSteps, kFlowSteps, kLevelSteps, kDensitySteps);
+constexpr auto kSteps = Join(kIdentificationSteps, kPressureSteps, kAnalogInputSteps, kCalibrationSteps, kFlowSteps,
+                             kLevelSteps, kDensitySteps);
 
 }  // namespace
 
