@@ -1,5 +1,6 @@
 #include "figures/figure.h"
 
+#include "figures/characterization.h"
 #include "figures/linearization.h"
 #include "figures/square_root.h"
 
@@ -11,6 +12,10 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::LinearizationFigure(source);
     case FigureKind::kSquareRoot:
       return figures::SquareRootFigure(source);
+    case FigureKind::kCharacterization:
+      return figures::CharacterizationFigure(source);
+    case FigureKind::kCharacterizationEntry:
+      return figures::CharacterizationEntryFigure(source);
     case FigureKind::kNone:
       break;
   }

@@ -85,6 +85,10 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   void ReadQuietly();
   /// A page's own write button: stores the document, announces, arms the re-read, sends.
   void SmallWrite(int code, const Operands& operands, int rereadMs = 2000);
+  /// Stores the document and sends; announces once the call has returned, and leaves the re-read to the caller.
+  void Write(int code, const Operands& operands);
+  void StoreDocument(const Operands& operands);
+  void ArmReread(int milliseconds);
   void StartTimer(TimerId timer, int intervalMs);
   /// The first visit of a page: clears `flag` and fills the lists of that moment; nothing on later visits.
   void FirstVisit(FirstVisitFlag flag);
@@ -173,11 +177,9 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
 
   void UpdateConnectionState(std::string_view answer);
   void Dispatch(std::int32_t responseCode, std::string_view document);
-  void StoreDocument(const Operands& operands);
   void NoteSent(bool write, std::string_view code);
   void SendRead();
   void SendWrite(std::string code);
-  void ArmReread(int milliseconds);
 
   void OnTimerInit();
   void OnTimerReadAfterWrite();

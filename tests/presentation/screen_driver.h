@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "page_driver.h"
+#include "pages/page_driver.h"
 
 namespace htr60::automation {
 
