@@ -65,18 +65,15 @@ Action Codec(VirtualHost& host, Fields& fields) {
   return [&host, run = PrepareCodec(name, args)]() -> Json { return {{"result", run(host.Control())}}; };
 }
 
-Action Operation(VirtualHost&, Fields& fields) {
-  struct Known {
-    std::string_view name;
-    std::int64_t last;
+Action Operation(VirtualHost& host, Fields& fields) {
+  const std::string name = fields.Text("name");
+  const OperationRow* operation = host.Control().FindOperation(name);
+  if (operation == nullptr) throw CommandError("there is no operation " + Quoted(name));
+  const auto index = static_cast<int>(fields.Whole("index", 0, operation->indexes - 1));
+  return [&host, operation, index]() -> Json {
+    host.Control().RunOperation(*operation, index);
+    return {};
   };
-  static constexpr Known kOperations[] = {{"SelfCalibration", 2}, {"SensorTab", 1}};
-  std::string name = fields.Text("name");
-  const auto* known = std::find_if(std::begin(kOperations), std::end(kOperations),
-                                   [&](const Known& operation) { return operation.name == name; });
-  if (known == std::end(kOperations)) throw CommandError("there is no operation " + Quoted(name));
-  fields.Whole("index", 0, known->last);
-  return [name = std::move(name)]() -> Json { throw CommandError("this version has no operation " + Quoted(name)); };
 }
 
 Action DocXml(VirtualHost&, Fields& fields) {

@@ -2,6 +2,7 @@
 
 #include "figures/characterization.h"
 #include "figures/linearization.h"
+#include "figures/output_bar.h"
 #include "figures/square_root.h"
 
 namespace htr60 {
@@ -16,6 +17,8 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::CharacterizationFigure(source);
     case FigureKind::kCharacterizationEntry:
       return figures::CharacterizationEntryFigure(source);
+    case FigureKind::kOutputBar:
+      return figures::OutputBarFigure(source);
     case FigureKind::kNone:
       break;
   }

@@ -86,13 +86,22 @@ enum class IdentityItem : std::uint8_t {
 };
 
 /// What a row's control tells of the health of the instrument. Equal items are one quantity: the one set last counts.
+/// What several blocks share is kept for each: a set counts for the block of the page that is current then.
 enum class HealthItem : std::uint8_t {
   kNone,
-  kPrimaryValue,     ///< status
-  kSensorDiag,       ///< "None" or what is wrong
-  kSensorBoard,      ///< message, while it is shown
-  kSimulateValue,    ///< simulate enable of the primary value
-  kSimulatePressure  ///< simulate enable of pressure and temperature
+  kPrimaryValue,      ///< status
+  kAiOut1,            ///< status of the first block's output
+  kAiOut2,            ///< of the second's
+  kAiOut3,            ///< of the third's
+  kSensorDiag,        ///< "None" or what is wrong
+  kSensorBoard,       ///< message, while it is shown
+  kSimulateValue,     ///< simulate enable of the primary value
+  kSimulatePressure,  ///< simulate enable of pressure and temperature
+  kSimulateBlock1,    ///< simulate enable of the first block
+  kSimulateBlock2,    ///< of the second
+  kSimulateBlock3,    ///< of the third
+  kAiOut,             ///< shared: status of the output of the current page's block
+  kSimulateBlock,     ///< shared: simulate enable of the current page's block
 };
 
 /// One row: caption, control, unit. `second` stands after the unit: the status of a value, the Y of a point.
@@ -110,6 +119,7 @@ struct LayoutRow {
   std::string_view note{};  ///< shown on request, beside the page's purpose
   bool sameLine = false;    ///< stands after the row before it
   bool live = false;        ///< an answer of a polling timer replaces it
+  bool large = false;       ///< of the values of a page one that is to be read from afar
   RowRole role = RowRole::kNone;
   IdentityItem identity = IdentityItem::kNone;
   HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first
@@ -141,6 +151,7 @@ struct LayoutInnerStrip {
 struct LayoutTitle {
   std::string_view page{};  ///< empty: any
   std::string_view title{};
+  int block = 0;  ///< the page is of this block, 1 to 3; 0: of none
 };
 
 /// Which figure a page draws.
@@ -148,6 +159,7 @@ enum class FigureKind : std::uint8_t {
   kNone,
   kLinearization,
   kSquareRoot,
+  kOutputBar,
   kCharacterization,       ///< the curve that the instrument holds
   kCharacterizationEntry,  ///< the points recorded so far
 };

@@ -40,7 +40,11 @@ void TextField::SetText(std::string_view text) {
 
 void TextField::Type(std::string_view text) { Control::SetText(text_, Cut(text)); }
 
-void Label::SetText(std::string_view text) { Control::SetText(text_, text); }
+void Label::SetText(std::string_view text) {
+  ++sets_;
+  Mark();  // as of a field: most labels hold values that the device has answered
+  Control::SetText(text_, text);
+}
 
 void Button::SetText(std::string_view text) { Control::SetText(text_, text); }
 

@@ -85,9 +85,12 @@ class Label : public Control {
  public:
   const std::string& Text() const { return text_; }
   void SetText(std::string_view text);
+  /// How often it has been set, an equal text included.
+  std::uint32_t Sets() const { return sets_; }
 
  private:
   std::string text_;
+  std::uint32_t sets_ = 0;
 };
 
 class Button : public Control {

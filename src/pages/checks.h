@@ -100,6 +100,12 @@ constexpr Finding PollsOnce(NamedUnits<N> units) {
                               [](const PollRow& row) { return static_cast<std::uint64_t>(row.timer); });
 }
 
+template <std::size_t N>
+constexpr Finding OperationsOnce(NamedUnits<N> units) {
+  return Doubled<16>(units, &PageUnit::operations, "operations",
+                     [](const OperationRow& row) { return Hash(row.name); });
+}
+
 // Members of the control have no order, so the rows of each list are compared with each other.
 template <std::size_t N>
 constexpr Finding FillsOnce(NamedUnits<N> units) {
@@ -278,6 +284,7 @@ constexpr Finding StartOnce(NamedUnits<N> units) {
   HTR60_CHECK_TABLE(TabsOnce, units, "a tab strip has two handlers");                                                \
   HTR60_CHECK_TABLE(ListsOnce, units, "a list has two handlers");                                                    \
   HTR60_CHECK_TABLE(PollsOnce, units, "a timer reads twice");                                                        \
+  HTR60_CHECK_TABLE(OperationsOnce, units, "an operation stands twice");                                             \
   HTR60_CHECK_TABLE(FillsOnce, units, "a list is filled twice at one moment");                                       \
   HTR60_CHECK_TABLE(StepsFit, units, "a step table is not as long as its strip, or a strip has nothing to run");     \
   HTR60_CHECK_TABLE(FramesOnce, units, "a page frame is declared twice");                                            \

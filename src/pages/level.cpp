@@ -1,7 +1,5 @@
 #include "pages/pages.h"
 
-#include <utility>
-
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
@@ -178,13 +176,7 @@ constexpr TabStep kSteps[] = {
      .interval = 5000},
 };
 
-// The read goes out last, so the timer runs also where it fails.
-void OnTab(UserCntrl& c, int tab) {
-  TabStep step = kSteps[tab];
-  const int read = std::exchange(step.read, 0);
-  RunTab(c, step);
-  if (read != 0) c.Read(read);
-}
+void OnTab(UserCntrl& c, int tab) { RunTabReadingLast(c, kSteps[tab]); }
 
 // ---- tables
 

@@ -1,6 +1,7 @@
 #include "presentation/health.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace htr60::presentation {
 namespace {
@@ -10,11 +11,27 @@ constexpr std::string_view kWords[] = {"not read", "Good", "Function check", "Ou
 
 // What says so, in the order of the items.
 constexpr std::string_view kCaptions[] = {
-    "", "Primary Value", "Sensor Diag", "Sensor electronics", "Simulate Enable", "Simulate Enable"};
+    "",
+    "Primary Value",
+    "AI 1 Out",
+    "AI 2 Out",
+    "AI 3 Out",
+    "Sensor Diag",
+    "Sensor electronics",
+    "Simulate Enable",
+    "Simulate Enable",
+    "Simulate Enable",
+    "Simulate Enable",
+    "Simulate Enable",
+};
+static_assert(std::size(kCaptions) == static_cast<std::size_t>(HealthItem::kAiOut), "an item without a caption");
 
 HealthState StateOf(HealthItem item, std::string_view text) {
   switch (item) {
     case HealthItem::kPrimaryValue:
+    case HealthItem::kAiOut1:
+    case HealthItem::kAiOut2:
+    case HealthItem::kAiOut3:
       if (text.starts_with("Bad")) return HealthState::kFailure;
       return text.starts_with("Uncertain") ? HealthState::kOutOfSpecification : HealthState::kGood;
     case HealthItem::kSensorDiag:
@@ -23,11 +40,25 @@ HealthState StateOf(HealthItem item, std::string_view text) {
       return HealthState::kFailure;
     case HealthItem::kSimulateValue:
     case HealthItem::kSimulatePressure:
+    case HealthItem::kSimulateBlock1:
+    case HealthItem::kSimulateBlock2:
+    case HealthItem::kSimulateBlock3:
       return text == "Active" || text == "Enable" ? HealthState::kFunctionCheck : HealthState::kGood;
     case HealthItem::kNone:
+    case HealthItem::kAiOut:
+    case HealthItem::kSimulateBlock:
       break;
   }
   return HealthState::kGood;
+}
+
+// The item of a row while a page of `block` is current; none for what blocks share while no block's page is.
+HealthItem ItemOf(HealthItem item, int block) {
+  const auto ofBlock = [&](HealthItem first) {
+    return block == 0 ? HealthItem::kNone : static_cast<HealthItem>(static_cast<int>(first) + block - 1);
+  };
+  if (item == HealthItem::kAiOut) return ofBlock(HealthItem::kAiOut1);
+  return item == HealthItem::kSimulateBlock ? ofBlock(HealthItem::kSimulateBlock1) : item;
 }
 
 // The worst is a failure; what is checked on purpose goes before what is uncertain.
@@ -54,11 +85,16 @@ std::string_view NameOf(HealthState state) { return kStates[static_cast<std::siz
 Health::Health(UserCntrl& control) : control_(control) {
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
+      for (const LayoutTitle& title : page.titles) {
+        if (title.block != 0) blocks_.push_back({title.page, title.block});
+      }
       for (const LayoutGroup& group : page.groups) {
         for (const LayoutRow& row : group.rows) {
           if (row.health == HealthItem::kNone) continue;
           const bool second = static_cast<bool>(row.second);
-          sources_.push_back({second ? row.second : row.control, second ? row.secondKind : row.kind, row.health});
+          const ControlId source = second ? row.second : row.control;
+          sources_.push_back({source, second ? row.secondKind : row.kind, row.health});
+          sourceOf_[source.ordinal] = static_cast<std::uint8_t>(sources_.size());
         }
       }
     }
@@ -67,28 +103,36 @@ Health::Health(UserCntrl& control) : control_(control) {
 
 void Health::Turn(const FormChanges& changes, std::int64_t now) {
   for (const ControlId changed : changes.controls) {
-    for (Source& source : sources_) {
-      if (!(source.control == changed)) continue;
-      const std::uint32_t sets = control_.form.Visit(changed, [](auto& widget) -> std::uint32_t {
-        if constexpr (requires { widget.Sets(); }) {
-          return widget.Sets();
-        } else {
-          return 0;
-        }
-      });
-      // A message has no count: it says something while it is shown.
-      if (source.kind != RowKind::kMsg && sets == source.sets) continue;
-      source.sets = sets;
-      Take(source, now);
-    }
+    const std::size_t number = sourceOf_[changed.ordinal];
+    if (number == 0) continue;
+    Source& source = sources_[number - 1];
+    const std::uint32_t sets = control_.form.Visit(changed, [](auto& widget) -> std::uint32_t {
+      if constexpr (requires { widget.Sets(); }) {
+        return widget.Sets();
+      } else {
+        return 0;
+      }
+    });
+    // A message says something while it is shown, whatever it reads.
+    if (source.kind != RowKind::kMsg && sets == source.sets) continue;
+    source.sets = sets;
+    Take(source, now);
   }
 }
 
+int Health::BlockOfPage() const {
+  const auto row = std::find_if(blocks_.begin(), blocks_.end(),
+                                [this](const PageOfBlock& page) { return page.name == control_.CurrentPage; });
+  return row == blocks_.end() ? 0 : row->block;
+}
+
 void Health::Take(const Source& source, std::int64_t now) {
-  Quantity& quantity = quantities_[static_cast<std::size_t>(source.item)];
+  const HealthItem item = ItemOf(source.item, BlockOfPage());
+  if (item == HealthItem::kNone) return;
+  Quantity& quantity = quantities_[static_cast<std::size_t>(item)];
   const bool shown = source.kind != RowKind::kMsg || control_.form.Any(source.control).Visible();
   quantity.read = shown || quantity.read;
-  quantity.state = shown ? StateOf(source.item, control_.form.TextOf(source.control)) : HealthState::kGood;
+  quantity.state = shown ? StateOf(item, control_.form.TextOf(source.control)) : HealthState::kGood;
   quantity.at = now;
   quantity.node = control_.LastActivated();
 }

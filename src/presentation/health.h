@@ -31,7 +31,7 @@ class Health {
   const std::string& Node() const;
 
  private:
-  static constexpr std::size_t kItems = 6;
+  static constexpr auto kItems = static_cast<std::size_t>(HealthItem::kAiOut);  // those before are no shared ones
   struct Source {
     ControlId control;
     RowKind kind;
@@ -44,11 +44,19 @@ class Health {
     std::int64_t at = 0;
     std::string node;
   };
+  struct PageOfBlock {
+    std::string_view name;
+    int block;
+  };
+  /// The block of the current page; 0 where it is of none.
+  int BlockOfPage() const;
   void Take(const Source& source, std::int64_t now);
   const Quantity* Worst() const;
 
   UserCntrl& control_;
   std::vector<Source> sources_;
+  std::array<std::uint8_t, kControlCount> sourceOf_{};  // by ordinal: number of the source from 1, 0: none
+  std::vector<PageOfBlock> blocks_;
   std::array<Quantity, kItems> quantities_;
 };
 

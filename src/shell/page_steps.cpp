@@ -1,5 +1,7 @@
 #include "shell/page_steps.h"
 
+#include <utility>
+
 namespace htr60 {
 namespace {
 
@@ -17,6 +19,12 @@ void RunTab(UserCntrl& c, const TabStep& step) {
   SetWrite(c, step.write);
   if (step.read != 0) c.Read(step.read);
   if (step.polls) c.StartTimer(step.timer, step.interval);
+}
+
+void RunTabReadingLast(UserCntrl& c, TabStep step) {
+  const int read = std::exchange(step.read, 0);
+  RunTab(c, step);
+  if (read != 0) c.Read(read);
 }
 
 void OpenPage(UserCntrl& c, const OpenStep& step) {

@@ -10,6 +10,9 @@ namespace htr60 {
 /// own, for handlers of inner strips that ran meanwhile leave theirs in `RequestCode`.
 void RunTab(UserCntrl& c, const TabStep& step);
 
+/// The same, but the read goes out last, so the timer runs also where it fails.
+void RunTabReadingLast(UserCntrl& c, TabStep step);
+
 /// What a button that opens a page does: hide all, show the frame, names, Back and Write, read.
 struct OpenStep {
   FrameId frame{};

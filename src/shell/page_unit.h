@@ -163,6 +163,13 @@ struct ListRow {
   Call<void> run;
 };
 
+/// A finished operation that no control of the form invokes, for scripts: `run` takes an index below `indexes`.
+struct OperationRow {
+  std::string_view name{};
+  int indexes = 1;
+  Call<void, int> run = {};
+};
+
 /// Which document a polling timer sends.
 enum class PollDocument : std::uint8_t {
   kFresh,   ///< all "None"
@@ -280,6 +287,7 @@ struct PageUnit {
   std::span<const ButtonRow> buttons{};
   std::span<const TabRow> tabs{};
   std::span<const ListRow> lists{};
+  std::span<const OperationRow> operations{};
   std::span<const PollRow> polls{};
   std::span<const FillRow> fills{};
   std::span<const NodeRow> nodes{};

@@ -181,6 +181,21 @@ void UserCntrl::SetList(ChoiceId list, std::string_view text) noexcept {
   Guarded([&] { form.At(list).SetText(text); });
 }
 
+const OperationRow* UserCntrl::FindOperation(std::string_view name) const {
+  for (const PageUnit* unit : registry_.units) {
+    for (const OperationRow& row : unit->operations) {
+      if (row.name == name) return &row;
+    }
+  }
+  return nullptr;
+}
+
+void UserCntrl::RunOperation(const OperationRow& operation, int index) noexcept {
+  Guarded([&] {
+    if (index >= 0 && index < operation.indexes) operation.run(*this, index);
+  });
+}
+
 void UserCntrl::TabChanged(const TabStrip& strip) {
   const TabRow* row = tables_->tabs[SlotOf(TabsId{strip.Id()})];
   if (row == nullptr) return;

@@ -66,6 +66,11 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   /// A program's set of a list from outside, for scripts: a closed list that refuses the text stays as it was.
   void SetList(ChoiceId list, std::string_view text) noexcept;
 
+  /// A finished operation that no control of the form invokes; none where no unit has one of that name.
+  const OperationRow* FindOperation(std::string_view name) const;
+  /// Nothing where `index` is none of the operation's.
+  void RunOperation(const OperationRow& operation, int index) noexcept;
+
   /// A timer armed at the port is due.
   void TimerDue(int timer) noexcept;
 

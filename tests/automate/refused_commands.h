@@ -144,7 +144,9 @@ inline constexpr std::string_view kRefusedCommands = R"lines(
 {"do":"simulator","log":1}
 {"do":"operation","name":"SelfCalibration"}
 {"do":"operation","name":"SelfCalibration","index":3}
+{"do":"operation","name":"SensorTab"}
 {"do":"operation","name":"SensorTab","index":2}
+{"do":"operation","name":"SensorTab","index":"0"}
 {"do":"operation","name":"Trim","index":0}
 {"do":"docXml"}
 {"do":"docXml","values":["01"]}

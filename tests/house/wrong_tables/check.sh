@@ -36,6 +36,7 @@ PARENT_AFTER first_unit nodes 1
 FRAME_TWICE second_unit layouts 2
 STEPS_TOO_SHORT second_unit tabs 1
 BUTTON_TWICE second_unit buttons 2
+OPERATION_TWICE second_unit operations 1
 NODE_TWICE first_unit nodes 1
 NO_CONDITION second_unit nodes 1
 FRAME_OF_NOBODY second_unit nodes 3

@@ -7,6 +7,7 @@ namespace {
 
 Operands Nothing(UserCntrl&) { return {}; }
 void Press(UserCntrl&) {}
+void Operate(UserCntrl&, int) {}
 bool Always(UserCntrl&) { return true; }
 
 constexpr std::string_view kRows[] = {"A", "B"};
@@ -38,9 +39,11 @@ constexpr NodeText kFirstTexts[] = {
 #endif
 };
 constexpr NodeRow kFirstNodes[] = {{.texts = kFirstTexts, .frame = id::frmInfo}};
+constexpr OperationRow kFirstOperations[] = {{"Operation", 2, Operate}};
 constexpr PageUnit kFirst{
     .layouts = kFirstLayouts,
     .writes = kFirstWrites,
+    .operations = kFirstOperations,
     .fills = kFirstFills,
     .nodes = kFirstNodes,
     .start = {.frame = id::frmInfo, .read = 1, .page = "First"},
@@ -84,10 +87,16 @@ constexpr NodeRow kSecondNodes[] = {
     {.texts = {}, .frame = id::frmAI},
 #endif
 };
+#ifdef OPERATION_TWICE
+constexpr OperationRow kSecondOperations[] = {{"Operation", 1, Operate}};
+#else
+constexpr OperationRow kSecondOperations[] = {{"Other", 1, Operate}};
+#endif
 constexpr PageUnit kSecond{
     .layouts = kSecondLayouts,
     .buttons = kSecondButtons,
     .tabs = kSecondTabs,
+    .operations = kSecondOperations,
     .nodes = kSecondNodes,
 };
 
