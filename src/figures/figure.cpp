@@ -2,6 +2,7 @@
 
 #include "figures/analog_input.h"
 #include "figures/calibration.h"
+#include "figures/characterization.h"
 #include "figures/linearization.h"
 #include "figures/output_bar.h"
 #include "figures/square_root.h"
@@ -14,6 +15,10 @@ Figure ComputeFigure(FigureKind kind, const FigureSource& source) {
       return figures::LinearizationFigure(source);
     case FigureKind::kSquareRoot:
       return figures::SquareRootFigure(source);
+    case FigureKind::kCharacterization:
+      return figures::CharacterizationFigure(source);
+    case FigureKind::kCharacterizationEntry:
+      return figures::CharacterizationEntryFigure(source);
     case FigureKind::kOutputBar:
       return figures::OutputBarFigure(source);
     case FigureKind::kAnalogInput:

@@ -29,7 +29,7 @@ std::string_view FirstWord(std::string_view text) { return text.substr(0, text.f
 
 // The number of a field; where it is none, a remark names the field.
 std::optional<double> NumberFor(const FigureSource& source, LabelId field, std::string_view caption, Figure& figure) {
-  const auto number = NumberOf(source.form.At(field).Text(), source.decimalSeparator);
+  const auto number = NumberIn(source, field);
   if (number && Drawable(*number)) return number;
   figure.remarks.push_back(std::string(caption) + ": no number.");
   return std::nullopt;

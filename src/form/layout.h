@@ -160,7 +160,16 @@ struct LayoutTitle {
 };
 
 /// Which figure a page draws.
-enum class FigureKind : std::uint8_t { kNone, kLinearization, kSquareRoot, kOutputBar, kAnalogInput, kCalibration };
+enum class FigureKind : std::uint8_t {
+  kNone,
+  kLinearization,
+  kSquareRoot,
+  kOutputBar,
+  kAnalogInput,
+  kCalibration,
+  kCharacterization,       ///< the curve that the instrument holds
+  kCharacterizationEntry,  ///< the points recorded so far
+};
 
 /// A page frame and what stands on it, in reading order. A frame alone is not laid out yet, and views show no page.
 struct PageLayout {

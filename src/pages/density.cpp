@@ -152,10 +152,7 @@ void OnDensityOutputScaleAnswer(UserCntrl& c, const Answer& a) {
 
 void OnDensitySettingsAnswer(UserCntrl& c, const Answer& a) {
   Form& f = c.form;
-  f.cmbDensityPrimaryValueType.SetIfAny(DecodePVType(a.Number("TRDPVType")));
-  if (f.cmbDensityPrimaryValueType.Text() != "Density") {
-    c.ShowBox("Please, note that HTR60 is not configured to Density measurement.", "Primary Value Type");
-  }
+  TakePrimaryValueType(c, a, id::cmbDensityPrimaryValueType, "Density");
   f.cmbMeasuredType.SetIfAny(DecodeMeasuredType(a.Number("MeasuredType")));
   f.cmbPositionMounting.SetIfAny(DecodePositionMounting(a.Number("PositionMounting")));
   f.cmbDensityLinearizationType.SetIfAny(DecodeLinType(a.Number("TRDLinType")));

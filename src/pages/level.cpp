@@ -120,10 +120,7 @@ void OnLevelOutputScaleAnswer(UserCntrl& c, const Answer& a) {
 
 void OnLevelSettingsAnswer(UserCntrl& c, const Answer& a) {
   Form& f = c.form;
-  f.cmbLevelPrimaryValueType.SetIfAny(DecodePVType(a.Number("TRDPVType")));
-  if (f.cmbLevelPrimaryValueType.Text() != "Level") {
-    c.ShowBox("Please, note that HTR60 is not configured to Level measurement.", "Primary Value Type");
-  }
+  TakePrimaryValueType(c, a, id::cmbLevelPrimaryValueType, "Level");
   f.cmbLevelCompensation.SetIfAny(DecodeCompensation(a.Number("TRDCompensation")));
   f.cmbLevelLinearizationType.SetIfAny(DecodeLinType(a.Number("TRDLinType")));
   f.txtParameter(161).SetText(c.codecs.FormatDecimals(HexToFloat(a.Text("Gravity")), kDecimals));

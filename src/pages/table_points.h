@@ -2,18 +2,12 @@
 
 #include <array>
 
-#include "form/control_id.h"
+#include "pages/point_fields.h"
 
 namespace htr60::pages {
 
-/// The fields of one point of the linearization table.
-struct TablePoint {
-  TextId x;
-  TextId y;
-};
-
-/// Points 1 to 21; the numbers of the fields follow no rule.
-inline constexpr std::array<TablePoint, 21> kTablePoints = {{
+/// Points 1 to 21 of the linearization table; the numbers of the fields follow no rule.
+inline constexpr std::array<PointFields, 21> kTablePoints = {{
     {id::txtParameter(21), id::txtParameter(36)}, {id::txtParameter(22), id::txtParameter(52)},
     {id::txtParameter(27), id::txtParameter(53)}, {id::txtParameter(28), id::txtParameter(54)},
     {id::txtParameter(29), id::txtParameter(55)}, {id::txtParameter(30), id::txtParameter(56)},

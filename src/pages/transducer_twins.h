@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "codecs/mEnumeration.h"
@@ -12,6 +13,15 @@ namespace htr60::pages {
 
 /// Rows of the lists of primary value types, one on each of four pages.
 inline constexpr std::string_view kPrimaryValueTypes[] = {"Pressure", "Flow", "Level", "Density"};
+
+/// Sets the list to the type that the device has, and tells the operator where the page is not for that type.
+inline void TakePrimaryValueType(UserCntrl& c, const Answer& a, ChoiceId list, std::string_view pageType) {
+  ChoiceList& shown = c.form.At(list);
+  shown.SetIfAny(DecodePVType(a.Number("TRDPVType")));
+  if (shown.Text() == pageType) return;
+  c.ShowBox("Please, note that HTR60 is not configured to " + std::string(pageType) + " measurement.",
+            "Primary Value Type");
+}
 
 /// Linearizations of the types that know no square root.
 inline constexpr std::string_view kTableLinearizations[] = {"No Linearization.", "User Defined(Table)"};

@@ -97,16 +97,21 @@ std::string Presentation::TitleOf(const PageLayout* page) const {
   return std::string(any);
 }
 
+// An act that opens a message box may have left its page before it writes: what it writes is not left, so nothing is
+// said before the act has ended.
 void Presentation::NotePage() {
   touched_ = true;
   const PageLayout* now = InFront();
   if (now != page_ && page_ != nullptr) {
-    SayLeft(*page_, title_);
+    if (left_.page == nullptr) left_ = {page_, title_};
     states_.PageLeft(*page_);
     paste_.End();
   }
   page_ = now;
   title_ = TitleOf(now);
+  if (acting_ || left_.page == nullptr) return;
+  const Left left = std::exchange(left_, {});
+  SayLeft(*left.page, left.title);
 }
 
 void Presentation::Opened(const PageLayout* page, bool again) {

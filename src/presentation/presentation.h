@@ -104,6 +104,11 @@ class Presentation {
     bool hasPage = true;
     bool offered = false;  // it is connected since: "Open ..." stands there
   };
+  // A page that an act has left.
+  struct Left {
+    const PageLayout* page = nullptr;
+    std::string title;
+  };
 
   const PageLayout* InFront();
   std::string TitleOf(const PageLayout* page) const;
@@ -147,6 +152,7 @@ class Presentation {
   std::string message_;
   std::int64_t messageEnd_ = 0;
   bool acting_ = false;  // an act tells of the page that it opens
+  Left left_;
   Paste paste_;
   bool asksToClose_ = false;
   EditedNodes editedNodes_;

@@ -275,6 +275,13 @@ void UserCntrl::SmallWrite(int code, const Operands& operands, int rereadMs) {
   SendWrite(RequestCode);
 }
 
+void UserCntrl::Write(int code, const Operands& operands) {
+  StoreDocument(operands);
+  RequestCode = std::to_string(code);
+  SendWrite(RequestCode);
+  form.statusBar.SetText(kTrafficPanel, kWriting);
+}
+
 void UserCntrl::SendWrite(std::string code) {
   const std::shared_ptr<IDtmParameterAccess> access = ParameterAccess;
   if (access == nullptr) throw RuntimeFailure("not attached");

@@ -51,7 +51,7 @@ TEST(LinearizationFigure, NamesWhatIsOutOfOrder) {
       {{{"0", "0"}, {"50", "0"}, {"100", "100"}}, {}, 0},  // a level step in Y is no fault
       {{{"0", "0"}, {"50", "20"}, {"50", "30"}, {"100", "40"}}, {"Check: X does not rise from point 2 to point 3."}, 1},
       {{{"0", "0"}, {"50", "20"}, {"60", "10"}, {"55", "40"}, {"54", "50"}},
-       {"Check: Y turns between point 2 and point 3. and 2 more"},
+       {"Check: Y turns between point 2 and point 3, and 2 more."},
        3},
       {{{"100", "0"}, {"50", "20"}, {"60", "30"}}, {"Check: X does not fall from point 2 to point 3."}, 1},
       {{{"0", "100"}, {"50", "20"}, {"60", "10"}}, {"Check: the device takes rising curves only."}, 0},
