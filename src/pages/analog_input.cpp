@@ -7,6 +7,8 @@
 #include "codecs/mFunctions.h"
 #include "codecs/mStatusProfibus.h"
 #include "codecs/status_tables.h"
+#include "pages/alarm_list.h"
+#include "pages/answered_values.h"
 #include "shell/page_steps.h"
 
 namespace htr60::pages::analog_input {
@@ -133,7 +135,8 @@ constexpr LayoutRow kSimulateRows[] = {
      .kind = RowKind::kList,
      .control = id::cmbSimulateEnable,
      .note = "While it is active, value and status below replace those of the channel.",
-     .role = RowRole::kSimulate},
+     .role = RowRole::kSimulate,
+     .health = HealthItem::kSimulateBlock},
     {.caption = "Value",
      .kind = RowKind::kNum,
      .control = id::txtParameter(172),
@@ -185,7 +188,7 @@ constexpr LayoutGroup kGroups[] = {
     {.tab = 5, .caption = "Current State Alarm", .rows = kStateAlarmRows, .beside = true},
     {.tab = 6, .rows = kGraphicRows, .box = false},
 };
-constexpr LayoutTitle kTitles[] = {{kPages[0], kPages[0]}, {kPages[1], kPages[1]}, {kPages[2], kPages[2]}};
+constexpr LayoutTitle kTitles[] = {{kPages[0], kPages[0], 1}, {kPages[1], kPages[1], 2}, {kPages[2], kPages[2], 3}};
 constexpr LayoutTitle kGraphicTitle[] = {{"", "Analog Input Graphic"}};
 constexpr int kReads[] = {kBasicRead, kScalesRead, kAlarmRead, kFailSafeRead, kSimulateRead, kModeRead, kOutputRead};
 constexpr PageLayout kLayouts[] = {
@@ -249,7 +252,7 @@ void OnAlarmAnswer(UserCntrl& c, const Answer& a) {
     c.form.At(limit.field).SetText(c.codecs.FormatValue(HexToFloat(a.Text(limit.tag))));
   }
   TakeUnit(c, a);
-  ShowAlarmList(c.form.ListAIAlarm, AlarmWord(a.Text("AICurrAlarm")));
+  TakeAlarms(a.Text("AICurrAlarm"), c.form.ListAIAlarm);
 }
 
 void OnFailSafeAnswer(UserCntrl& c, const Answer& a) {
@@ -272,7 +275,7 @@ void OnOutputAnswer(UserCntrl& c, const Answer& a) {
   std::int32_t status = 0;
   c.codecs.HexToFloatStatus(a.Text("AIOutput"), c.form.txtParameter(125), status);
   c.form.cmbStatusAIModeBlock.SetText(StatusByteToText(status));
-  ShowAlarmList(c.form.ListAICurrentStateAlarm, AlarmWord(a.Text("AIAlarm")));
+  TakeAlarms(a.Text("AIAlarm"), c.form.ListAICurrentStateAlarm);
 }
 
 void OnModeAnswer(UserCntrl& c, const Answer& a) {
@@ -431,40 +434,10 @@ constexpr NodeRow kNodes[] = {
 
 }  // namespace
 
-std::string_view TakeScale(UserCntrl& c, std::string_view hex) {
-  std::int16_t unit = 0;
-  c.codecs.HexToScale(hex, c.form.txtParameter(129), c.form.txtParameter(130), unit);
-  return UnitCodeToText(unit);
-}
-
 void SetOutputUnit(UserCntrl& c, std::string_view unit) {
   if (unit.empty()) return;
   c.form.lbArray(201).SetText(unit);
   c.form.lbArray(162).SetText(unit);
-}
-
-std::int16_t AlarmWord(std::string_view hex) {
-  std::int16_t alarms = 0;
-  std::int16_t unused[3] = {};
-  HexToFourWords(hex, alarms, unused[0], unused[1], unused[2]);
-  return alarms;
-}
-
-void ShowAlarmList(ListBox& list, std::int16_t alarms) {
-  struct Row {
-    int bit;
-    std::string_view text;
-  };
-  // The last bit is the sign: the reader of alarm words lets none through that has it.
-  static constexpr Row kRows[] = {
-      {512, "Upper Limit Alarm "},    {1024, "Upper Limit Warning "},     {2048, "Lower Limit Alarm "},
-      {4096, "Lower Limit Warning "}, {32768, "Parameter Modification "},
-  };
-  list.Clear();
-  if (alarms == 0) list.AddRow("No Alarm");
-  for (const Row& row : kRows) {
-    if ((alarms & row.bit) != 0) list.AddRow(row.text);
-  }
 }
 
 constexpr PageUnit kUnit{

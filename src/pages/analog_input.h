@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "pages/pages.h"
@@ -22,14 +21,7 @@ inline std::string_view Block(const UserCntrl& c) {
   return c.BlockSelector.empty() ? std::string_view("None") : std::string_view(c.BlockSelector);
 }
 
-/// Takes an output scale into the fields of the tab "Scales", and gives its unit's text.
-std::string_view TakeScale(UserCntrl& c, std::string_view hex);
 /// Sets the captions of the output scale's unit; an empty text leaves them.
 void SetOutputUnit(UserCntrl& c, std::string_view unit);
-
-/// Rows for the bits of an alarm word.
-void ShowAlarmList(ListBox& list, std::int16_t alarms);
-/// The first of the four words of an alarm record; 0 from 8000 up, which does not fit.
-std::int16_t AlarmWord(std::string_view hex);
 
 }  // namespace htr60::pages::analog_input

@@ -6,6 +6,7 @@
 #include "codecs/mEnumeration.h"
 #include "codecs/unit_tables.h"
 #include "pages/analog_input.h"
+#include "pages/answered_values.h"
 #include "pages/calibration_units.h"
 
 // The tab "Scales" of the Analog Input pages. Which scale stands on the side of the primary value depends on the block,
@@ -131,12 +132,12 @@ void OnScalesAnswer(UserCntrl& c, const Answer& a) {
   Form& f = c.form;
   if (const std::string_view type = DecodePVType(a.Number("TRDPVType")); !type.empty()) c.AiPvType = type;
   const std::string_view range = DecodeDensityRange(a.Number("TrdHTRRange"));
-  const std::string_view unit = analog_input::TakeScale(c, a.Text("AIScaleOutput"));
+  const std::string_view unit = TakeScale(c, a.Text("AIScaleOutput"));
   f.cmbAIUnitOutScale.SetIfAny(unit);
   analog_input::SetOutputUnit(c, unit);
   const bool ofSensor = IsSecondary(c) && c.AiPvType == "Pressure";
   SetIfAny(f.txtParameter(302),
-           ofSensor ? analog_input::TakeScale(c, a.Text("PVUnitScale")) : UnitCodeToText(a.Word("PVUnitScale")));
+           ofSensor ? TakeScale(c, a.Text("PVUnitScale")) : UnitCodeToText(a.Word("PVUnitScale")));
   f.txtParameter(64).SetText("");
   f.txtParameter(63).SetText("");
   AllowPvScale(c, ofSensor && c.FwFlag107 != kClear);

@@ -94,7 +94,6 @@ class UserCntrl final : private FormEvents, public std::enable_shared_from_this<
   void SmallWrite(int code, const Operands& operands, int rereadMs = 2000);
   /// Stores the document and sends; announces once the call has returned, and leaves the re-read to the caller.
   void Write(int code, const Operands& operands);
-  void StoreDocument(const Operands& operands);
   void ArmReread(int milliseconds);
   void StartTimer(TimerId timer, int intervalMs);
   /// The first visit of a page: clears `flag` and fills the lists of that moment; nothing on later visits.
