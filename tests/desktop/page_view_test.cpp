@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QGroupBox>
@@ -428,19 +429,17 @@ TEST_F(AllPagesTest, TheTablesFigureFollowsTyping) {
   EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(21)));
 }
 
-TEST_F(AllPagesTest, ThePasswordIsNeverShown) {
-  const PageLayout* factory = nullptr;
-  for (const PageUnit* unit : PagesOfHtr60().units) {
-    for (const PageLayout& page : unit->layouts) {
-      if (!page.IsLaidOut()) continue;
-      if (page.frame == id::frmfactory) factory = &page;
-    }
+class FactoryDoorTest : public AllPagesTest {
+ protected:
+  FactoryDoorTest() {
+    control_->HideAllFrames();
+    control_->form.frmfactory.SetVisible(true);
+    control_->form.SSTabFactory.SetIndex(5);
+    Turn();
   }
-  if (factory == nullptr) GTEST_SKIP() << "the factory page is not there yet";
-  control_->HideAllFrames();
-  control_->form.frmfactory.SetVisible(true);
-  control_->form.SSTabFactory.SetIndex(5);
-  Turn();
+};
+
+TEST_F(FactoryDoorTest, ThePasswordIsNeverShown) {
   TextEntry* entry = Entry(id::txtPassword);
   ASSERT_NE(entry, nullptr);
   entry->setFocus();
@@ -453,6 +452,56 @@ TEST_F(AllPagesTest, ThePasswordIsNeverShown) {
   EXPECT_EQ(QApplication::clipboard()->text(), QString());
   EXPECT_EQ(Cell(id::txtPassword).ToolTip(), QString());
   EXPECT_EQ(Cell(id::txtPassword).Words(), QString());
+  Turn();
+  const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(entry);
+  ASSERT_NE(accessible, nullptr);
+  for (const QAccessible::Text part : {QAccessible::Name, QAccessible::Description, QAccessible::Value}) {
+    EXPECT_FALSE(accessible->text(part).contains(QStringLiteral("12345"))) << accessible->text(part).toStdString();
+  }
+  EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Please, enter the password and click on the botton"));
+}
+
+TEST_F(FactoryDoorTest, EnterPressesTheButtonBesideTheField) {
+  TextEntry* entry = Entry(id::txtPassword);
+  ASSERT_NE(entry, nullptr);
+  entry->setFocus();
+  SendText(*entry, QStringLiteral("QK474"));
+  SendKey(*entry, Qt::Key_Return);
+  Turn();
+  EXPECT_TRUE(control_->form.frmfactory.Visible());
+  EXPECT_EQ(entry->displayText(), QStringLiteral("*****"));
+  entry->selectAll();
+  SendText(*entry, QStringLiteral("QK475"));
+  SendKey(*entry, Qt::Key_Return);
+  Turn();
+  EXPECT_TRUE(control_->form.frmFactoryPassword.Visible());
+  EXPECT_EQ(area_.Title(), QStringLiteral("Factory Menu"));
+  area_.Press(id::cmdBack);
+  Turn();
+  EXPECT_TRUE(control_->form.frmfactory.Visible());
+  EXPECT_EQ(entry->text(), QString());
+  entry->setFocus();
+  SendKey(*entry, Qt::Key_Escape);
+  EXPECT_EQ(control_->form.txtPassword.Text(), "");
+}
+
+TEST_F(FactoryDoorTest, ASentenceForACaptionStandsAboveItsField) {
+  const TextEntry* entry = Entry(id::txtPassword);
+  ASSERT_NE(entry, nullptr);
+  const QLabel* sentence = nullptr;
+  for (const QLabel* label : area_.View()->findChildren<QLabel*>()) {
+    if (label->text().startsWith(QStringLiteral("Please, enter the password"))) sentence = label;
+  }
+  ASSERT_NE(sentence, nullptr);
+  EXPECT_TRUE(sentence->isVisible());
+  const int left = sentence->mapTo(area_.View(), QPoint()).x();
+  EXPECT_LT(sentence->mapTo(area_.View(), QPoint(0, sentence->height() - 1)).y(),
+            entry->mapTo(area_.View(), QPoint()).y());
+  // The field stands below the beginning of the sentence, and no other tab makes room for all of it.
+  EXPECT_LT(entry->mapTo(area_.View(), QPoint()).x(), left + sentence->width() / 2);
+  control_->form.SSTabFactory.SetIndex(0);
+  Turn();
+  EXPECT_LT(Cell(id::cmbBackupRes(1)).Widget()->mapTo(area_.View(), QPoint()).x(), left + sentence->width() / 2);
 }
 
 }  // namespace

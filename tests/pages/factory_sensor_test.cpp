@@ -484,6 +484,22 @@ TEST(FactorySensorAtTheInstrument, SensorDataAreBackedUpAndBroughtBack) {
   EXPECT_NEAR(Trim(driver), 10.0, 1e-4);
 }
 
+TEST(FactorySensorAtTheInstrument, EveryCommandIsTakenAndToldByAllThreeLists) {
+  Instrument driver;
+  driver.Tab("SSTabFactorySensorInfo", 4);
+  const Json commands = driver.Get("cmbBackupRes(0)")["items"];
+  ASSERT_EQ(commands.size(), 8U);
+  for (const std::string command : commands) {
+    SCOPED_TRACE(command);
+    Command(driver, command.c_str());
+    driver.Activate("Factory");
+    driver.Advance(kSettled);
+    EXPECT_EQ(driver.Text("cmbBackupRes(1)"), command);
+    EXPECT_EQ(driver.Text("cmbDensBackupRestore"), command);
+    driver.Force("cmdSensorFactory");
+  }
+}
+
 TEST(FactorySensorAtTheInstrument, TheZeroFilterHoldsSmallPressuresAtZero) {
   Instrument driver;
   Set(driver, {{"process", {{"pressureHi", 10010}, {"pressureLo", 10000}}}});  // 0.027 % of the range
