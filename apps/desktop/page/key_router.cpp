@@ -77,6 +77,8 @@ bool KeyRouter::eventFilter(QObject* watched, QEvent* event) {
       Came(*widget, static_cast<QFocusEvent*>(event)->reason());
       return false;
     }
+    // The menu bar has the keys for a while and gives the focus back.
+    if (SpotOf(widget) == Spot() && !(keys_.At() == Spot())) return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
     const bool takes =
         type == QEvent::KeyPress ? Press(*widget, key) : keys_.Means(Translated(key)) != KeyAct::kToolkit;
