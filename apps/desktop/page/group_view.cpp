@@ -69,7 +69,7 @@ GroupView::GroupView(PageContext context, const PageLayout& page, const LayoutGr
 void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
   grid_->setContentsMargins(gap, box_ != nullptr ? gap : gap / 2, gap, box_ != nullptr ? gap : gap / 2);
-  grid_->setHorizontalSpacing(group_.columns > 1 ? gap / 2 : gap);
+  grid_->setHorizontalSpacing(IsTight() ? gap / 2 : gap);
   grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;
   for (const LayoutRow& row : group_.rows) {
@@ -106,7 +106,7 @@ void GroupView::PasteCells(const FieldCell& first, const QString& cells) {
 }
 
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
-  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1 || page_.tight, line.widget);
+  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, IsTight(), line.widget);
   cells_.push_back(cell);
   if (cell->Slot() != nullptr) line.box->addWidget(cell->Slot());
   // A button among fields stands below them.
@@ -138,7 +138,7 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     line.widget = new QWidget(grid.parentWidget());
     line.box = new QHBoxLayout(line.widget);
     line.box->setContentsMargins(0, 0, 0, 0);
-    line.box->setSpacing(fontMetrics().averageCharWidth() / (group_.columns > 1 ? 3 : 2) + 1);
+    line.box->setSpacing(fontMetrics().averageCharWidth() / (IsTight() ? 3 : 2) + 1);
     line.gridColumn = 2 * (number / linesInColumn);
     const bool wide = SpansPage(row.kind) || (buttonsOnly_ && IsButton(row.kind));
     const int gridRow = number % linesInColumn;

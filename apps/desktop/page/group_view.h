@@ -78,6 +78,8 @@ class GroupView final : public QWidget {
     int gridColumn = 0;
   };
 
+  /// Much stands beside each other, so numbers and gaps give way.
+  bool IsTight() const { return group_.columns > 1 || page_.tight; }
   void PasteCells(const FieldCell& first, const QString& cells);
   void Build();
   void AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColumn);
