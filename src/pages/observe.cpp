@@ -235,7 +235,8 @@ constexpr PageLayout kLayouts[] = {
      .reads = kBlockReads,
      .groups = kViewGroups,
      .figure = FigureKind::kOutputBar,
-     .figureBelow = true},
+     .figureBelow = true,
+     .tight = true},
 };
 
 // ---- answers

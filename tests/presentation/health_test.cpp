@@ -119,7 +119,7 @@ TEST_F(Health, ObserveTellsOfThePrimaryValue) {
   EXPECT_EQ(driver.Health(), "Failure: Primary Value, Sensor Diag");
   driver.Ok({{"do", "simulator"}, {"clear", fault.at("id")}});
   driver.Tab("SSTabDiagnosis", 2);
-  driver.Advance(100);
+  driver.Advance(6100);
   EXPECT_EQ(driver.Health(), "Failure: Sensor Diag") << "what was read last counts, however old";
   driver.Tab("SSTabDiagnosis", 0);
   driver.Advance(100);

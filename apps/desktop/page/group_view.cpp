@@ -80,7 +80,7 @@ void GroupView::MakeBox(QWidget& body) {
 void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
   grid_->setContentsMargins(gap, box_ != nullptr ? gap : gap / 2, gap, box_ != nullptr ? gap : gap / 2);
-  grid_->setHorizontalSpacing(group_.columns > 1 ? gap / 2 : gap);
+  grid_->setHorizontalSpacing(IsTight() ? gap / 2 : gap);
   grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;
   for (const LayoutRow& row : group_.rows) {
@@ -96,7 +96,7 @@ void GroupView::Build() {
 }
 
 FieldCell* GroupView::AddCell(const LayoutRow& row, bool second, Line& line) {
-  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, group_.columns > 1 || page_.tight, line.widget);
+  auto* cell = new FieldCell(context_, row, second, page_.numberWidth, IsTight(), line.widget);
   cells_.push_back(cell);
   if (cell->Slot() != nullptr) line.box->addWidget(cell->Slot());
   // A button among fields stands below them.
@@ -128,7 +128,7 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     line.column = new QVBoxLayout(line.widget);
     line.column->setContentsMargins(0, 0, 0, 0);
     line.column->addLayout(line.box);
-    line.box->setSpacing(fontMetrics().averageCharWidth() / (group_.columns > 1 ? 3 : 2) + 1);
+    line.box->setSpacing(fontMetrics().averageCharWidth() / (IsTight() ? 3 : 2) + 1);
     line.gridColumn = 2 * (number / linesInColumn);
     const bool wide = SpansPage(row.kind) || row.captionAbove || (buttonsOnly_ && IsButton(row.kind));
     const int gridRow = number % linesInColumn;

@@ -82,6 +82,8 @@ class GroupView final : public QWidget {
     int gridColumn = 0;
   };
 
+  /// Much stands beside each other, so numbers and gaps give way.
+  bool IsTight() const { return group_.columns > 1 || page_.tight; }
   void MakeBox(QWidget& body);
   void Build();
   void AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColumn);
