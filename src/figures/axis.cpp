@@ -49,8 +49,9 @@ std::optional<double> NumberOf(std::string_view text, char decimalSeparator) {
 }
 
 std::optional<double> NumberIn(const FigureSource& source, ControlId field) {
-  if (source.hinted && source.hinted(field)) return std::nullopt;
-  return NumberOf(source.form.TextOf(field), source.decimalSeparator);
+  const auto number = NumberOf(source.form.TextOf(field), source.decimalSeparator);
+  const bool hinted = source.hinted && source.hinted(field);
+  return hinted && number && Drawable(*number) ? std::nullopt : number;
 }
 
 std::optional<double> TakeNumber(const FigureSource& source, ControlId field, std::string_view name, Figure& figure) {

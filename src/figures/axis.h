@@ -26,7 +26,8 @@ FigureAxis EndAxis(std::string caption, AxisEnd one, AxisEnd other);
 /// The number of a field's text in the operator's locale; none where it is no number.
 std::optional<double> NumberOf(std::string_view text, char decimalSeparator);
 
-/// The same of a field of the form; none too where the field bears a hint.
+/// The same of a field of the form; none too where the field bears a hint, but for what is too large to be drawn: that
+/// has words of its own.
 std::optional<double> NumberIn(const FigureSource& source, ControlId field);
 
 /// The same as far as it can be drawn; where it cannot, a remark names it.
