@@ -140,9 +140,9 @@ constexpr LayoutRow kResultRows[] = {
 };
 constexpr LayoutGroup kPressureGroups[] = {
     {.caption = "Pressure Value", .rows = kPressureRows},
-    {.caption = "Lower", .rows = kLowerRows},
+    {.caption = "Lower", .rows = kLowerRows, .separate = true},
     {.caption = "Upper", .rows = kUpperRows, .beside = true},
-    {.rows = kResultRows},
+    {.rows = kResultRows, .separate = true},
 };
 
 constexpr LayoutRow kTemperatureRows[] = {
