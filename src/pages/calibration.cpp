@@ -2,9 +2,8 @@
 
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
-#include "codecs/mFunctions.h"
 #include "pages/calibration_units.h"
-#include "pages/taken_values.h"
+#include "pages/calibration_values.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
 
@@ -15,7 +14,7 @@ constexpr std::string_view kPage = "Calibration";
 constexpr std::string_view kPressurePage = "Calib Lower/Upper";
 constexpr std::string_view kUpperPage = "Calib Upper";  // nothing opens it, but Back and the re-read know it
 constexpr std::string_view kGraphicPage = "Calib Graphic";
-constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};
+constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};  // the second one is written elsewhere
 constexpr const char* kPressureTab = "Calib Upper/Lower";
 constexpr const char* kTemperatureTab = "Calib Temp";
 constexpr int kUnitRead = 15;
@@ -248,7 +247,7 @@ void OnCalibTempUnitAnswer(UserCntrl& c, const Answer& a) {
   const std::string_view unit = UnitCodeToText(a.Word("TRDUnitTemp"));
   c.form.cmbCalibTempUnit.SetIfAny(unit);
   c.form.cmbDensityTemp.SetIfAny(unit);
-  SetCaptionsIfAny(c, unit, {id::lbArray(125), id::lbArray(126), id::lbArray(128), id::lbArray(131)});
+  if (!unit.empty()) SetCaptions(c, unit, {id::lbArray(125), id::lbArray(126), id::lbArray(128), id::lbArray(131)});
 }
 
 void TakeTemperature(UserCntrl& c, const Answer& a) {
@@ -319,7 +318,7 @@ constexpr AnswerRow kAnswers[] = {
 constexpr WriteRow kWrites[] = {
     {kPage, kPressureTab, 12, WritePressureUnit},
     {kPage, kTemperatureTab, 13, WriteTemperatureUnit},
-    {kTemperaturePages, kAnySubPage, 16, WriteTemperaturePoint},
+    {kTemperaturePages[0], kAnySubPage, 16, WriteTemperaturePoint},
 };
 constexpr RereadRow kRereads[] = {
     {kPage, kPressureTab, kUnitRead},

@@ -4,9 +4,8 @@
 
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
-#include "codecs/mFunctions.h"
 #include "pages/calibration_units.h"
-#include "pages/taken_values.h"
+#include "pages/calibration_values.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
 

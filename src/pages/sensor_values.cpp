@@ -1,9 +1,11 @@
 #include "pages/pages.h"
 
+#include <initializer_list>
+
 #include "codecs/mAllUnits.h"
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
-#include "pages/taken_values.h"
+#include "codecs/mStatusProfibus.h"
 #include "shell/user_cntrl.h"
 
 // The live values of the two sensors, of which the transducer pages and the diagnosis page each show a part.
@@ -13,6 +15,21 @@ namespace {
 constexpr int kSensorRead = 45;
 constexpr int kChainRead = 53;
 constexpr double kReadingLimit = 9000.0;  // sensor electronics that do not answer read more
+
+void SetCaptions(UserCntrl& c, std::string_view text, std::initializer_list<LabelId> labels) {
+  for (const LabelId label : labels) c.form.At(label).SetText(text);
+}
+
+void SetCaptionsIfAny(UserCntrl& c, std::string_view text, std::initializer_list<LabelId> labels) {
+  if (!text.empty()) SetCaptions(c, text, labels);
+}
+
+/// Sets `field` to the value of a value with status, and gives the status as text.
+std::string_view TakeValue(UserCntrl& c, std::string_view hex, TextField& field) {
+  std::int32_t status = 0;
+  c.codecs.HexToFloatStatus(hex, field, status);
+  return StatusByteToText(status);
+}
 
 bool AboveLimit(UserCntrl& c, const TextField& high, const TextField& low) {
   const double highReading = c.codecs.ParseLocaleNumber(high.Text());
