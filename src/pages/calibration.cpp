@@ -14,7 +14,7 @@ constexpr std::string_view kPage = "Calibration";
 constexpr std::string_view kPressurePage = "Calib Lower/Upper";
 constexpr std::string_view kUpperPage = "Calib Upper";  // nothing opens it, but Back and the re-read know it
 constexpr std::string_view kGraphicPage = "Calib Graphic";
-constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};  // the second one is written elsewhere
+constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};  // the density calibration writes the second
 constexpr const char* kPressureTab = "Calib Upper/Lower";
 constexpr const char* kTemperatureTab = "Calib Temp";
 constexpr int kUnitRead = 15;
