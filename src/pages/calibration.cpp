@@ -15,7 +15,7 @@ constexpr std::string_view kPage = "Calibration";
 constexpr std::string_view kPressurePage = "Calib Lower/Upper";
 constexpr std::string_view kUpperPage = "Calib Upper";  // nothing opens it, but Back and the re-read know it
 constexpr std::string_view kGraphicPage = "Calib Graphic";
-constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};
+constexpr NameSet kTemperaturePages{"Calib Temp", "Density Calib Temp"};  // the density calibration writes the second
 constexpr const char* kPressureTab = "Calib Upper/Lower";
 constexpr const char* kTemperatureTab = "Calib Temp";
 constexpr int kUnitRead = 15;
@@ -140,9 +140,9 @@ constexpr LayoutRow kResultRows[] = {
 };
 constexpr LayoutGroup kPressureGroups[] = {
     {.caption = "Pressure Value", .rows = kPressureRows},
-    {.caption = "Lower", .rows = kLowerRows},
+    {.caption = "Lower", .rows = kLowerRows, .separate = true},
     {.caption = "Upper", .rows = kUpperRows, .beside = true},
-    {.rows = kResultRows},
+    {.rows = kResultRows, .separate = true},
 };
 
 constexpr LayoutRow kTemperatureRows[] = {
@@ -319,7 +319,7 @@ constexpr AnswerRow kAnswers[] = {
 constexpr WriteRow kWrites[] = {
     {kPage, kPressureTab, 12, WritePressureUnit},
     {kPage, kTemperatureTab, 13, WriteTemperatureUnit},
-    {kTemperaturePages, kAnySubPage, 16, WriteTemperaturePoint},
+    {kTemperaturePages[0], kAnySubPage, 16, WriteTemperaturePoint},
 };
 constexpr RereadRow kRereads[] = {
     {kPage, kPressureTab, kUnitRead},

@@ -238,6 +238,8 @@ Operands WriteUpper(UserCntrl& c) { return PointOperands(c, kUpper); }
 
 Operands WriteTemperatureUnit(UserCntrl& c) { return {UnitTextToCode(c.form.cmbDensityTemp.Text())}; }
 
+Operands WriteTemperature(UserCntrl& c) { return {c.codecs.FloatToHex(c.form.txtParameter(113).Text())}; }
+
 // ---- buttons and tabs
 
 bool IsDensity(UserCntrl& c) { return c.form.cmbPVType.Text() == "Density"; }
@@ -324,6 +326,7 @@ constexpr WriteRow kWrites[] = {
     {kPage, "Lower", 52, WriteLower},
     {kPage, "Upper", 53, WriteUpper},
     {kPage, "Calib Temp", 13, WriteTemperatureUnit},
+    {kTemperaturePage, kAnySubPage, 16, WriteTemperature},
 };
 constexpr RereadRow kRereads[] = {
     {kPages, "Measured Type", kTypeRead},

@@ -174,7 +174,6 @@ TEST(Calibration, UnitsAndTheTemperaturePointAreWrittenByPage) {
       {"Calibration", "Calib Temp", {"write 13: 03E8", "read 18"}},
       {"Calibration", "Sensor", {}},
       {"Calib Temp", "x", {"write 16: 41CC0000", "read 19"}},
-      {"Density Calib Temp", "x", {"write 16: 41CC0000", "read 19"}},
       {"Calib Lower/Upper", "Calib Upper/Lower", {}},
       {"Calib Graphic", "Calib Upper/Lower", {}},
   };
