@@ -1,7 +1,7 @@
 #include <utility>
 #include <vector>
 
-#include "presentation/screen_driver.h"
+#include "screen_driver.h"
 
 namespace htr60::automation {
 namespace {

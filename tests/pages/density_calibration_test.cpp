@@ -3,7 +3,7 @@
 #include <tuple>
 #include <utility>
 
-#include "presentation/screen_driver.h"
+#include "screen_driver.h"
 
 namespace htr60::automation {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "presentation/screen_driver.h"
+#include "screen_driver.h"
 
 namespace htr60::automation {
 

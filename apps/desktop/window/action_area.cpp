@@ -12,7 +12,7 @@ ActionArea::ActionArea(QWidget* parent)
       back_(new QPushButton(tr("&Back"), this)),
       footer_(new QToolButton(this)),
       message_(new QLabel(this)),
-      revert_(new QPushButton(ToQt(presentation::kRevert), this)),
+      revert_(new QPushButton(ToQt(presentation::kRevertName), this)),
       save_(new QPushButton(tr("&Save"), this)),
       write_(new QPushButton(tr("&Write"), this)) {
   back_->setObjectName(QStringLiteral("cmdBack"));
