@@ -73,6 +73,8 @@ std::string WordOf(Spot spot) {
       return "revert";
     case Spot::Part::kReopen:
       return "reopen";
+    case Spot::Part::kBar:
+      return "bar(" + std::to_string(spot.answer) + ")";
     case Spot::Part::kElsewhere:
       break;
   }
@@ -118,6 +120,7 @@ Action PressKey(VirtualHost& host, Fields& fields) {
     host.Presented().Turn();
     Json answer = KeyboardOf(host);
     answer["taken"] = outcome.taken;
+    if (outcome.closes) answer["closes"] = true;
     if (outcome.copy) answer["copied"] = *outcome.copy;
     if (outcome.help) {
       const presentation::HelpText help = keys.Help();

@@ -160,7 +160,8 @@ constexpr PageLayout kLayouts[] = {
      .purpose = "The curve that the instrument holds.",
      .reads = kCurveReads,
      .groups = kResultGroups,
-     .figure = FigureKind::kCharacterization},
+     .figure = FigureKind::kCharacterization,
+     .numberWidth = 22},  // the points are shown with all their digits
 };
 
 // ---- answers

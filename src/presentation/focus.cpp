@@ -44,6 +44,10 @@ bool IsTypedIn(Place place) { return place == Place::kField || place == Place::k
 
 bool TakesFocus(const Control& widget) { return widget.Visible() && widget.Enabled(); }
 
+bool StandsAmong(const std::vector<Stop>& stops, const Spot& spot) {
+  return std::any_of(stops.begin(), stops.end(), [&](const Stop& stop) { return stop.spot == spot; });
+}
+
 void AddPageStops(std::vector<Stop>& stops, Form& form, const PageLayout& page) {
   const TabsInFront tabs = TabsOf(form, page);
   for (const TabsId strip : {page.strip, tabs.inner}) {
@@ -67,6 +71,9 @@ void AddPageStops(std::vector<Stop>& stops, Form& form, const PageLayout& page) 
 std::vector<Stop> StopsOf(const Sight& sight) {
   Form& form = sight.control.form;
   std::vector<Stop> stops{{Spot::Part::kTree, Region::kTree, Place::kTree}};
+  for (std::size_t i = 0; i < sight.answers; ++i) {
+    stops.push_back({Spot::BarButton(i), Region::kPage, Place::kButton});
+  }
   if (sight.page != nullptr) AddPageStops(stops, form, *sight.page);
   if (sight.reopens) stops.push_back({Spot::Part::kReopen, Region::kPage, Place::kButton});
   const std::pair<ButtonId, Place> own[] = {
@@ -145,6 +152,11 @@ void Focus::Returned() {
   pending_ = Pending::kOpener;
 }
 
+void Focus::BarAsks() {
+  if (at_.part != Spot::Part::kBar) beforeBar_ = at_;
+  pending_ = Pending::kBar;
+}
+
 void Focus::Turn(const std::vector<Stop>& stops, const PageLayout* page) {
   const Stop* stop = Among(stops);
   Settle(stops, page, stop == nullptr && !(at_ == Spot()));
@@ -175,17 +187,18 @@ void Focus::Settle(const std::vector<Stop>& stops, const PageLayout* page, bool 
       return GoTo(first->spot);
     }
     case Pending::kOpener:
-      if (std::any_of(stops.begin(), stops.end(), [this](const Stop& stop) { return stop.spot == Spot(opener_); })) {
-        return GoTo(opener_);
-      }
-      return ToPageStart(stops);
+      return StandsAmong(stops, opener_) ? GoTo(opener_) : ToPageStart(stops);
     case Pending::kTree:
       if (lost) GoTo(Spot::Part::kTree);
+      return;
+    case Pending::kBar:
+      if (StandsAmong(stops, Spot::BarButton(0))) GoTo(Spot::BarButton(0));
       return;
     case Pending::kNone:
       break;
   }
   if (!lost) return;
+  if (at_.part == Spot::Part::kBar && StandsAmong(stops, beforeBar_)) return GoTo(beforeBar_);
   if (page == nullptr) return ToPageStart(stops);
   ToInnermostStrip(stops);
 }
@@ -196,8 +209,7 @@ void Focus::ToPageStart(const std::vector<Stop>& stops) {
     if (stop.region == Region::kPage && stop.place != Place::kWriteButton) return GoTo(stop.spot);
   }
   const Spot back = ControlId(id::cmdBack);
-  const bool leads = std::any_of(stops.begin(), stops.end(), [&](const Stop& stop) { return stop.spot == back; });
-  GoTo(leads ? back : Spot(Spot::Part::kTree));
+  GoTo(StandsAmong(stops, back) ? back : Spot(Spot::Part::kTree));
 }
 
 void Focus::ToInnermostStrip(const std::vector<Stop>& stops) {
@@ -217,9 +229,7 @@ bool Focus::IsStop(const std::vector<Stop>& stops, const Stop& stop) const {
   for (const auto& [group, label] : labels_) {
     if (group != stop.group) continue;
     const Spot last = label;
-    if (std::any_of(stops.begin(), stops.end(), [&](const Stop& other) { return other.spot == last; })) {
-      return stop.spot == last;
-    }
+    if (StandsAmong(stops, last)) return stop.spot == last;
   }
   return std::find_if(stops.begin(), stops.end(), stands)->spot == stop.spot;
 }

@@ -22,16 +22,23 @@ struct Spot {
     kFooter,  ///< the line of the action area
     kRevert,
     kReopen,  ///< the view's own "Open ..."
+    kBar,     ///< an answer of the bar
   };
   Part part = Part::kElsewhere;
   ControlId control{};
+  std::uint8_t answer = 0;  ///< which of the bar's buttons
 
   constexpr Spot() = default;
   // NOLINTBEGIN(google-explicit-constructor): a control is a spot.
   constexpr Spot(Part which) : part(which) {}
   constexpr Spot(ControlId which) : part(which ? Part::kControl : Part::kElsewhere), control(which) {}
   // NOLINTEND(google-explicit-constructor)
-  friend constexpr bool operator==(const Spot& a, const Spot& b) { return a.part == b.part && a.control == b.control; }
+  static constexpr Spot BarButton(std::size_t number) {
+    Spot spot(Part::kBar);
+    spot.answer = static_cast<std::uint8_t>(number);
+    return spot;
+  }
+  friend constexpr bool operator==(const Spot&, const Spot&) = default;
 };
 
 enum class Region : std::uint8_t { kTree, kPage, kActions };
@@ -50,12 +57,13 @@ struct Stop {
 struct Sight {
   UserCntrl& control;
   const PageLayout* page = nullptr;
+  std::size_t answers = 0;  ///< buttons of the bar
   bool reopens = false;     ///< the view's own "Open ..." stands there
   bool counted = false;     ///< the line of the action area says something
   bool revertable = false;  ///< there is something to put back
 };
 
-/// All stops in the order of Tab: tree, strips, rows in reading order, Write, Save, Back, the action area's line,
+/// All stops in the order of Tab: tree, bar, strips, rows in reading order, Write, Save, Back, the action area's line,
 /// Revert. What is hidden or disabled is none. Every label stands there, though Tab stops once in a group of them.
 std::vector<Stop> StopsOf(const Sight& sight);
 
@@ -89,6 +97,8 @@ class Focus {
   void PageOpened(ControlId opener);
   void PageReopened();
   void Returned();
+  /// A bar has come up: the focus goes to its first answer, and back when it goes.
+  void BarAsks();
 
   /// Once a turn: carries out what the acts have left, leaves what is no longer there, selects anew what was set.
   void Turn(const std::vector<Stop>& stops, const PageLayout* page);
@@ -103,7 +113,7 @@ class Focus {
   void EnterGroup(const std::vector<Stop>& stops, const LayoutGroup* group);
 
  private:
-  enum class Pending : std::uint8_t { kNone, kTree, kFirstField, kOpener };
+  enum class Pending : std::uint8_t { kNone, kTree, kFirstField, kOpener, kBar };
 
   void Arrive(Spot spot);
   void NoteSet();
@@ -122,6 +132,7 @@ class Focus {
   Pending pending_ = Pending::kNone;
   std::vector<ControlId> openers_;  // the buttons that led here, for Back
   ControlId opener_;
+  Spot beforeBar_;
   std::vector<std::pair<const LayoutGroup*, ControlId>> labels_;  // where the focus was in a group of labels
 };
 

@@ -37,6 +37,9 @@ KeyOutcome Keyboard::Press(const KeyPress& press) {
     case KeyAct::kCopy:
       outcome.copy = std::string(control_.form.TextOf(At().control));
       break;
+    case KeyAct::kPress:
+      outcome.closes = PressAt(stops);
+      break;
     case KeyAct::kMnemonic:
       outcome.taken = PressMnemonic(press.text, stops);
       break;
@@ -111,9 +114,6 @@ bool Keyboard::UseList(KeyAct act, const KeyPress& press) {
 
 bool Keyboard::ActOnPage(KeyAct act, const std::vector<Stop>& stops) {
   switch (act) {
-    case KeyAct::kPress:
-      PressAt(stops);
-      return true;
     case KeyAct::kBack:
       PressIfEnabled(id::cmdBack);
       return true;
@@ -147,25 +147,30 @@ void Keyboard::PressIfEnabled(ButtonId button) {
   if (pressed.Enabled() && pressed.Visible()) presented_.Press(button);
 }
 
-void Keyboard::PressAt(const std::vector<Stop>& stops) {
+// True where the window closes now.
+bool Keyboard::PressAt(const std::vector<Stop>& stops) {
   const Stop* stop = focus_.Among(stops);
-  if (stop == nullptr) return;
+  if (stop == nullptr) return false;
   switch (stop->spot.part) {
     case Spot::Part::kControl:
-      return PressIfEnabled(stop->place == Place::kPressField ? stop->row->enterPresses : ButtonId{stop->spot.control});
+      PressIfEnabled(stop->place == Place::kPressField ? stop->row->enterPresses : ButtonId{stop->spot.control});
+      break;
     case Spot::Part::kFooter:
       presented_.StepCounted();
-      return;
+      break;
     case Spot::Part::kRevert:
       presented_.Revert();
-      return;
+      break;
     case Spot::Part::kReopen:
       presented_.Reopen();
-      return;
+      break;
+    case Spot::Part::kBar:
+      return presented_.AnswerBar(stop->spot.answer);
     case Spot::Part::kTree:
     case Spot::Part::kElsewhere:
-      return;
+      break;
   }
+  return false;
 }
 
 // The letters that the operator sees: those of the screen as shown last.

@@ -19,6 +19,7 @@ class Presentation;
 struct KeyOutcome {
   bool taken = false;               ///< else the key is the toolkit's own
   bool help = false;                ///< shows `Keyboard::Help`
+  bool closes = false;              ///< the window closes now
   bool activatesNode = false;       ///< of the node at the tree's cursor, which is the toolkit's
   std::optional<std::string> copy;  ///< goes to the clipboard, unless a part of the field's text is selected
 };
@@ -67,6 +68,7 @@ class Keyboard {
   void PageOpened(ControlId opener) { focus_.PageOpened(opener); }
   void PageReopened() { focus_.PageReopened(); }
   void Returned() { focus_.Returned(); }
+  void BarAsks() { focus_.BarAsks(); }
   void Edited(ControlId control) { focus_.Edited(control); }
   /// Once a turn, after the page in front was noted.
   void Turn();
@@ -77,7 +79,7 @@ class Keyboard {
   bool MoveFocus(KeyAct act, const std::vector<Stop>& stops);
   bool UseList(KeyAct act, const KeyPress& press);
   bool ActOnPage(KeyAct act, const std::vector<Stop>& stops);
-  void PressAt(const std::vector<Stop>& stops);
+  bool PressAt(const std::vector<Stop>& stops);
   void PressIfEnabled(ButtonId button);
   bool PressMnemonic(const std::string& letter, const std::vector<Stop>& stops);
   void PutBack(const std::vector<Stop>& stops);

@@ -19,6 +19,7 @@ bool Presentation::PasteColumns(TextId field, std::string_view text) {
   if (page_ == nullptr || !paste_.Begin(*page_, field, text)) return false;
   if (const auto question = paste_.Question()) {
     announcer_.Say(question->text);
+    keyboard_.BarAsks();
     Changed();
   } else {
     FillPasted();
@@ -51,6 +52,7 @@ bool Presentation::WantsToClose() {
   if (asksToClose_ || states_.Unwritten().empty()) return true;
   asksToClose_ = true;
   announcer_.Say(Bar()->text);
+  keyboard_.BarAsks();
   Changed();
   return false;
 }

@@ -220,8 +220,10 @@ void Presentation::Pick(ChoiceId list, std::size_t row) {
 }
 
 Sight Presentation::InSight() {
+  const auto bar = Bar();
   return {.control = control_,
           .page = page_,
+          .answers = bar ? bar->buttons.size() : 0,
           .reopens = CanReopen(),
           .counted = page_ != nullptr && !states_.Counted(*page_).empty(),
           .revertable = page_ != nullptr && states_.Revertable(*page_) > 0};

@@ -12,8 +12,9 @@
 namespace htr60::desktop {
 namespace {
 
-constexpr double kLeastWidth = 320;  // 1/96 inch
-constexpr double kLeastHeight = 170;
+constexpr double kLeastWidth = 300;  // 1/96 inch
+constexpr double kLeastHeight = 160;
+constexpr double kLeastFlat = 110;
 constexpr double kBarShare = 0.6;  // a bar leaves the rest to the axes
 
 double Share(const FigureAxis& axis, double value) {
@@ -39,7 +40,7 @@ QPen PenOf(LineStyle style, const QPalette& palette, double hairline) {
 
 }  // namespace
 
-FigureWidget::FigureWidget(QWidget* parent) : QWidget(parent) {
+FigureWidget::FigureWidget(bool flat, QWidget* parent) : QWidget(parent), flat_(flat) {
   setObjectName(QStringLiteral("figure"));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
@@ -52,9 +53,11 @@ void FigureWidget::Show(Figure figure) {
   update();
 }
 
-QSize FigureWidget::minimumSizeHint() const { return {Pixels(*this, kLeastWidth), Pixels(*this, kLeastHeight)}; }
+QSize FigureWidget::minimumSizeHint() const {
+  return {Pixels(*this, kLeastWidth), Pixels(*this, flat_ ? kLeastFlat : kLeastHeight)};
+}
 
-QSize FigureWidget::sizeHint() const { return {Pixels(*this, kLeastWidth), Pixels(*this, kLeastHeight)}; }
+QSize FigureWidget::sizeHint() const { return minimumSizeHint(); }
 
 void FigureWidget::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);

@@ -15,7 +15,8 @@ class FigureWidget final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit FigureWidget(QWidget* parent);
+  /// `flat`: one axis alone, which needs less height.
+  FigureWidget(bool flat, QWidget* parent);
   void Show(Figure figure);
   const Figure& Shown() const { return figure_; }
   /// Where a point of the figure stands in the widget.
@@ -49,6 +50,7 @@ class FigureWidget final : public QWidget {
   std::vector<Line> Above() const;
   int MarkerSide() const { return fontMetrics().averageCharWidth(); }
 
+  const bool flat_;
   Figure figure_;
   QRectF plot_;   // where the axes' units lie
   QRectF bar_;    // beside the plot, or alone

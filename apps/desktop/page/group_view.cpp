@@ -79,7 +79,9 @@ void GroupView::MakeBox(QWidget& body) {
 
 void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
-  grid_->setContentsMargins(gap, box_ != nullptr ? gap : gap / 2, gap, box_ != nullptr ? gap : gap / 2);
+  const int above = box_ != nullptr ? gap : gap / 2;
+  const int aside = page_.tight ? gap / 2 : gap;
+  grid_->setContentsMargins(aside, above, aside, above);
   grid_->setHorizontalSpacing(IsTight() ? gap / 2 : gap);
   grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;

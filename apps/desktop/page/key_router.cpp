@@ -99,6 +99,7 @@ bool KeyRouter::Press(const QWidget& widget, const QKeyEvent& event) {
   Q_EMIT Acted();
   Follow();
   if (outcome.help) Q_EMIT HelpWanted();
+  if (outcome.closes) Q_EMIT CloseWanted();
   return true;
 }
 

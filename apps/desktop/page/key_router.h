@@ -28,6 +28,7 @@ class KeyRouter final : public QObject {
   void HelpWanted();
   /// The node at the tree's cursor is to be activated.
   void NodeWanted();
+  void CloseWanted();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,9 +1,9 @@
 #include "desktop/page/page_bar.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 
 #include "desktop/edge.h"
+#include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 
 namespace htr60::desktop {
@@ -27,23 +27,22 @@ PageBar::PageBar(QWidget* parent) : QFrame(parent), text_(new QLabel(this)) {
 void PageBar::Apply(const std::optional<presentation::ScreenBar>& bar) {
   if (!bar) {
     if (isHidden()) return;
-    const bool focused = isAncestorOf(QApplication::focusWidget());
     hide();
     captions_.clear();
-    if (focused && before_ != nullptr && before_->isVisible()) before_->setFocus(Qt::OtherFocusReason);
     return;
   }
   text_->setText(ToQt(bar->text));
   setAccessibleName(text_->text());
   if (bar->buttons == captions_) return;
-  if (isHidden()) before_ = QApplication::focusWidget();
   MakeButtons(bar->buttons);
   show();
-  buttons_.front()->setFocus(Qt::OtherFocusReason);
 }
 
 void PageBar::MakeButtons(const std::vector<std::string>& captions) {
-  for (QPushButton* button : buttons_) button->deleteLater();
+  for (QPushButton* button : buttons_) {
+    button->hide();
+    button->deleteLater();
+  }
   buttons_.clear();
   captions_ = captions;
   for (const std::string& caption : captions) {
@@ -52,6 +51,7 @@ void PageBar::MakeButtons(const std::vector<std::string>& captions) {
     button->setAccessibleDescription(text_->text());
     layout()->addWidget(button);
     const int number = static_cast<int>(buttons_.size());
+    BearSpot(*button, presentation::Spot::BarButton(buttons_.size()));
     Connect(button, &QPushButton::clicked, this, [this, number] { Q_EMIT Answered(number); });
     buttons_.push_back(button);
     button->show();

@@ -2,7 +2,6 @@
 
 #include <QFrame>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <optional>
 #include <vector>
@@ -11,8 +10,7 @@
 
 namespace htr60::desktop {
 
-/// A question across the page area, with a button for each answer. The focus goes to the first when it comes up, and
-/// back when it goes.
+/// A question across the page area, with a button for each answer.
 class PageBar final : public QFrame {
   Q_OBJECT
 
@@ -31,7 +29,6 @@ class PageBar final : public QFrame {
   QLabel* text_;
   std::vector<QPushButton*> buttons_;
   std::vector<std::string> captions_;
-  QPointer<QWidget> before_;  // had the focus
 };
 
 }  // namespace htr60::desktop

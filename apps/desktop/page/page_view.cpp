@@ -86,7 +86,7 @@ PageView::PageView(PageContext context, const PageLayout& page, QWidget* parent)
 
 void PageView::AddFigure() {
   if (page_.figure == FigureKind::kNone) return;
-  figure_ = new FigureWidget(content_);
+  figure_ = new FigureWidget(page_.figureBelow, content_);
   flow_->Add(figure_,
              {.beside = !groups_.empty() && !page_.figureBelow, .roomy = !page_.figureBelow, .stretches = true});
   order_.push_back(static_cast<int>(groups_.size()));

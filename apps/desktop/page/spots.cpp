@@ -11,7 +11,9 @@ using presentation::Spot;
 
 constexpr const char* kProperty = "spot";
 
-unsigned NumberOf(Spot spot) { return static_cast<unsigned>(spot.part) << 16U | spot.control.ordinal; }
+unsigned NumberOf(Spot spot) {
+  return static_cast<unsigned>(spot.part) << 24U | unsigned{spot.answer} << 16U | spot.control.ordinal;
+}
 
 std::optional<unsigned> NumberAt(const QWidget& widget) {
   const QVariant number = widget.property(kProperty);
@@ -26,7 +28,8 @@ Spot SpotOf(const QWidget* widget) {
   for (; widget != nullptr; widget = widget->parentWidget()) {
     const auto number = NumberAt(*widget);
     if (!number) continue;
-    Spot spot(static_cast<Spot::Part>(*number >> 16U));
+    Spot spot(static_cast<Spot::Part>(*number >> 24U));
+    spot.answer = static_cast<std::uint8_t>(*number >> 16U & 0xFFU);
     spot.control.ordinal = static_cast<std::uint16_t>(*number & 0xFFFFU);
     return spot;
   }

@@ -29,10 +29,10 @@ struct Word {
   const char* word;
 };
 constexpr Word kWords[] = {
-    {TourDo::kNode, "node"},         {TourDo::kButton, "button"},   {TourDo::kTab, "tab"},
-    {TourDo::kType, "type"},         {TourDo::kChoose, "choose"},   {TourDo::kWrite, "write"},
-    {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},       {TourDo::kExpect, "expect"},
-    {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
+    {TourDo::kNode, "node"},     {TourDo::kButton, "button"},     {TourDo::kTab, "tab"},
+    {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
+    {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
+    {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
 };
 
 void ClickAt(QWidget& widget, const QPoint& at) {
@@ -62,7 +62,7 @@ QString Describe(const TourStep& step) {
   }
   if (step.control) line += QLatin1Char(' ') + ToQt(NameOf(step.control));
   if (step.what == TourDo::kTab) line += QLatin1Char(' ') + QString::number(step.number);
-  if (!step.text.empty()) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
+  if (!step.text.empty() && step.what != TourDo::kCode) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
   return line;
 }
 
@@ -129,6 +129,7 @@ Tour::Outcome Tour::Try(const TourStep& step) {
     case TourDo::kTab:
       return PressTab(step);
     case TourDo::kType:
+    case TourDo::kCode:
       return Type(step);
     case TourDo::kChoose:
       return Choose(step);

@@ -5,7 +5,10 @@
 
 #include "desktop/tour/tour_blocks.h"
 #include "desktop/tour/tour_calibration.h"
+#include "desktop/tour/tour_density_calibration.h"
+#include "desktop/tour/tour_factory.h"
 #include "desktop/tour/tour_transducer.h"
+#include "desktop/tour/tour_views.h"
 
 namespace htr60::desktop {
 namespace {
@@ -80,8 +83,8 @@ constexpr auto Join(const TourStep (&... parts)[kCounts]) {
   return steps;
 }
 
-constexpr auto kSteps = Join(kIdentificationSteps, kPressureSteps, kAnalogInputSteps, kCalibrationSteps, kFlowSteps,
-                             kLevelSteps, kDensitySteps);
+constexpr auto kSteps = Join(kIdentificationSteps, kViewSteps, kPressureSteps, kAnalogInputSteps, kCalibrationSteps,
+                             kFactorySteps, kFlowSteps, kLevelSteps, kDensitySteps, kDensityCalibrationSteps);
 
 }  // namespace
 

@@ -13,6 +13,7 @@ enum class TourDo : std::uint8_t {
   kButton,    ///< presses the button `control`: of the page, Back or Save
   kTab,       ///< presses tab `number` of the strip `control`
   kType,      ///< replaces the text of the field `control` by `text`; a number has a point in every locale
+  kCode,      ///< as kType, and the text is printed nowhere
   kChoose,    ///< picks the row `text` of the list `control`
   kWrite,     ///< presses Write
   kBox,       ///< waits for a message box and presses "OK", "Yes" or "No" in it

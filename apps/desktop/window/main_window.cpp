@@ -113,6 +113,7 @@ void MainWindow::MakeLayout() {
           [this](const QString& text, int position) { presented_.Activate(ToUtf8(text), position); });
   Connect(page_, &PageArea::ReopenPressed, this, [this] { presented_.Reopen(); });
   Connect(page_, &PageArea::CloseWanted, this, [this] { close(); });
+  Connect(&keys_, &KeyRouter::CloseWanted, this, [this] { close(); });
   Connect(strip_, &IdentificationStrip::HealthPressed, this, [this] { presented_.OpenHealth(); });
   Connect(actions_, &ActionArea::BackPressed, this, [this] { presented_.Press(id::cmdBack); });
   Connect(actions_, &ActionArea::RevertPressed, this, [this] {

@@ -13,6 +13,7 @@
 namespace htr60::desktop {
 namespace {
 
+constexpr int kFirstWidth = 200;  // units of 1/96 inch
 constexpr int kPosition = Qt::UserRole;
 constexpr int kOpen = Qt::UserRole + 1;
 constexpr int kUnwritten = Qt::UserRole + 2;
@@ -127,8 +128,11 @@ void TreePanel::drawRow(QPainter* painter, const QStyleOptionViewItem& option, c
 
 int TreePanel::TextWidth() const {
   const int pencil = fontMetrics().ascent() + 2 * fontMetrics().averageCharWidth();
-  return sizeHintForColumn(0) + pencil + 2 * frameWidth() + verticalScrollBar()->sizeHint().width();
+  const int bar = verticalScrollBar()->isVisible() ? verticalScrollBar()->sizeHint().width() : 0;
+  return sizeHintForColumn(0) + pencil + 2 * frameWidth() + bar;
 }
+
+QSize TreePanel::sizeHint() const { return {Pixels(*this, kFirstWidth), QTreeWidget::sizeHint().height()}; }
 
 bool TreePanel::Press(const QString& text) {
   QTreeWidgetItem* item = ItemOf(text);

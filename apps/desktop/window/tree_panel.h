@@ -20,6 +20,8 @@ class TreePanel final : public QTreeWidget {
   void SetMarks(const presentation::TreeMarks& marks);
   /// Width at which no text is cut, in pixels.
   int TextWidth() const;
+  /// As narrow as it is meant to be, so that the page has the room.
+  QSize sizeHint() const override;
   /// Activates the node at the cursor.
   void ActivateCurrent();
   /// Presses the first node of that text, as a click does; false where the tree has none.
