@@ -4,6 +4,10 @@
 #include <expat.h>
 
 #include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 #include <string>
@@ -33,17 +37,21 @@ std::string Parameter(const std::string& tag, const std::string& value) {
   return "<Parameter tag=\"" + tag + "\" value=\"" + value + "\"/>";
 }
 
+std::string Digits(float value) {
+  std::array<char, 9> digits;
+  std::snprintf(digits.data(), digits.size(), "%08X", std::bit_cast<std::uint32_t>(value));
+  return digits.data();
+}
+
 }  // namespace
 
+// A table in use: rising, of all its points, with the square root of X as Y.
 std::string TableAnswer() {
   std::string answer = "<Answer>" + Parameter("TRDLinType", "01") + Parameter("TRDNumpoints", "15");
-  for (int k = 1; k <= 21; ++k) {
-    const std::string number = std::to_string(k);
-    // 42C7CCCC is 99.9; the last digits differ so that no two points are alike.
-    std::string digits = "42C7CCCC41CC00";
-    digits += static_cast<char>('0' + k / 10);
-    digits += static_cast<char>('0' + k % 10);
-    answer += Parameter("TRDX" + number + "Y" + number, digits);
+  for (int k = 0; k <= 20; ++k) {
+    const std::string number = std::to_string(k + 1);
+    const float x = 5.0F * static_cast<float>(k);
+    answer += Parameter("TRDX" + number + "Y" + number, Digits(x) + Digits(10 * std::sqrt(x)));
   }
   return answer + Parameter("TRDTableStatus", "01") + "</Answer>";
 }

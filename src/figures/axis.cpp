@@ -4,7 +4,6 @@
 #include <cmath>
 #include <utility>
 
-#include "text/failure.h"
 #include "text/numbers.h"
 
 namespace htr60::figures {
@@ -38,20 +37,10 @@ double RoundStep(double span) {
 
 bool Drawable(double number) { return std::abs(number) <= kMostDrawable; }
 
-std::optional<double> NumberOf(std::string_view text, char decimalSeparator) {
-  try {
-    const double number = ParseLocaleNumber(text, decimalSeparator);
-    if (std::isfinite(number)) return number;
-  } catch (const RuntimeFailure&) {
-    return std::nullopt;
-  }
-  return std::nullopt;
-}
-
 std::optional<double> NumberIn(const FigureSource& source, ControlId field) {
-  const auto number = NumberOf(source.form.TextOf(field), source.decimalSeparator);
-  const bool hinted = source.hinted && source.hinted(field);
-  return hinted && number && Drawable(*number) ? std::nullopt : number;
+  const auto number = FindLocaleNumber(source.form.TextOf(field), source.decimalSeparator);
+  const bool hinted = number && Drawable(*number) && source.hinted && source.hinted(field, *number);
+  return hinted ? std::nullopt : number;
 }
 
 std::optional<double> TakeNumber(const FigureSource& source, ControlId field, std::string_view name, Figure& figure) {

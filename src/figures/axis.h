@@ -23,9 +23,6 @@ struct AxisEnd {
 };
 FigureAxis EndAxis(std::string caption, AxisEnd one, AxisEnd other);
 
-/// The number of a field's text in the operator's locale; none where it is no number.
-std::optional<double> NumberOf(std::string_view text, char decimalSeparator);
-
 /// The same of a field of the form; none too where the field bears a hint, but for what is too large to be drawn: that
 /// has words of its own.
 std::optional<double> NumberIn(const FigureSource& source, ControlId field);

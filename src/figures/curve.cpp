@@ -36,7 +36,12 @@ std::string Fault(const CurvePoint& a, const CurvePoint& b, const CurveDirection
   return {};
 }
 
-void AddStep(Figure& figure, const CurvePoint& a, const CurvePoint& b, bool wrong) {
+// Right steps that follow each other are one line.
+void AddStep(Figure& figure, const CurvePoint& a, const CurvePoint& b, bool wrong, bool continues) {
+  if (continues && !wrong) {
+    figure.lines.back().points.push_back(*b.at);
+    return;
+  }
   figure.lines.push_back({{*a.at, *b.at}, wrong ? LineStyle::kWrong : LineStyle::kCurve});
   if (!wrong) return;
   const FigurePoint middle{(a.at->x + b.at->x) / 2, (a.at->y + b.at->y) / 2};
@@ -72,13 +77,18 @@ CurveDirection DirectionOf(const std::vector<CurvePoint>& points) {
 std::vector<std::string> AddSteps(Figure& figure, const std::vector<CurvePoint>& points, std::vector<int>& named) {
   const CurveDirection direction = DirectionOf(points);
   std::vector<std::string> faults;
+  bool continues = false;
   for (std::size_t i = 1; i < points.size(); ++i) {
     const CurvePoint& a = points[i - 1];
     const CurvePoint& b = points[i];
-    if (!a.at || !b.at) continue;
+    if (!a.at || !b.at) {
+      continues = false;
+      continue;
+    }
     std::string fault = Fault(a, b, direction);
-    AddStep(figure, a, b, !fault.empty());
-    if (fault.empty()) continue;
+    AddStep(figure, a, b, !fault.empty(), continues);
+    continues = fault.empty();
+    if (continues) continue;
     named.push_back(a.number);
     named.push_back(b.number);
     faults.push_back(std::move(fault));

@@ -129,8 +129,8 @@ struct FigureSource {
   /// Typed and not written.
   std::function<bool(ControlId)> unwritten;
   ControlId focus{};
-  /// Bears a hint that its text is no number as it is meant; empty: none does.
-  std::function<bool(ControlId)> hinted{};
+  /// Bears a hint that the number which its text reads as is not the one that is meant; empty: none does.
+  std::function<bool(ControlId, double)> hinted{};
   /// Time of day of the last answer that the figure of a page without reads is drawn from; empty: none has come.
   std::string lastRead{};
 };

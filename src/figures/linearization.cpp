@@ -5,6 +5,7 @@
 #include "figures/axis.h"
 #include "figures/curve.h"
 #include "pages/table_points.h"
+#include "text/numbers.h"
 
 namespace htr60::figures {
 namespace {
@@ -13,6 +14,7 @@ using pages::kTablePoints;
 
 std::vector<CurvePoint> ReadPoints(const FigureSource& source, int count) {
   std::vector<CurvePoint> points;
+  points.reserve(static_cast<std::size_t>(count));
   for (int k = 0; k < count; ++k) {
     const pages::PointFields& fields = kTablePoints[static_cast<std::size_t>(k)];
     if (source.known(fields.x) && source.known(fields.y)) points.push_back(ReadPoint(source, k + 1, fields));
@@ -46,7 +48,7 @@ Figure LinearizationFigure(const FigureSource& source) {
   Form& form = source.form;
   figure.verdictCaption = "Table Status";
   if (source.known(id::txtParameter(45))) figure.verdict = form.txtParameter(45).Text();
-  const auto count = NumberOf(form.cmbNrPoints.Text(), source.decimalSeparator);
+  const auto count = FindLocaleNumber(form.cmbNrPoints.Text(), source.decimalSeparator);
   if (!source.known(id::cmbNrPoints) || !count) return Missing(std::move(figure), kNotRead);
   const int number = std::clamp(static_cast<int>(std::clamp(*count, 2.0, 21.0)), 2, 21);
   const std::vector<CurvePoint> points = ReadPoints(source, number);

@@ -16,12 +16,12 @@ constexpr std::size_t kMostBeforeSeparator = 9;
 constexpr double kTooLarge = 2147483648.0;  // the integer part no longer fits
 constexpr double kLeastLoss = 0.0001;
 
-std::optional<double> NumberOf(std::string_view text, char separator) {
-  try {
-    return ParseLocaleNumber(text, separator);
-  } catch (const RuntimeFailure&) {
-    return std::nullopt;
-  }
+char OtherOf(char separator) { return separator == '.' ? ',' : '.'; }
+
+bool HasTooManyDigits(std::string_view text, double number, char separator) {
+  std::string_view whole = text.substr(0, text.find(separator));
+  whole.remove_prefix(std::min(whole.find_first_not_of(" +-"), whole.size()));
+  return whole.size() > kMostBeforeSeparator || std::abs(number) >= kTooLarge;
 }
 
 int DecimalsOf(std::string_view number, char separator) {
@@ -44,7 +44,7 @@ std::string Rounded(double value, int decimals) {
 
 // At the decimals that `shown` has; with an exponent as the same single.
 bool IsAtDecimals(double value, std::string_view shown, char separator) {
-  const auto number = NumberOf(shown, separator);
+  const auto number = FindLocaleNumber(shown, separator);
   if (!number) return false;
   if (shown.find_first_of("eE") != std::string_view::npos) {
     return static_cast<float>(*number) == static_cast<float>(value);
@@ -55,7 +55,9 @@ bool IsAtDecimals(double value, std::string_view shown, char separator) {
 
 // One decimal below 10 %, two below 0.1 %, none from 10 %; the rounded number decides.
 std::string Percent(double percent, char separator) {
-  const auto from = [&](int decimals, double least) { return *NumberOf(Rounded(percent, decimals), '.') >= least; };
+  const auto from = [&](int decimals, double least) {
+    return *FindLocaleNumber(Rounded(percent, decimals), '.') >= least;
+  };
   std::string text = Rounded(percent, from(1, 10) ? 0 : from(2, 0.1) ? 1 : 2);
   std::replace(text.begin(), text.end(), '.', separator);
   return text;
@@ -64,19 +66,19 @@ std::string Percent(double percent, char separator) {
 }  // namespace
 
 bool IsSameNumber(std::string_view a, std::string_view b, char separator) {
-  const auto first = NumberOf(a, separator);
-  const auto second = NumberOf(b, separator);
+  const auto first = FindLocaleNumber(a, separator);
+  const auto second = FindLocaleNumber(b, separator);
   return first && second && *first == *second;
 }
 
 bool ReadsAs(std::string_view sent, std::string_view device, char separator) {
-  const auto number = NumberOf(sent, separator);
+  const auto number = FindLocaleNumber(sent, separator);
   return number && IsAtDecimals(*number, device, separator);
 }
 
 Stored StoredAs(std::string_view sent, std::string_view device, char separator) {
   Stored stored;
-  const auto number = NumberOf(sent, separator);
+  const auto number = FindLocaleNumber(sent, separator);
   if (!number) return stored;
   try {
     FloatCodec codec(separator);
@@ -92,21 +94,22 @@ Stored StoredAs(std::string_view sent, std::string_view device, char separator) 
   return stored;
 }
 
+bool IsMeantOtherwise(std::string_view text, double number, char separator) {
+  return text.find(OtherOf(separator)) != std::string_view::npos || HasTooManyDigits(text, number, separator);
+}
+
 std::string NumberHint(std::string_view text, char separator) {
-  const char other = separator == '.' ? ',' : '.';
-  const auto number = NumberOf(text, separator);
+  const char other = OtherOf(separator);
+  const auto number = FindLocaleNumber(text, separator);
   // "12,5" is a number to the control too, for it passes over group separators: 125. So the other separator comes
   // first.
   if (text.find(other) != std::string_view::npos) {
     std::string plain(text);
     std::replace(plain.begin(), plain.end(), other, separator);
-    if (number || NumberOf(plain, separator)) return std::string("Decimal separator here is ") + separator;
+    if (number || FindLocaleNumber(plain, separator)) return std::string("Decimal separator here is ") + separator;
   }
   if (!number) return "No number";
-  std::string_view whole = text.substr(0, text.find(separator));
-  whole.remove_prefix(std::min(whole.find_first_not_of(" +-"), whole.size()));
-  if (whole.size() > kMostBeforeSeparator || std::abs(*number) >= kTooLarge) return "Too many digits";
-  return {};
+  return HasTooManyDigits(text, *number, separator) ? "Too many digits" : "";
 }
 
 }  // namespace htr60::presentation

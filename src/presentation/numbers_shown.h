@@ -25,5 +25,7 @@ Stored StoredAs(std::string_view sent, std::string_view device, char separator);
 
 /// "No number", "Decimal separator here is ,", "Too many digits"; empty where nothing is wrong.
 std::string NumberHint(std::string_view text, char separator);
+/// There is a hint though the text reads as `number`.
+bool IsMeantOtherwise(std::string_view text, double number, char separator);
 
 }  // namespace htr60::presentation

@@ -4,19 +4,12 @@
 #include <utility>
 
 #include "presentation/page_rows.h"
-#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60::presentation {
 namespace {
 
-bool IsNumber(std::string_view cell, char separator) {
-  try {
-    ParseLocaleNumber(cell, separator);
-    return true;
-  } catch (const RuntimeFailure&) {
-    return false;
-  }
-}
+bool IsNumber(std::string_view cell, char separator) { return FindLocaleNumber(cell, separator).has_value(); }
 
 // One line off the front of `text`, whatever ends it.
 std::string_view TakeLine(std::string_view& text) {

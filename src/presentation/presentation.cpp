@@ -360,10 +360,10 @@ void Presentation::AddFrameButtons(Screen& screen) {
 }
 
 // The same hint as behind the field, whichever page shows it.
-bool Presentation::BearsHint(ControlId control) const {
+bool Presentation::BearsHint(ControlId control, double number) const {
   Form& form = control_.form;
-  return form.Any(control).Enabled() && states_.ReadOrEdited(control) &&
-         !NumberHint(form.TextOf(control), control_.codecs.DecimalSeparator()).empty();
+  return IsMeantOtherwise(form.TextOf(control), number, control_.codecs.DecimalSeparator()) &&
+         form.Any(control).Enabled() && states_.ReadOrEdited(control);
 }
 
 const Figure& Presentation::Drawing() {
@@ -383,7 +383,7 @@ Figure Presentation::MakeFigure() {
                       .known = [this](ControlId control) { return states_.SetOrTypedSinceNode(control); },
                       .unwritten = [this](ControlId control) { return states_.Of(control) == FieldState::kNotWritten; },
                       .focus = figureFocus_,
-                      .hinted = [this](ControlId control) { return BearsHint(control); },
+                      .hinted = [this](ControlId control, double number) { return BearsHint(control, number); },
                       .lastRead = lastRead ? surroundings_.timeOfDay(*lastRead) : std::string()});
 }
 

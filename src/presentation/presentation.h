@@ -136,7 +136,7 @@ class Presentation {
   bool IsOld() const;
   Figure MakeFigure();
   std::optional<ScreenFigure> FigureOf();
-  bool BearsHint(ControlId control) const;
+  bool BearsHint(ControlId control, double number) const;
 
   UserCntrl& control_;
   Surroundings surroundings_;

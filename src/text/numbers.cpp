@@ -205,6 +205,13 @@ double ParseLocaleNumber(std::string_view text, char decimalSeparator) {
   return value;
 }
 
+std::optional<double> FindLocaleNumber(std::string_view text, char decimalSeparator) {
+  DecimalText number;
+  if (!ReadLocaleNumber(text, decimalSeparator, number)) return std::nullopt;
+  const double value = ToDouble(number);
+  return std::isinf(value) ? std::nullopt : std::optional(value);
+}
+
 NumberText NumberToText(double value, char decimalSeparator) {
   if (!std::isfinite(value)) throw RuntimeFailure("not a finite number");
   NumberText text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "text/fixed_text.h"
@@ -16,6 +17,8 @@ double ParseLeadingNumber(std::string_view text) noexcept;
 /// Reads the whole `text` as a number of the locale. The other of "," and "." is a group separator and passed over as
 /// long as the decimal separator has not come; blanks around the number, a sign and an exponent are accepted. Throws.
 double ParseLocaleNumber(std::string_view text, char decimalSeparator);
+/// The same; none where it would throw.
+std::optional<double> FindLocaleNumber(std::string_view text, char decimalSeparator);
 
 /// At most 15 significant digits, no trailing zeros; plain while that needs at most 15 decimals and the value is below
 /// 1E15, else with an exponent of at least two digits ("1.00000004749745E-03"). Throws for what is no finite number.

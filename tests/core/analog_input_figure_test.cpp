@@ -61,7 +61,7 @@ struct Fixture {
                           .known = [this](ControlId control) { return unknown.count(control.ordinal) == 0; },
                           .unwritten = in(unwritten),
                           .focus = {},
-                          .hinted = in(hinted)});
+                          .hinted = [this](ControlId control, double) { return hinted.count(control.ordinal) != 0; }});
   }
 };
 

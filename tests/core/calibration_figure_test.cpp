@@ -54,7 +54,7 @@ struct Fixture {
                           .known = [](ControlId) { return false; },  // no node was activated since the last read
                           .unwritten = [this](ControlId control) { return unwritten.count(control.ordinal) != 0; },
                           .focus = {},
-                          .hinted = [this](ControlId control) { return hinted.count(control.ordinal) != 0; },
+                          .hinted = [this](ControlId control, double) { return hinted.count(control.ordinal) != 0; },
                           .lastRead = lastRead});
   }
 };

@@ -41,9 +41,7 @@ struct Fixture {
     form.lbParameter(40).SetText("bar");
   }
   Figure Of(FigureKind kind) {
-    const auto known = [this](ControlId id) {
-      return std::find(unknown.begin(), unknown.end(), id) == unknown.end();
-    };
+    const auto known = [this](ControlId id) { return std::find(unknown.begin(), unknown.end(), id) == unknown.end(); };
     return ComputeFigure(kind, {.form = form,
                                 .decimalSeparator = separator,
                                 .known = known,
@@ -77,7 +75,9 @@ TEST(CharacterizationFigure, DrawsAsManyPointsAsTheCurveHas) {
     f.Hold({{"0", "0.5"}, {"10", "10.5"}, {"20", "20"}, {"30", "30"}, {"40", "40"}}, text);
     const Figure figure = f.Held();
     EXPECT_EQ(Count(figure, MarkerShape::kFilledSquare), points) << text;
-    EXPECT_EQ(figure.lines.size(), static_cast<std::size_t>(points - 1 + 2)) << text;  // steps, diagonal, live
+    const FigureLine* curve = LineOf(figure, LineStyle::kCurve);
+    ASSERT_NE(curve, nullptr) << text;
+    EXPECT_EQ(curve->points.size(), static_cast<std::size_t>(points)) << text;
   }
 }
 

@@ -11,7 +11,7 @@
 #include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
-#include "text/failure.h"
+#include "text/numbers.h"
 
 namespace htr60::desktop {
 namespace {
@@ -23,12 +23,7 @@ constexpr double kLargeText = 1.9;
 constexpr int kLargeShare = 10;  // of 16 characters
 
 bool ReadsLikeANumber(PageContext context, std::string_view text) {
-  try {
-    context.control.codecs.ParseLocaleNumber(text);
-    return true;
-  } catch (const RuntimeFailure&) {
-    return false;
-  }
+  return FindLocaleNumber(text, context.control.codecs.DecimalSeparator()).has_value();
 }
 
 }  // namespace
