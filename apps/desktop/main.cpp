@@ -1,6 +1,8 @@
 #include <QDir>
 #include <QTextStream>
 #include <exception>
+#include <memory>
+#include <utility>
 
 #include "desktop/application.h"
 #include "desktop/options.h"
@@ -15,6 +17,7 @@ using htr60::desktop::MainWindow;
 using htr60::desktop::Options;
 using htr60::desktop::Session;
 using htr60::desktop::Sessions;
+using htr60::desktop::SteppedClock;
 using htr60::desktop::Tour;
 
 int RunTour(Application& application, const Options& options, const htr60::sim::Settings& settings) {
@@ -22,8 +25,10 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
     QTextStream(stderr) << "htr60: " << options.tour << " cannot be made" << Qt::endl;
     return 2;
   }
-  Session session(settings, options.preset, MainWindow::Places::kFresh);
-  Tour tour(session.window, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour),
+  auto clock = std::make_unique<SteppedClock>();
+  SteppedClock& time = *clock;
+  Session session(std::move(clock), settings, options.preset, MainWindow::Places::kFresh);
+  Tour tour(session.window, time, session.host.Control(), htr60::desktop::TourSteps(), QDir(options.tour),
             htr60::desktop::Print);
   int exitCode = 0;
   QObject::connect(&tour, &Tour::Finished, &application, [&](int code) {

@@ -40,14 +40,25 @@ inline void PressKey(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, 
   SendKey(*QApplication::focusWidget(), key, modifiers, text);
 }
 
-/// A window before a simulated transmitter, shown.
+/// A window before a simulated transmitter, shown, whose time goes on only while something is waited for.
 class DesktopTest : public testing::Test {
  protected:
   explicit DesktopTest(const sim::Settings& settings = {}, MainWindow::Places places = MainWindow::Places::kFresh)
-      : host_(settings), window_(host_, places) {
+      : host_(clock_, settings), window_(host_, places) {
     window_.show();
     window_.activateWindow();
     QApplication::processEvents();
+  }
+
+  /// Lets time pass until `done`, or until nothing more happens or it has taken too long.
+  bool WaitFor(const std::function<bool()>& done, int patienceMs = 10'000) {
+    const std::int64_t end = clock_.Now() + patienceMs;
+    QApplication::processEvents();
+    while (!done()) {
+      if (clock_.Now() > end || !clock_.Step()) return false;
+      QApplication::processEvents();
+    }
+    return true;
   }
 
   UserCntrl& Control() { return host_.Control(); }
@@ -72,6 +83,7 @@ class DesktopTest : public testing::Test {
   }
   std::string Panel(int number) { return TheForm().statusBar.Panel(number).text; }
 
+  SteppedClock clock_;
   DesktopHost host_;
   MainWindow window_;
 };

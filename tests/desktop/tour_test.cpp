@@ -20,11 +20,11 @@ class TourTest : public DesktopTest {
       printed_ += text;
       return printed_.size() < roomForLines_;
     };
-    Tour tour(window_, Control(), steps, QDir(folder_.path()), print);
+    Tour tour(window_, clock_, Control(), steps, QDir(folder_.path()), print);
     int exitCode = -1;
     QObject::connect(&tour, &Tour::Finished, &window_, [&](int code) { exitCode = code; });
     tour.Start();
-    WaitFor([&] { return exitCode >= 0; }, 30'000);
+    EXPECT_TRUE(desktop::WaitFor([&] { return exitCode >= 0; }, 30'000));
     notWritten_ = tour.NotWritten();
     return exitCode;
   }

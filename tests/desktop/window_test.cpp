@@ -168,7 +168,7 @@ TEST_F(WindowTest, WithoutConnectionABoxIsShownAndNoPage) {
   ASSERT_TRUE(WaitFor([&] { return Panel(1) == "Disconnected"; }));
   QString text;
   int answers = 0;
-  QTimer::singleShot(300, &window_, [&] {
+  QTimer::singleShot(50, &window_, [&] {
     QMessageBox* box = OpenBox();
     ASSERT_NE(box, nullptr);
     text = box->text() + QLatin1Char('|') + box->windowTitle();
@@ -218,7 +218,10 @@ TEST_F(WindowTest, YesNoBoxesStandOnNoAndTimersGoOnBeforeThem) {
     EXPECT_EQ(Control().AskYesNo("Sure?", "Question"), one.yes);
   }
   // The start's reads are sent and answered while a box is open.
-  QTimer::singleShot(3000, &window_, [&] { OpenBox()->close(); });
+  QTimer::singleShot(50, &window_, [&] {
+    EXPECT_TRUE(WaitFor([&] { return window_.Identification().Tag() == QLatin1String("HTR60-1"); }));
+    OpenBox()->close();
+  });
   Control().ShowBox("Wait", "Information");
   EXPECT_EQ(Panel(1), "Connected");
   EXPECT_EQ(window_.Identification().Tag(), QStringLiteral("HTR60-1"));
@@ -304,7 +307,8 @@ TEST_F(WindowTest, APressOnTheHealthLeadsToWhereItWasRead) {
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {
   QSettings().clear();
-  DesktopHost host({});
+  SteppedClock clock;
+  DesktopHost host(clock, {});
   QSize size;
   QList<int> split;
   {

@@ -21,8 +21,8 @@
 namespace htr60::desktop {
 namespace {
 
-constexpr int kTickMs = 50;
 constexpr int kPatienceMs = 20'000;
+constexpr int kMostTries = 1000;  // of what needs no time, but turns of the event loop
 
 struct Word {
   TourDo what;
@@ -66,15 +66,16 @@ QString Describe(const TourStep& step) {
   return line;
 }
 
-Tour::Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder, Print print)
-    : window_(window), control_(control), steps_(steps), folder_(folder), print_(std::move(print)) {
-  ticks_.setInterval(kTickMs);
+Tour::Tour(MainWindow& window, SteppedClock& clock, UserCntrl& control, std::span<const TourStep> steps,
+           const QDir& folder, Print print)
+    : window_(window), clock_(clock), control_(control), steps_(steps), folder_(folder), print_(std::move(print)) {
+  ticks_.setInterval(0);
   ticks_.setSingleShot(true);
   Connect(&ticks_, &QTimer::timeout, this, &Tour::Tick);
 }
 
 void Tour::Start() {
-  sinceStep_.start();
+  patientUntil_ = clock_.Now() + kPatienceMs;
   ticks_.start();
 }
 
@@ -88,15 +89,23 @@ void Tour::Tick() {
   // A box that the step opens runs its own event loop: the ticks within it belong to the step after it.
   ++next_;
   const Outcome outcome = Try(step);
-  const bool late = sinceStep_.elapsed() > kPatienceMs;
-  if (outcome == Outcome::kNotYet && !late) {
-    --next_;
-    return;
+  const bool late = outcome == Outcome::kNotYet;
+  if (late) {
+    --next_;  // first, for what is waited for may be a box
+    if (Wait()) return;
+    ++next_;
   }
   QString line = QStringLiteral("%1. %2").arg(number).arg(Describe(step));
   if (outcome != Outcome::kDone) line += QLatin1String(late ? ": waited too long" : ": cannot be done");
   if (!Say(line) || outcome != Outcome::kDone) return End(1);
-  sinceStep_.restart();
+  patientUntil_ = clock_.Now() + kPatienceMs;
+  tries_ = 0;
+}
+
+// False where it has been long enough.
+bool Tour::Wait() {
+  if (clock_.Now() > patientUntil_) return false;
+  return clock_.Step() || ++tries_ < kMostTries;
 }
 
 bool Tour::Say(const QString& line) {

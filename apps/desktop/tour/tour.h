@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QTimer>
 #include <functional>
 #include <span>
@@ -9,6 +8,7 @@
 #include <string_view>
 
 #include "desktop/tour/tour_steps.h"
+#include "desktop/window/clock.h"
 #include "desktop/window/main_window.h"
 
 namespace htr60::desktop {
@@ -21,8 +21,10 @@ class Tour final : public QObject {
  public:
   using Print = std::function<bool(std::string_view)>;
 
-  /// Pictures go to `folder`, which exists, and the steps to `print`, which answers false where it cannot.
-  Tour(MainWindow& window, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder, Print print);
+  /// The clock goes on where a step has to wait. Pictures go to `folder`, which exists, and the steps to `print`, which
+  /// answers false where it cannot.
+  Tour(MainWindow& window, SteppedClock& clock, UserCntrl& control, std::span<const TourStep> steps, const QDir& folder,
+       Print print);
   void Start();
   /// What could not be written, a sentence; empty: everything was.
   const QString& NotWritten() const { return notWritten_; }
@@ -35,6 +37,7 @@ class Tour final : public QObject {
   enum class Outcome { kDone, kNotYet, kCannot };
 
   void Tick();
+  bool Wait();
   Outcome Try(const TourStep& step);
   Outcome Press(ButtonId button);
   Outcome PressTab(const TourStep& step);
@@ -47,13 +50,15 @@ class Tour final : public QObject {
   void End(int exitCode);
 
   MainWindow& window_;
+  SteppedClock& clock_;
   UserCntrl& control_;
   std::span<const TourStep> steps_;
   QDir folder_;
   Print print_;
   QString notWritten_;
   QTimer ticks_;
-  QElapsedTimer sinceStep_;
+  std::int64_t patientUntil_ = 0;
+  int tries_ = 0;  // of the step, in which nothing was to be waited for
   std::size_t next_ = 0;
   int pictures_ = 0;
   QSize size_;  // before the window was made small

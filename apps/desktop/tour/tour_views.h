@@ -30,9 +30,11 @@ inline constexpr TourStep kViewSteps[] = {
 
     {TourDo::kNode, {}, "LCD Config"},
     {TourDo::kWait},
+    {TourDo::kExpect, id::txtParameter(46), "10.000"},
     {TourDo::kPicture, {}, "local display"},
     {TourDo::kTab, id::SSTabLCD, {}, 1},
     {TourDo::kWait},
+    {TourDo::kExpect, id::txtParameter(47), "10.000"},
     {TourDo::kPicture, {}, "local display second monitor"},
     {TourDo::kTab, id::SSTabLCD, {}, 3},
     {TourDo::kWait},

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
@@ -44,24 +45,16 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 }  // namespace
 
-DesktopHost::DesktopHost(const sim::Settings& settings, const QString& preset) : preset_(preset) {
-  clock_.start();
-  transmitterTimer_.setSingleShot(true);
-  transmitterTimer_.setTimerType(Qt::PreciseTimer);
-  Connect(&transmitterTimer_, &QTimer::timeout, this, &DesktopHost::RunTransmitter);
-  for (int i = 0; i < static_cast<int>(kTimerCount); ++i) {
-    QTimer& timer = timers_[static_cast<std::size_t>(i)];
-    timer.setSingleShot(true);
-    timer.setTimerType(Qt::PreciseTimer);
-    Connect(&timer, &QTimer::timeout, this, [this, i] { TimerDue(i); });
-  }
-  manager_ = sim::Manager::Create(settings, [this] { return clock_.elapsed(); });
-  manager_->onScheduleChanged = [this] { ArmTransmitter(); };
-  ArmTransmitter();
+DesktopHost::DesktopHost(Clock& clock, const sim::Settings& settings, const QString& preset)
+    : preset_(preset), clock_(clock) {
+  Connect(&clock_, &Clock::Alarm, this, &DesktopHost::RunDue);
+  manager_ = sim::Manager::Create(settings, [this] { return clock_.Now(); });
+  manager_->onScheduleChanged = [this] { SetAlarm(); };
   const Ports ports{
       .boxes = *this, .timers = *this, .icons = *this, .watcher = this, .decimalSeparator = DecimalSeparator()};
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
   control_->Init("htr60", "", manager_);
+  SetAlarm();
 }
 
 std::string DesktopHost::Simulated() const { return preset_.isEmpty() ? "SIMULATED" : "SIMULATED: " + ToUtf8(preset_); }
@@ -70,15 +63,16 @@ DesktopHost::~DesktopHost() {
   control_->PrepareToRelease();
   control_.reset();
   manager_->onScheduleChanged = nullptr;
+  clock_.SetAlarm(std::nullopt);
 }
 
 BoxButton DesktopHost::Show(const MessageBox& box) {
   ++openBoxes_;
   const auto closing = qScopeGuard([this] {
     --openBoxes_;
-    ArmTransmitter();
+    SetAlarm();
   });
-  ArmTransmitter();  // answers go on while the box is open, also when it was opened while one was handled
+  SetAlarm();  // answers and timers go on while the box is open, also when it was opened while one was handled
   const QPointer<QMessageBox> dialog = new QMessageBox(boxParent_);
   dialog->setTextFormat(Qt::PlainText);
   dialog->setText(ToQt(box.text));
@@ -100,24 +94,15 @@ BoxButton DesktopHost::Show(const MessageBox& box) {
 }
 
 void DesktopHost::Arm(int timer, std::int32_t milliseconds) {
-  Disarm(timer);
-  timers_.at(static_cast<std::size_t>(timer)).start(milliseconds);
+  timers_.at(static_cast<std::size_t>(timer)) = Due{clock_.Now() + milliseconds, ++armed_};
+  SetAlarm();
 }
 
-void DesktopHost::Disarm(int timer) {
-  timers_.at(static_cast<std::size_t>(timer)).stop();
-  std::erase_if(waitingTimers_, [timer](const WaitingTimer& waiting) { return waiting.timer == timer; });
-}
+void DesktopHost::Disarm(int timer) { timers_.at(static_cast<std::size_t>(timer)).reset(); }
 
-void DesktopHost::TimerDue(int timer) {
-  if (!Full() && waitingTimers_.empty()) return RunTimer(timer);
-  waitingTimers_.push_back({timer, clock_.elapsed()});
-  ArmTransmitter();
-}
-
-void DesktopHost::RunTimer(int timer) {
-  control_->TimerDue(timer);
-  FormChanged();
+void DesktopHost::WantTurnAt(std::optional<std::int64_t> at) {
+  turnAt_ = at;
+  SetAlarm();
 }
 
 // Asked at every answer: a drawing once drawn is not opened again.
@@ -137,28 +122,51 @@ void DesktopHost::FormChanged() {
                             Qt::QueuedConnection);
 }
 
-// Armed for what is due first, the transmitter's next item or a timer that waits.
-void DesktopHost::ArmTransmitter() {
-  if (manager_ == nullptr || Full()) return transmitterTimer_.stop();
-  auto due = manager_->NextDue();
-  if (!waitingTimers_.empty()) due = std::min(waitingTimers_.front().due, due.value_or(clock_.elapsed()));
-  if (!due) return transmitterTimer_.stop();
-  transmitterTimer_.start(static_cast<int>(std::clamp<std::int64_t>(*due - clock_.elapsed(), 0, 24 * 3600 * 1000)));
+// ---- what is due
+
+int DesktopHost::FirstTimer() const {
+  int first = -1;
+  for (std::size_t i = 0; i < timers_.size(); ++i) {
+    if (!timers_[i]) continue;
+    const auto before = [&](const Due& a, const Due& b) { return std::pair(a.at, a.armed) < std::pair(b.at, b.armed); };
+    if (first < 0 || before(*timers_[i], *timers_[static_cast<std::size_t>(first)])) first = static_cast<int>(i);
+  }
+  return first;
 }
 
-// One delivery a turn, so that the control's timers and the operator come in between.
-void DesktopHost::RunTransmitter() {
-  if (Full()) return;
-  const auto due = manager_->NextDue();
-  if (!waitingTimers_.empty() && waitingTimers_.front().due <= due.value_or(waitingTimers_.front().due)) {
-    const int timer = waitingTimers_.front().timer;
-    waitingTimers_.pop_front();
-    RunTimer(timer);
-  } else {
-    Guarded([this] { manager_->RunOne(clock_.elapsed()); });
+// What is due while there are too many boxes waits in its order.
+void DesktopHost::SetAlarm() {
+  std::optional<std::int64_t> next = turnAt_;
+  const auto take = [&next](std::int64_t at) { next = std::min(at, next.value_or(at)); };
+  if (!Full()) {
+    if (const int timer = FirstTimer(); timer >= 0) take(timers_[static_cast<std::size_t>(timer)]->at);
+    if (const auto due = manager_ == nullptr ? std::nullopt : manager_->NextDue()) take(*due);
+  }
+  clock_.SetAlarm(next);
+}
+
+// One delivery or timer an alarm, so that the operator comes in between.
+void DesktopHost::RunDue() {
+  if (turnAt_ && *turnAt_ <= clock_.Now()) {
+    turnAt_.reset();
     FormChanged();
   }
-  ArmTransmitter();
+  if (!Full()) RunOne();
+  SetAlarm();
+}
+
+void DesktopHost::RunOne() {
+  const int timer = FirstTimer();
+  const auto answer = manager_->NextDue();
+  const auto at = timer < 0 ? std::nullopt : std::optional(timers_[static_cast<std::size_t>(timer)]->at);
+  if (at && *at <= clock_.Now() && *at <= answer.value_or(*at)) {
+    timers_[static_cast<std::size_t>(timer)].reset();
+    control_->TimerDue(timer);
+    FormChanged();
+  } else if (answer && *answer <= clock_.Now()) {
+    Guarded([this] { manager_->RunOne(clock_.Now()); });
+    FormChanged();
+  }
 }
 
 }  // namespace htr60::desktop

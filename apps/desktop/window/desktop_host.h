@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QString>
-#include <QTimer>
 #include <array>
-#include <deque>
 #include <memory>
+#include <optional>
 
 #include "desktop/core.h"
+#include "desktop/window/clock.h"
 #include "simulator/manager/manager.h"
 
 class QWidget;
@@ -27,29 +26,31 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
  public:
   static constexpr int kMostBoxes = 8;
 
-  /// `preset`: name of the ready-made settings, or empty.
-  explicit DesktopHost(const sim::Settings& settings, const QString& preset = {});
+  /// `clock` outlives the host. `preset`: name of the ready-made settings, or empty.
+  DesktopHost(Clock& clock, const sim::Settings& settings, const QString& preset = {});
   ~DesktopHost() override;
 
   UserCntrl& Control() { return *control_; }
   sim::Manager& Transmitter() { return *manager_; }
-  /// Milliseconds since the host was made.
-  std::int64_t Now() const { return clock_.elapsed(); }
+  const Clock& Time() const { return clock_; }
   /// "SIMULATED", with ready-made settings "SIMULATED: tank".
   std::string Simulated() const;
   /// Message boxes stand before `window`.
   void SetBoxParent(QWidget* window) { boxParent_ = window; }
   /// A turn is due, whether the form has changed or not.
   void WantTurn() { FormChanged(); }
+  /// The same at that time, in place of the time asked for before.
+  void WantTurnAt(std::optional<std::int64_t> at);
 
  Q_SIGNALS:
   /// Once a turn, when answers, timers or the operator may have changed the form.
   void TurnEnded();
 
  private:
-  struct WaitingTimer {
-    int timer;
-    std::int64_t due;
+  // A timer of the control that runs.
+  struct Due {
+    std::int64_t at = 0;
+    std::uint64_t armed = 0;  // of two that are due at once the one armed first
   };
 
   BoxButton Show(const MessageBox& box) override;
@@ -59,16 +60,16 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
   void FormChanged() override;
 
   bool Full() const { return openBoxes_ >= kMostBoxes; }
-  void TimerDue(int timer);
-  void ArmTransmitter();
-  void RunTransmitter();
-  void RunTimer(int timer);
+  int FirstTimer() const;
+  void SetAlarm();
+  void RunDue();
+  void RunOne();
 
   const QString preset_;
-  QElapsedTimer clock_;
-  QTimer transmitterTimer_;
-  std::array<QTimer, kTimerCount> timers_;
-  std::deque<WaitingTimer> waitingTimers_;  // due while there were too many boxes
+  Clock& clock_;
+  std::array<std::optional<Due>, kTimerCount> timers_;
+  std::uint64_t armed_ = 0;
+  std::optional<std::int64_t> turnAt_;
   int openBoxes_ = 0;
   QPointer<QWidget> boxParent_;
   bool turnQueued_ = false;

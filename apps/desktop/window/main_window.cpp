@@ -32,14 +32,12 @@ constexpr int kFirstHeight = 720;
 constexpr int kSmallestTree = 180;
 
 constexpr int kIconSide = 32;  // pixels
-constexpr std::int64_t kLongestWaitMs = 3'600'000;
 
 constexpr const char* kGeometryKey = "window/geometry";
 constexpr const char* kSplitterKey = "window/splitter";
 
-// The host's clock runs from its start.
 presentation::DataLine::TimeOfDay TimeOfDay(const DesktopHost& host) {
-  const QDateTime start = QDateTime::currentDateTime().addMSecs(-host.Now());
+  const QDateTime start = host.Time().Start();
   return [start](std::int64_t now) { return start.addMSecs(now).toString(QStringLiteral("HH:mm:ss")).toStdString(); };
 }
 
@@ -48,7 +46,7 @@ presentation::DataLine::TimeOfDay TimeOfDay(const DesktopHost& host) {
 MainWindow::MainWindow(DesktopHost& host, Places places)
     : host_(host),
       control_(host.Control()),
-      presented_(control_, {.now = [&host] { return host.Now(); },
+      presented_(control_, {.now = [&host] { return host.Time().Now(); },
                             .timeOfDay = TimeOfDay(host),
                             .simulated = host.Simulated(),
                             .changed = [&host] { host.WantTurn(); }}),
@@ -128,8 +126,6 @@ void MainWindow::MakeLayout() {
     presented_.StepCounted();
     Turn();
   });
-  deadline_.setSingleShot(true);
-  Connect(&deadline_, &QTimer::timeout, this, &MainWindow::Turn);
 }
 
 // The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.
@@ -175,11 +171,7 @@ void MainWindow::Turn() {
     header_->Apply(screen);
     actions_->Apply(control_.form, screen);
   });
-  if (const auto next = presented_.NextDeadline()) {
-    deadline_.start(static_cast<int>(std::clamp<std::int64_t>(*next - presented_.Now(), 0, kLongestWaitMs)));
-  } else {
-    deadline_.stop();
-  }
+  host_.WantTurnAt(presented_.NextDeadline());  // time alone changes what is shown
   keys_.Follow();
 }
 

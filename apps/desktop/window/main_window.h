@@ -69,7 +69,6 @@ class MainWindow final : public QMainWindow {
   StatusPanels* panels_;
   LiveRegion* live_;
   QAction* offline_;
-  QTimer deadline_;  // time alone changes what is shown
 };
 
 }  // namespace htr60::desktop

@@ -20,7 +20,7 @@ Sessions::Sessions(MainWindow::Places places) : places_(places), outermost_(Loop
 }
 
 void Sessions::Begin(const sim::Settings& settings, const QString& preset) {
-  auto next = std::make_unique<Session>(settings, preset, places_);
+  auto next = std::make_unique<Session>(std::make_unique<RealClock>(), settings, preset, places_);
   Connect(&next->window, &MainWindow::TransmitterWanted, this, &Sessions::Want);
   if (now_ != nullptr) next->window.setGeometry(now_->window.geometry());
   next->window.show();

@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <memory>
+#include <utility>
 
 #include "desktop/window/desktop_host.h"
 #include "desktop/window/main_window.h"
@@ -10,9 +11,10 @@ namespace htr60::desktop {
 
 /// One transmitter with its window.
 struct Session {
-  Session(const sim::Settings& settings, const QString& preset, MainWindow::Places places)
-      : host(settings, preset), window(host, places) {}
+  Session(std::unique_ptr<Clock> time, const sim::Settings& settings, const QString& preset, MainWindow::Places places)
+      : clock(std::move(time)), host(*clock, settings, preset), window(host, places) {}
 
+  const std::unique_ptr<Clock> clock;
   DesktopHost host;
   MainWindow window;
 };
