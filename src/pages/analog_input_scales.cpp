@@ -136,8 +136,7 @@ void OnScalesAnswer(UserCntrl& c, const Answer& a) {
   f.cmbAIUnitOutScale.SetIfAny(unit);
   analog_input::SetOutputUnit(c, unit);
   const bool ofSensor = IsSecondary(c) && c.AiPvType == "Pressure";
-  SetIfAny(f.txtParameter(302),
-           ofSensor ? TakeScale(c, a.Text("PVUnitScale")) : UnitCodeToText(a.Word("PVUnitScale")));
+  SetIfAny(f.txtParameter(302), ofSensor ? TakeScale(c, a.Text("PVUnitScale")) : UnitCodeToText(a.Word("PVUnitScale")));
   f.txtParameter(64).SetText("");
   f.txtParameter(63).SetText("");
   AllowPvScale(c, ofSensor && c.FwFlag107 != kClear);

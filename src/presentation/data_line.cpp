@@ -19,12 +19,14 @@ void DataLine::Opened(const PageLayout* page) {
   returned_ = false;
   if (page != nullptr) lastRead_[page].reset();
   waitingSince_.reset();
+  unanswered_.clear();
 }
 
 void DataLine::Returned(const PageLayout* page) {
   page_ = page;
   returned_ = true;
   waitingSince_.reset();
+  unanswered_.clear();
 }
 
 bool DataLine::HasRead() const {
@@ -33,7 +35,9 @@ bool DataLine::HasRead() const {
 }
 
 void DataLine::Sent(int code, std::int64_t now) {
-  if (Reads(page_, code) && !waitingSince_) waitingSince_ = now;
+  if (!Reads(page_, code)) return;
+  if (!waitingSince_) waitingSince_ = now;
+  if (std::find(unanswered_.begin(), unanswered_.end(), code) == unanswered_.end()) unanswered_.push_back(code);
 }
 
 // An answer may come after its page was left.
@@ -45,6 +49,7 @@ void DataLine::Answered(int code, std::int64_t now) {
   if (!Reads(page_, code)) return;
   returned_ = false;
   waitingSince_.reset();
+  std::erase(unanswered_, code);
 }
 
 std::optional<std::int64_t> DataLine::LastAnswer(std::span<const int> codes) const {

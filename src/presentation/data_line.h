@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "form/layout.h"
 
@@ -42,7 +43,8 @@ class DataLine {
   std::optional<std::int64_t> LastAnswer(std::span<const int> codes) const;
   /// The page was read since it was opened.
   bool HasRead() const;
-  bool Waits() const { return waitingSince_.has_value(); }
+  /// A read of the page has no answer yet, whatever others have.
+  bool Waits() const { return !unanswered_.empty(); }
 
  private:
   std::int64_t LateAt() const;
@@ -53,6 +55,7 @@ class DataLine {
   std::map<const PageLayout*, std::optional<std::int64_t>> lastRead_;  // of the pages opened so far
   std::map<int, std::int64_t> answered_;                               // by code
   std::optional<std::int64_t> waitingSince_;                           // the first read of this page without an answer
+  std::vector<int> unanswered_;                                        // codes of those reads, each once
   int intervalMs_ = 0;
 };
 
