@@ -69,6 +69,36 @@ TEST(TabKey, PassesWhatIsDisabledAndGoesThroughARowBeforeTheNext) {
   EXPECT_EQ(d.Keys({"Tab"}), "cmdWriteParameter");
 }
 
+TEST(BarKeys, ABarTakesTheFocusAndGivesItBack) {
+  KeyDriver d;
+  d.Open("Level");
+  d.Focus("txtParameter(161)");
+  d.Type("txtParameter(161)", "1");
+  d.Ok({{"do", "close"}});
+  EXPECT_EQ(d.At(), "bar(0)");
+  EXPECT_EQ(d.Keys({"Tab"}), "bar(1)");
+  EXPECT_EQ(d.Keys({"Tab"}), "SSTabTRDLevel");
+  EXPECT_EQ(d.Keys({"s+Tab", "s+Tab"}), "bar(0)");
+  const Json stayed = d.Key("Enter");
+  EXPECT_EQ(stayed.count("closes"), 0U);
+  EXPECT_EQ(d.At(), "txtParameter(161)");
+  EXPECT_EQ(d.Screen()["bar"], nullptr);
+  d.Ok({{"do", "close"}});
+  EXPECT_EQ(d.At(), "bar(0)");
+  d.Key("Tab");
+  EXPECT_EQ(d.Key(" ")["closes"], true);
+}
+
+TEST(BarKeys, AFocusThatWasMovedStaysWhenTheBarGoes) {
+  KeyDriver d;
+  d.Open("Level");
+  d.Type("txtParameter(161)", "1");
+  d.Ok({{"do", "close"}});
+  d.Focus("txtParameter(160)");
+  d.Ok({{"do", "bar"}, {"button", 0}});
+  EXPECT_EQ(d.At(), "txtParameter(160)");
+}
+
 TEST(F6Key, GoesRoundTheRegions) {
   KeyDriver d;
   d.Open("Level");
