@@ -68,6 +68,7 @@ int main(int argc, char** argv) {
     Application application(argc, argv);
     Application::setOrganizationName(QStringLiteral("htr60"));
     Application::setApplicationName(QStringLiteral("htr60"));
+    application.UsePalette(options.colours);
     if (!options.tour.isEmpty()) return RunTour(application, options, settings);
     Sessions sessions;
     sessions.Begin(settings, options.preset);

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <nlohmann/json.hpp>
 
+#include "desktop/figure/tones.h"
 #include "desktop/qt_text.h"
 #include "simulator/manager/json_text.h"
 
@@ -36,7 +37,11 @@ Options ReadOptions(const QStringList& arguments) {
                                 QStringLiteral("Go through the pages by a script, print each step and leave a picture "
                                                "of each page in DIR. Needs no display."),
                                 QStringLiteral("DIR"));
-  parser.addOptions({help, version, settings, preset, tour});
+  const QCommandLineOption colours(
+      QStringLiteral("colours"),
+      QStringLiteral("Colours in place of the system's: %1.").arg(PaletteNames().join(QStringLiteral(", "))),
+      QStringLiteral("NAME"));
+  parser.addOptions({help, version, settings, preset, tour, colours});
   if (!parser.parse(arguments)) Fail(parser.errorText());
   if (!parser.positionalArguments().isEmpty()) {
     Fail(QStringLiteral("Unexpected argument '%1'.").arg(parser.positionalArguments().constFirst()));
@@ -45,6 +50,10 @@ Options ReadOptions(const QStringList& arguments) {
   options.preset = parser.value(preset);
   options.settings = parser.value(settings);
   options.tour = parser.value(tour);
+  options.colours = parser.value(colours);
+  if (parser.isSet(colours) && !PaletteNames().contains(options.colours)) {
+    Fail(QStringLiteral("There are no colours '%1'.").arg(options.colours));
+  }
   if (parser.isSet(tour) && options.tour.isEmpty()) Fail(QStringLiteral("The tour needs a folder."));
   if (parser.isSet(help)) {
     // Without an application object the parser does not know the name of the program.

@@ -18,6 +18,7 @@ struct Options {
   QString preset{};    ///< name of ready-made settings, empty: the defaults
   QString settings{};  ///< file whose members go over the preset's, empty: none
   QString tour{};      ///< folder for the pictures of the tour, empty: no tour
+  QString colours{};   ///< one of `PaletteNames`, empty: the system's
   QString say{};       ///< the answer to --help or --version: print it and end; empty: none
 };
 

@@ -11,8 +11,9 @@ constexpr int kScales[] = {1, 2, 3};
 
 }  // namespace
 
-QPixmap Drawing(const QString& name, int side, double ratio) {
-  const QString key = QStringLiteral("htr60/%1/%2/%3").arg(name).arg(side).arg(ratio);
+QPixmap Drawing(const QString& name, int side, double ratio, const QColor& ink) {
+  const QString color = ink.isValid() ? ink.name() : QString();
+  const QString key = QStringLiteral("htr60/%1/%2/%3/%4").arg(name).arg(side).arg(ratio).arg(color);
   QPixmap picture;
   if (QPixmapCache::find(key, &picture)) return picture;
   QSvgRenderer renderer(QStringLiteral(":/htr60/%1.svg").arg(name));
@@ -22,17 +23,29 @@ QPixmap Drawing(const QString& name, int side, double ratio) {
   picture.fill(Qt::transparent);
   QPainter painter(&picture);
   painter.setRenderHint(QPainter::Antialiasing);
-  renderer.render(&painter, QRectF(0, 0, side, side));
+  const QRectF room(0, 0, side, side);
+  renderer.render(&painter, room);
+  if (ink.isValid()) {
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(room, ink);
+  }
   painter.end();
   QPixmapCache::insert(key, picture);
   return picture;
 }
 
-QIcon DrawingIcon(const QString& name, const QString& selected, int side) {
+QIcon DrawingIcon(const QString& name, int side) {
+  QIcon icon;
+  for (const int scale : kScales) icon.addPixmap(Drawing(name, side * scale, 1));
+  return icon;
+}
+
+QIcon ItemIcon(const QString& name, int side, const QPalette& palette) {
   QIcon icon;
   for (const int scale : kScales) {
-    icon.addPixmap(Drawing(name, side * scale, 1));
-    if (!selected.isEmpty()) icon.addPixmap(Drawing(selected, side * scale, 1), QIcon::Selected);
+    icon.addPixmap(Drawing(name, side * scale, 1, palette.color(QPalette::Active, QPalette::Text)));
+    icon.addPixmap(Drawing(name, side * scale, 1, palette.color(QPalette::Active, QPalette::HighlightedText)),
+                   QIcon::Selected);
   }
   return icon;
 }

@@ -46,9 +46,62 @@ void Exclaim(const Pen& pen) {
   pen.Line(0.5, 0.8, 0.5, 0.81);
 }
 
-bool IsAlert(Shape shape) {
-  return shape == Shape::kNotEqual || shape == Shape::kDottedNotEqual || shape == Shape::kWarning ||
-         shape == Shape::kFault || shape == Shape::kQuestion || shape == Shape::kFailure;
+QColor ColorOf(Shape shape, const QPalette& palette) {
+  switch (shape) {
+    case Shape::kWarning:
+      return WarningColor(palette);
+    case Shape::kNotEqual:
+    case Shape::kDottedNotEqual:
+    case Shape::kFault:
+      return AlertColor(palette);
+    default:
+      return AccentColor(palette);
+  }
+}
+
+// The colours that the field knows for an instrument's health, with an ink that is seen on each.
+struct HealthTone {
+  QColor ground;
+  QColor ink;
+};
+
+HealthTone ToneOf(Shape shape) {
+  switch (shape) {
+    case Shape::kFailure:
+      return {QColor(0xD3, 0x2F, 0x2F), Qt::white};
+    case Shape::kFunctionCheck:
+      return {QColor(0xFF, 0x98, 0x00), Qt::black};
+    default:
+      return {QColor(0xFF, 0xEB, 0x3B), Qt::black};
+  }
+}
+
+// Filled, with an outline that stands out where the fill does not.
+void PaintHealth(const Pen& pen, const QRectF& square, Shape shape, const QPen& outline) {
+  const HealthTone tone = ToneOf(shape);
+  pen.painter.setPen(outline);
+  pen.painter.setBrush(tone.ground);
+  const double side = square.width();
+  if (shape == Shape::kFailure) {
+    pen.painter.drawEllipse(square.adjusted(side * 0.06, side * 0.06, -side * 0.06, -side * 0.06));
+  } else if (shape == Shape::kFunctionCheck) {
+    pen.Path({{0.5, 0.06}, {0.97, 0.94}, {0.03, 0.94}}, true);
+  } else {
+    pen.Path({{0.06, 0.06}, {0.94, 0.06}, {0.94, 0.94}, {0.06, 0.94}}, true);
+  }
+  QPen ink = outline;
+  ink.setColor(tone.ink);
+  pen.painter.setPen(ink);
+  pen.painter.setBrush(Qt::NoBrush);
+  if (shape == Shape::kFailure) {
+    pen.Line(0.3, 0.3, 0.7, 0.7);
+    pen.Line(0.7, 0.3, 0.3, 0.7);
+  } else if (shape == Shape::kFunctionCheck) {
+    Exclaim(pen);
+  } else {
+    pen.Path({{0.34, 0.34}, {0.5, 0.22}, {0.66, 0.34}, {0.5, 0.52}, {0.5, 0.62}}, false);
+    pen.Line(0.5, 0.78, 0.5, 0.79);
+  }
 }
 
 }  // namespace
@@ -99,7 +152,7 @@ Shape ShapeOf(presentation::HealthState health) {
     case HealthState::kFailure:
       return Shape::kFailure;
     case HealthState::kFunctionCheck:
-      return Shape::kWarning;
+      return Shape::kFunctionCheck;
     case HealthState::kOutOfSpecification:
       return Shape::kQuestion;
     case HealthState::kGood:
@@ -109,22 +162,9 @@ Shape ShapeOf(presentation::HealthState health) {
   return Shape::kNone;
 }
 
-QColor AccentColor(const QPalette& palette) {
-  const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
-  const QColor ground = palette.color(QPalette::Active, QPalette::Window);
-  // A highlight as light or as dark as the ground cannot be seen on it.
-  const bool visible = qAbs(highlight.lightness() - ground.lightness()) > 60;
-  return visible ? highlight : palette.color(QPalette::Active, QPalette::WindowText);
-}
-
-QColor AlertColor(const QPalette& palette) {
-  return palette.color(QPalette::Active, QPalette::Window).lightness() < 128 ? QColor(0xFF, 0x8A, 0x80)
-                                                                             : QColor(0xB0, 0x1B, 0x1B);
-}
-
 void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette) {
   if (shape == Shape::kNone) return;
-  const QColor color = IsAlert(shape) ? AlertColor(palette) : AccentColor(palette);
+  const QColor color = ColorOf(shape, palette);
   const double side = std::min(room.width(), room.height());
   const QRectF square(room.center().x() - side / 2, room.center().y() - side / 2, side, side);
   const Pen pen{painter, square};
@@ -178,15 +218,12 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
       pen.Line(0.3, 0.3, 0.7, 0.7);
       pen.Line(0.7, 0.3, 0.3, 0.7);
       break;
-    case Shape::kQuestion:
-      pen.Path({{0.06, 0.06}, {0.94, 0.06}, {0.94, 0.94}, {0.06, 0.94}}, true);
-      pen.Path({{0.34, 0.34}, {0.5, 0.22}, {0.66, 0.34}, {0.5, 0.52}, {0.5, 0.62}}, false);
-      pen.Line(0.5, 0.78, 0.5, 0.79);
-      break;
     case Shape::kFailure:
-      painter.drawEllipse(square.adjusted(side * 0.06, side * 0.06, -side * 0.06, -side * 0.06));
-      pen.Line(0.3, 0.3, 0.7, 0.7);
-      pen.Line(0.7, 0.3, 0.3, 0.7);
+    case Shape::kFunctionCheck:
+    case Shape::kQuestion:
+      PaintHealth(pen, square, shape,
+                  QPen(palette.color(QPalette::Active, QPalette::Text), std::max(1.0, side / 10), Qt::SolidLine,
+                       Qt::RoundCap, Qt::RoundJoin));
       break;
   }
   painter.restore();

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "desktop/core.h"
+#include "desktop/figure/tones.h"
 
 namespace htr60::desktop {
 
@@ -24,6 +25,7 @@ enum class Shape : std::uint8_t {
   kWarning,           ///< triangle: uncertain
   kFault,             ///< square with a cross: bad
   kQuestion,          ///< square with a question mark: outside of its limits
+  kFunctionCheck,     ///< filled triangle: simulated
   kFailure,           ///< circle with a cross
 };
 
@@ -34,10 +36,6 @@ Shape ShapeOf(presentation::Mark mark);
 
 /// The shape before the word of the instrument's health.
 Shape ShapeOf(presentation::HealthState health);
-
-/// The operator's states, and what the operator must look at; both follow the palette.
-QColor AccentColor(const QPalette& palette);
-QColor AlertColor(const QPalette& palette);
 
 void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette);
 

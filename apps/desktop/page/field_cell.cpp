@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "desktop/edge.h"
+#include "desktop/figure/tones.h"
 #include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 #include "form/control_names.h"
@@ -177,15 +178,19 @@ void FieldCell::RefreshState() {
   widget_->setAccessibleDescription(ToQt(presentation::DescriptionOf(*row, presentation::NoteOf(row_, control_))));
 }
 
-// What is stale is drawn as what is disabled: pale, and still to be read and copied.
 void FieldCell::SetPale(bool pale) {
-  if (std::exchange(pale_, pale) == pale) return;
+  if (std::exchange(pale_, pale) != pale) ShowPale();
+}
+
+// What is stale is pale, and still to be read and copied.
+void FieldCell::ShowPale() {
   QPalette palette = widget_->palette();
-  const QPalette::ColorGroup source = pale ? QPalette::Disabled : QPalette::Active;
   const QPalette plain = QApplication::palette(widget_);
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-    palette.setBrush(group, QPalette::Text, plain.brush(source, QPalette::Text));
-    palette.setBrush(group, QPalette::WindowText, plain.brush(source, QPalette::WindowText));
+    for (const auto& [role, ground] :
+         {std::pair(QPalette::Text, QPalette::Base), std::pair(QPalette::WindowText, QPalette::Window)}) {
+      palette.setColor(group, role, pale_ ? PaleColor(plain, ground) : plain.color(group, role));
+    }
   }
   widget_->setPalette(palette);
 }
@@ -241,6 +246,7 @@ bool FieldCell::ShowMenu(QPoint at) {
 }
 
 bool FieldCell::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange && pale_) Guarded([this] { ShowPale(); });
   if (event->type() == QEvent::ContextMenu) {
     const QPoint at = static_cast<QContextMenuEvent*>(event)->globalPos();
     if (GuardedTakes([&] { return ShowMenu(at); })) return true;

@@ -67,6 +67,7 @@ class FieldCell final : public QObject {
   void MakeButton(QWidget* parent);
   QString Text() const;
   void SetPale(bool pale);
+  void ShowPale();
   void Run(presentation::FieldAct act);
   bool ShowMenu(QPoint at);
   /// The row's role is that of its first control.

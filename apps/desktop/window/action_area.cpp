@@ -3,6 +3,8 @@
 #include <QHBoxLayout>
 #include <utility>
 
+#include "desktop/edge.h"
+#include "desktop/figure/tones.h"
 #include "desktop/page/spots.h"
 #include "desktop/qt_text.h"
 
@@ -76,17 +78,25 @@ void ActionArea::Apply(Form& form, const presentation::Screen& screen) {
 
 // Prominent while there is something to write; while disabled it looks as any other.
 void ActionArea::SetProminent(bool prominent) {
-  if (std::exchange(prominent_, prominent) == prominent) return;
+  if (std::exchange(prominent_, prominent) != prominent) ShowProminence();
+}
+
+void ActionArea::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { ShowProminence(); });
+}
+
+void ActionArea::ShowProminence() {
   const QPalette plain = back_->palette();
   QPalette palette = plain;
   for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-    if (!prominent) break;
-    palette.setBrush(group, QPalette::Button, plain.brush(QPalette::Active, QPalette::Highlight));
+    if (!prominent_) break;
+    palette.setBrush(group, QPalette::Button, StrongColor(plain));
     palette.setBrush(group, QPalette::ButtonText, plain.brush(QPalette::Active, QPalette::HighlightedText));
   }
   write_->setPalette(palette);
   QFont font = back_->font();
-  font.setBold(prominent);
+  font.setBold(prominent_);
   write_->setFont(font);
 }
 

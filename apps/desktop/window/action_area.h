@@ -29,8 +29,12 @@ class ActionArea final : public QWidget {
   void WritePressed();
   void FooterPressed();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void SetProminent(bool prominent);
+  void ShowProminence();
 
   QPushButton* back_;
   QToolButton* footer_;

@@ -105,8 +105,7 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
   }
   badges_.front()->setObjectName(QStringLiteral("simulated"));
 
-  const int side = fontMetrics().height();
-  padlock_->setPixmap(Drawing(QStringLiteral("padlock"), side, devicePixelRatioF()));
+  ShowPadlock();
   padlock_->setAccessibleName(ToQt(presentation::kPadlockName));
   padlock_->hide();
   for (std::size_t i = 0; i < kIdentityParts.size(); ++i) {
@@ -123,6 +122,16 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
   Connect(health_, &HealthButton::clicked, this, [this] { Q_EMIT HealthPressed(); });
   line->addWidget(healthShape_);
   line->addWidget(health_);
+}
+
+void IdentificationStrip::ShowPadlock() {
+  const QColor ink = palette().color(QPalette::Active, QPalette::Text);
+  padlock_->setPixmap(Drawing(QStringLiteral("padlock"), fontMetrics().height(), devicePixelRatioF(), ink));
+}
+
+void IdentificationStrip::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { ShowPadlock(); });
 }
 
 void IdentificationStrip::AddBar(QHBoxLayout& line) {

@@ -68,7 +68,11 @@ class IdentificationStrip final : public QFrame {
  Q_SIGNALS:
   void HealthPressed();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void ShowPadlock();
   void AddBar(QHBoxLayout& line);
 
   std::array<QLabel*, 2> badges_{};

@@ -52,7 +52,7 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
                             .changed = [&host] { host.WantTurn(); }}),
       keys_(presented_, *this),
       places_(places) {
-  setWindowIcon(DrawingIcon(QStringLiteral("htr60"), {}, kIconSide));
+  setWindowIcon(DrawingIcon(QStringLiteral("htr60"), kIconSide));
   MakeLayout();
   MakeMenus();
   setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 
+#include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/qt_text.h"
 
@@ -53,8 +54,18 @@ void StatusPanels::Apply(const StatusBar& bar) {
   if (picture == shownPicture_) return;
   shownPicture_ = picture;
   picture_->setVisible(!picture.empty());
-  const int side = fontMetrics().height();
-  if (!picture.empty()) picture_->setPixmap(Drawing(ConnectionPicture(picture), side, devicePixelRatioF()));
+  ShowPicture();
+}
+
+void StatusPanels::ShowPicture() {
+  if (shownPicture_.empty()) return;
+  const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
+  picture_->setPixmap(Drawing(ConnectionPicture(shownPicture_), fontMetrics().height(), devicePixelRatioF(), ink));
+}
+
+void StatusPanels::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { ShowPicture(); });
 }
 
 }  // namespace htr60::desktop

@@ -20,7 +20,12 @@ class StatusPanels final : public QFrame {
   explicit StatusPanels(QWidget* parent);
   void Apply(const StatusBar& bar);
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  void ShowPicture();
+
   QLabel* picture_;
   std::array<QLabel*, 4> texts_;
   std::string shownPicture_;

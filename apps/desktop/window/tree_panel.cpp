@@ -18,8 +18,6 @@ constexpr int kPosition = Qt::UserRole;
 constexpr int kOpen = Qt::UserRole + 1;
 constexpr int kUnwritten = Qt::UserRole + 2;
 
-QIcon NodeIcon(std::string_view picture, int side) { return DrawingIcon(ToQt(picture), {}, side); }
-
 }  // namespace
 
 TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tree_(tree) {
@@ -88,6 +86,10 @@ QTreeWidgetItem* TreePanel::ItemOf(const QString& text) const {
 void TreePanel::SetMarks(const presentation::TreeMarks& marks) {
   if (marks == marks_) return;
   marks_ = marks;
+  ShowAllMarks();
+}
+
+void TreePanel::ShowAllMarks() {
   for (std::size_t i = 1; i < items_.size() && i <= tree_.Nodes().size(); ++i) {
     ShowMarks(*items_[i], tree_.Nodes()[i - 1]);
   }
@@ -97,13 +99,18 @@ void TreePanel::ShowMarks(QTreeWidgetItem& item, const TreeNode& node) const {
   const bool open = node.text == marks_.open;
   const bool unwritten =
       std::find(marks_.unwritten.begin(), marks_.unwritten.end(), node.text) != marks_.unwritten.end();
-  item.setIcon(0, NodeIcon(open ? node.selectedPicture : node.picture, iconSize().height()));
+  item.setIcon(0, ItemIcon(ToQt(open ? node.selectedPicture : node.picture), iconSize().height(), palette()));
   item.setData(0, kOpen, open);
   item.setData(0, kUnwritten, unwritten);
   QStringList words;
   if (open) words << ToQt(presentation::kOpenNodeMark);
   if (unwritten) words << ToQt(presentation::kUnwrittenNodeMark);
   item.setData(0, Qt::AccessibleDescriptionRole, words.join(QStringLiteral(", ")));
+}
+
+void TreePanel::changeEvent(QEvent* event) {
+  QTreeWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { ShowAllMarks(); });
 }
 
 // A bar at the tree's edge beside the open node, the pencil after the text of one that is not written.

@@ -32,11 +32,13 @@ class TreePanel final : public QTreeWidget {
   void NodeActivated(const QString& text, int position);
 
  protected:
+  void changeEvent(QEvent* event) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
   void Rebuild();
   QTreeWidgetItem* ItemOf(const QString& text) const;
+  void ShowAllMarks();
   void ShowMarks(QTreeWidgetItem& item, const TreeNode& node) const;
   void Activate(QTreeWidgetItem* item);
 
