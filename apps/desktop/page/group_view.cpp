@@ -169,13 +169,26 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
   rows_.push_back(made);
 }
 
+// Behind the last field that can be changed, where others follow it; else at the end.
+int GroupView::PlaceOfWords(const Line& line) const {
+  const QWidget* last = nullptr;
+  for (const std::size_t i : line.rows) {
+    const Row& made = rows_[i];
+    if (made.cell == nullptr || !CanBeChanged(made.cell->Kind())) continue;
+    last = made.second != nullptr ? made.second->Widget() : made.cell->Widget();
+    if (made.unit != nullptr && made.second == nullptr) last = made.unit;
+  }
+  const int at = last == nullptr ? -1 : line.box->indexOf(last);
+  return at < 0 ? line.box->count() : at + 1;
+}
+
 void GroupView::Finish() {
   for (Line& line : lines_) {
     const bool page = std::any_of(line.rows.begin(), line.rows.end(), [&](std::size_t i) {
       return SpansPage(rows_[i].row->kind) || rows_[i].row->width == WidthClass::kPage;
     });
     line.words = new WordsLabel(line.widget);
-    line.box->addWidget(line.words, page ? 0 : 1);
+    line.box->insertWidget(PlaceOfWords(line), line.words, page ? 0 : 1);
     for (const std::size_t i : line.rows) {
       for (FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
         if (cell != nullptr) cell->SetWordsFit([words = line.words] { return words->Fits(); });

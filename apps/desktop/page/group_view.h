@@ -91,6 +91,7 @@ class GroupView final : public QWidget {
   void AddUnit(Row& made, Line& line);
   void Finish();
   void RefreshRow(Row& row);
+  int PlaceOfWords(const Line& line) const;
   void RefreshWords(const Line& line);
   bool Shows(const Row& row) const;
   QString CaptionOf(const LayoutRow& row) const;
