@@ -2,12 +2,15 @@
 #include <QAccessible>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSplitter>
 #include <QTest>
 #include <QToolButton>
 #include <utility>
 
+#include "desktop/page/choice_field.h"
 #include "desktop_test.h"
 
 namespace htr60::desktop {
@@ -303,6 +306,40 @@ TEST_F(WindowTest, APressOnTheHealthLeadsToWhereItWasRead) {
   ASSERT_TRUE(Open("Device Identification"));
   health->click();
   EXPECT_EQ(Control().LastActivated(), "Pressure/Flow");
+}
+
+TEST_F(WindowTest, FitsASmallScreenWithTheActionAreaWhole) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Device Identification"));
+  const QSize wide(1920, 1040);
+  window_.FitTo(wide);
+  EXPECT_EQ(window_.size(), QSize(Pixels(window_, 1100), Pixels(window_, 720))) << "not larger than it was";
+  const auto* scroll = window_.findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+  for (const QSize room : {QSize(960, 520), QSize(640, 400)}) {
+    SCOPED_TRACE(room.width());
+    window_.FitTo(room);
+    QApplication::processEvents();
+    EXPECT_LE(window_.width(), room.width());
+    EXPECT_LT(window_.height(), room.height()) << "room for the title";
+    const ActionArea& actions = window_.Actions();
+    const QRect shown(actions.mapTo(&window_, QPoint()), actions.size());
+    EXPECT_TRUE(window_.rect().contains(shown));
+    for (const QPushButton* button : {actions.Back(), actions.Revert(), actions.Save(), actions.Write()}) {
+      EXPECT_TRUE(actions.rect().contains(button->geometry()));
+      EXPECT_GE(button->width(), button->minimumSizeHint().width());
+    }
+    // What does not fit can be scrolled to.
+    const QSize hidden = scroll->widget()->size() - scroll->viewport()->size();
+    EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), std::max(0, hidden.width()));
+  }
+  EXPECT_GT(scroll->horizontalScrollBar()->maximum(), 0);
+  auto* list = Find<ChoiceField>(id::cmbWriteProtection);
+  ASSERT_NE(list, nullptr);
+  while (window_.Presented().Keys().At() != presentation::Spot(ControlId(id::cmbWriteProtection))) {
+    PressKey(Qt::Key_Tab);
+  }
+  QApplication::processEvents();
+  EXPECT_FALSE(list->visibleRegion().isEmpty()) << "the keyboard brings it into sight";
 }
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {

@@ -5,8 +5,10 @@
 #include <QDateTime>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScrollArea>
 #include <QSettings>
 #include <QSplitter>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -30,6 +32,8 @@ constexpr int kSmallestHeight = 600;
 constexpr int kFirstWidth = 1100;
 constexpr int kFirstHeight = 720;
 constexpr int kSmallestTree = 180;
+constexpr int kSmallestPageWidth = 620;  // beside the longest tree
+constexpr int kSmallestPageHeight = 400;
 
 constexpr int kIconSide = 32;  // pixels
 
@@ -88,18 +92,8 @@ void MainWindow::MakeLayout() {
   live_ = new LiveRegion(all);
 
   tree_ = new TreePanel(control_.form.treeView, splitter_);
-  auto* right = new QWidget(splitter_);
-  auto* rightColumn = new QVBoxLayout(right);
-  rightColumn->setContentsMargins(0, 0, 0, 0);
-  rightColumn->setSpacing(0);
-  header_ = new PageHeader(right);
-  page_ = new PageArea(control_, presented_, right);
-  actions_ = new ActionArea(right);
-  rightColumn->addWidget(header_);
-  rightColumn->addWidget(page_, 1);
-  rightColumn->addWidget(actions_);
   splitter_->addWidget(tree_);
-  splitter_->addWidget(right);
+  splitter_->addWidget(MakePageColumn());
   splitter_->setStretchFactor(0, 0);
   splitter_->setStretchFactor(1, 1);
   setCentralWidget(all);
@@ -126,6 +120,40 @@ void MainWindow::MakeLayout() {
     presented_.StepCounted();
     Turn();
   });
+}
+
+// Header and page scroll together where the window is smaller than they can be; the action area stays.
+QWidget* MainWindow::MakePageColumn() {
+  auto* right = new QWidget(splitter_);
+  auto* column = new QVBoxLayout(right);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* scroll = new QScrollArea(right);
+  scroll->setObjectName(QStringLiteral("pageScroll"));
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  auto* shown = new QWidget(scroll);
+  shown->setMinimumSize(Pixels(*this, kSmallestPageWidth), Pixels(*this, kSmallestPageHeight));
+  auto* inside = new QVBoxLayout(shown);
+  inside->setContentsMargins(0, 0, 0, 0);
+  inside->setSpacing(0);
+  header_ = new PageHeader(shown);
+  page_ = new PageArea(control_, presented_, shown);
+  inside->addWidget(header_);
+  inside->addWidget(page_, 1);
+  scroll->setWidget(shown);
+  actions_ = new ActionArea(right);
+  column->addWidget(scroll, 1);
+  column->addWidget(actions_);
+  return right;
+}
+
+void MainWindow::FitTo(QSize room) {
+  const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+  room -= frame;
+  setMinimumSize(QSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight)).boundedTo(room));
+  resize(size().boundedTo(room));
 }
 
 // The menus have no letters: Alt and a letter belong to the page and to Write, Save and Back.

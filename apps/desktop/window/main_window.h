@@ -30,6 +30,9 @@ class MainWindow final : public QMainWindow {
   MainWindow(DesktopHost& host, Places places);
   ~MainWindow() override;
 
+  /// No larger than `room`, the free area of a screen: below the smallest size what is shown scrolls.
+  void FitTo(QSize room);
+
   TreePanel& Tree() { return *tree_; }
   PageArea& Page() { return *page_; }
   PageHeader& Header() { return *header_; }
@@ -47,6 +50,7 @@ class MainWindow final : public QMainWindow {
 
  private:
   void MakeLayout();
+  QWidget* MakePageColumn();
   void MakeMenus();
   void Turn();
   void ShowHelp();

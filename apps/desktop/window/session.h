@@ -29,6 +29,7 @@ class Sessions final : public QObject {
   Session* Now() { return now_.get(); }
 
  private:
+  void FollowScreen(MainWindow& window);
   void Want(const QString& preset);
   void BeginWanted();
 
