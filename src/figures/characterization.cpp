@@ -72,7 +72,7 @@ void AddMarkers(Figure& figure, const Points& points, MarkerShape shape, Control
   for (const CurvePoint& point : points) {
     if (!point.at) continue;
     AddMarker(figure, point, shape, focus);
-    figure.texts.push_back({*point.at, std::to_string(point.number), false});
+    figure.texts.push_back({*point.at, std::to_string(point.number), false, true});
   }
 }
 

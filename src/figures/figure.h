@@ -47,6 +47,7 @@ struct FigureText {
   FigurePoint at;
   std::string text;
   bool rightAligned = false;  ///< ends at `at` instead of beginning after it
+  bool canWait = false;       ///< left out where it would stand on something else
 };
 
 struct FigureTick {

@@ -29,7 +29,7 @@ void AddMarkers(Figure& figure, const std::vector<CurvePoint>& points, ControlId
     const bool numbered = point.number == points.front().number || point.number == points.back().number ||
                           HasFocus(point, focus) || point.number % 5 == 0 ||
                           std::find(named.begin(), named.end(), point.number) != named.end();
-    if (numbered) figure.texts.push_back({*point.at, std::to_string(point.number), false});
+    if (numbered) figure.texts.push_back({*point.at, std::to_string(point.number), false, true});
   }
 }
 

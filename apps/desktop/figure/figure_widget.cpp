@@ -8,6 +8,7 @@
 #include "desktop/edge.h"
 #include "desktop/figure/bar_painter.h"
 #include "desktop/qt_text.h"
+#include "figures/labels.h"
 
 namespace htr60::desktop {
 namespace {
@@ -246,20 +247,41 @@ void FigureWidget::PaintMarkers(QPainter& painter) const {
   }
 }
 
-// Texts keep inside the widget whatever their points are.
 void FigureWidget::PaintTexts(QPainter& painter) const {
   const QFontMetrics metrics = fontMetrics();
-  const double gap = metrics.averageCharWidth();
-  painter.setPen(palette().color(QPalette::WindowText));
+  std::vector<figures::LabelWish> wishes;
   for (const FigureText& text : figure_.texts) {
-    const QString words = ToQt(text.text);
-    const QPointF at = Place(text.at);
-    const double wide = metrics.horizontalAdvance(words);
-    double x = text.rightAligned ? at.x() - gap - wide : at.x() + gap;
-    x = std::clamp(x, 0.0, std::max(0.0, width() - wide));
-    const double y = std::max(at.y() - gap / 2, above_.bottom() + metrics.ascent());
-    painter.drawText(QPointF(x, y), words);
+    wishes.push_back({.at = Pixel(text.at),
+                      .width = static_cast<double>(metrics.horizontalAdvance(ToQt(text.text))),
+                      .height = static_cast<double>(metrics.ascent()),
+                      .leftOf = text.rightAligned,
+                      .canWait = text.canWait});
   }
+  std::vector<figures::LabelLine> lines;
+  for (const FigureLine& line : figure_.lines) {
+    for (std::size_t i = 1; i < line.points.size(); ++i) {
+      lines.push_back({Pixel(line.points[i - 1]), Pixel(line.points[i])});
+    }
+  }
+  std::vector<figures::LabelRect> marks;
+  const double side = MarkerSide();
+  for (const FigureMarker& marker : figure_.markers) {
+    const FigurePoint at = Pixel(marker.at);
+    marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
+  }
+  const figures::LabelRect room{0, above_.bottom(), static_cast<double>(width()), below_.top() - above_.bottom()};
+  const auto places = PlaceLabels(
+      wishes, {.room = room, .lines = lines, .marks = marks, .gap = static_cast<double>(metrics.averageCharWidth())});
+  painter.setPen(palette().color(QPalette::WindowText));
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (places[i])
+      painter.drawText(QPointF(places[i]->x, places[i]->y + places[i]->height), ToQt(figure_.texts[i].text));
+  }
+}
+
+FigurePoint FigureWidget::Pixel(FigurePoint point) const {
+  const QPointF at = Place(point);
+  return {at.x(), at.y()};
 }
 
 void FigureWidget::mousePressEvent(QMouseEvent* event) {

@@ -21,6 +21,7 @@
 namespace htr60::desktop {
 namespace {
 
+constexpr int kLayoutPasses = 3;
 constexpr int kPatienceMs = 20'000;
 constexpr int kMostTries = 1000;  // of what needs no time, but turns of the event loop
 
@@ -216,6 +217,8 @@ Tour::Outcome Tour::PressBox(const TourStep& step) {
 }
 
 Tour::Outcome Tour::TakePicture(const TourStep& step) {
+  // A page that has just come is laid out in several passes.
+  for (int i = 0; i < kLayoutPasses; ++i) QApplication::sendPostedEvents();
   const QString name = QStringLiteral("%1-%2.png")
                            .arg(++pictures_, 2, 10, QLatin1Char('0'))
                            .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
