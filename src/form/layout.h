@@ -117,7 +117,7 @@ struct LayoutRow {
   ControlId second{};
   std::string_view secondCaption{};
   WidthClass secondWidth = WidthClass::kKind;
-  std::string_view note{};  ///< shown on request, beside the page's purpose
+  std::string_view note{};  ///< of the first control, shown on request beside the page's purpose
   bool sameLine = false;    ///< stands after the row before it
   int fromHeight = 0;  ///< shown while its group's box is at least this high, in the form's units; 0: at any height
   bool live = false;   ///< an answer of a polling timer replaces it
@@ -127,6 +127,7 @@ struct LayoutRow {
   IdentityItem identity = IdentityItem::kNone;
   HealthItem health = HealthItem::kNone;  ///< of the second control where there is one, else of the first
   ButtonId enterPresses{};                ///< button that Enter in the field presses
+  std::string_view secondNote{};          ///< note of the second control
 };
 
 /// A group of rows on a page, on a tab, or on an inner tab.

@@ -24,12 +24,14 @@ constexpr int kOutputInterval = 15000;
 
 // ---- layout
 
-constexpr std::string_view kTargetNote = "Auto calculates, Man takes the output written here, Out of Service holds it.";
 constexpr std::string_view kUpperCaption = "Upper [EU (100%)]";
 constexpr std::string_view kLowerCaption = "Lower [EU (0%)]";
 
 constexpr LayoutRow kBasicRows[] = {
-    {.caption = "Target Mode", .kind = RowKind::kList, .control = id::cmbAITarget(0), .note = kTargetNote},
+    {.caption = "Target Mode",
+     .kind = RowKind::kList,
+     .control = id::cmbAITarget(0),
+     .note = "Auto calculates the output, Man takes the one written on the tab Mode Block, Out of Service holds it."},
     {.caption = "Actual Mode",
      .kind = RowKind::kText,
      .control = id::txtParameter(303),
@@ -49,8 +51,8 @@ constexpr LayoutRow kConfigRows[] = {
      .captionControl = id::lbArray(349),
      .kind = RowKind::kList,
      .control = id::cmbAIConfig,
-     .note = "Which sensor the second block of a pressure device reports; one setting for the three blocks. Write "
-             "of the page sends it too."},
+     .note = "What blocks 2 and 3 of a pressure device report: Config 1 the Hi and the Lo sensor, Config 2 the Lo "
+             "sensor and the temperature. One setting for the three blocks, which Write of the page sends too."},
     {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmdWriteAIConfig},
 };
 constexpr LayoutRow kPvScaleRows[] = {
@@ -100,7 +102,10 @@ constexpr LayoutRow Limit(std::string_view caption, TextId field, std::string_vi
 }
 
 constexpr LayoutRow kLimitRows[] = {
-    {.caption = "Unit", .kind = RowKind::kText, .control = id::txtParameter(304), .note = "Unit of the output."},
+    {.caption = "Unit",
+     .kind = RowKind::kText,
+     .control = id::txtParameter(304),
+     .note = "Unit of the output and of its limits."},
     Limit("Upper Limit Alarm", id::txtParameter(120), "The output raises the upper alarm from here on."),
     Limit("Upper Limit Warning", id::txtParameter(121), "The output raises the upper warning from here on."),
     Limit("Lower Limit Warning", id::txtParameter(123), "The output raises the lower warning from here down."),
@@ -148,7 +153,10 @@ constexpr LayoutRow kSimulateRows[] = {
      .note = "Status of that value."},
 };
 constexpr LayoutRow kModeRows[] = {
-    {.caption = "Target Mode", .kind = RowKind::kList, .control = id::cmbAITarget(1), .note = kTargetNote},
+    {.caption = "Target Mode",
+     .kind = RowKind::kList,
+     .control = id::cmbAITarget(1),
+     .note = "Auto calculates the output, Man takes the one written below, Out of Service holds it."},
     {.caption = "Actual Mode",
      .kind = RowKind::kText,
      .control = id::txtParameter(306),

@@ -3,6 +3,7 @@
 #include "codecs/mEnumeration.h"
 #include "codecs/unit_tables.h"
 #include "pages/backup_restore.h"
+#include "pages/common_notes.h"
 #include "pages/measured_types.h"
 #include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
@@ -30,7 +31,7 @@ constexpr LayoutRow kSettingsRows[] = {
     {.caption = "Primary Value Type",
      .kind = RowKind::kList,
      .control = id::cmbDensityPrimaryValueType,
-     .note = "A change sets the transducer to the defaults of the new type."},
+     .note = kNewTypeNote},
     {.caption = "Measured Type",
      .kind = RowKind::kList,
      .control = id::cmbMeasuredType,
@@ -38,6 +39,7 @@ constexpr LayoutRow kSettingsRows[] = {
     {.caption = "Linearization Type",
      .kind = RowKind::kList,
      .control = id::cmbDensityLinearizationType,
+     .note = kTableLinearizationNote,
      .role = RowRole::kLinearization},
     {.caption = "Position Mounting",
      .kind = RowKind::kList,
@@ -73,11 +75,20 @@ constexpr LayoutRow kSimulateRows[] = {
      .note = "While it is enabled the device calculates with the two values below.",
      .role = RowRole::kSimulate,
      .health = HealthItem::kSimulatePressure},
-    {.caption = "Pressure", .kind = RowKind::kNum, .control = id::txtParameter(136)},
-    {.caption = "Temperature", .kind = RowKind::kNum, .control = id::txtParameter(338)},
+    {.caption = "Pressure",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(136),
+     .note = "Stands for the measured differential pressure while simulation is enabled. No unit is reported."},
+    {.caption = "Temperature",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(338),
+     .note = "Stands for the measured temperature while simulation is enabled. No unit is reported."},
 };
 constexpr LayoutRow kRangeRows[] = {
-    {.caption = "Range Code", .kind = RowKind::kList, .control = id::cmbDensityRangeCode},
+    {.caption = "Range Code",
+     .kind = RowKind::kList,
+     .control = id::cmbDensityRangeCode,
+     .note = "The densities that the instrument covers. The scales of the second and third Analog Input follow it."},
 };
 constexpr LayoutRow kSensorRows[] = {
     {.caption = "Delta Press",
@@ -90,12 +101,14 @@ constexpr LayoutRow kSensorRows[] = {
      .control = id::txtParameter(321),
      .unit = id::lbArray(485),
      .second = id::txtParameter(322),
-     .live = true},
+     .note = kReadingNote,
+     .live = true,
+     .secondNote = kReadingStatusNote},
     {.caption = "Lo Press Value",
      .kind = RowKind::kValue,
      .control = id::txtParameter(319),
      .unit = id::lbArray(486),
-     .note = "Its status is not shown.",
+     .note = kReadingWithoutStatusNote,
      .live = true},
 };
 constexpr LayoutRow kDynamicRows[] = {
@@ -104,8 +117,10 @@ constexpr LayoutRow kDynamicRows[] = {
      .control = id::txtParameter(352),
      .unit = id::lbArray(499),
      .second = id::txtParameter(335),
+     .note = kPrimaryValueNote,
      .live = true,
-     .health = HealthItem::kPrimaryValue},
+     .health = HealthItem::kPrimaryValue,
+     .secondNote = kPrimaryValueStatusNote},
     {.caption = "Specific Weight",
      .kind = RowKind::kValue,
      .control = id::txtParameter(337),

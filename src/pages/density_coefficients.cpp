@@ -61,8 +61,12 @@ constexpr Number kConstants[] = {
      .note = "Temperature at which the height was measured."},
 };
 
-constexpr Number Coefficient(std::string_view tag, TextId field, std::string_view caption) {
-  return {.tag = tag, .field = field, .caption = caption, .decimals = 8};
+constexpr std::string_view kConcentrationNote =
+    "Coefficient of the polynomial that gives the concentration from density and temperature. Written together with "
+    "all fields of this page.";
+constexpr Number Coefficient(std::string_view tag, TextId field, std::string_view caption,
+                             std::string_view note = kConcentrationNote) {
+  return {.tag = tag, .field = field, .caption = caption, .decimals = 8, .note = note};
 }
 constexpr Number kConcentration[] = {
     Coefficient("K0", id::txtParameter(238), "K0"),
@@ -83,25 +87,41 @@ constexpr Number kConcentration[] = {
     Coefficient("K15", id::txtParameter(246), "K15 "),
     Coefficient("K16", id::txtParameter(247), "K16"),
     Coefficient("K17", id::txtParameter(339), "K17"),
-    Coefficient("HiLimDens", id::txtParameter(251), "Hi Dens Lim (g/cm³) "),
-    Coefficient("LoLimDens", id::txtParameter(252), "Lo Dens Lim (g/cm³) "),
-    Coefficient("HiLimTemp", id::txtParameter(249), "Hi Temp Lim (ºC) "),
-    Coefficient("LoLimTemp", id::txtParameter(250), "Lo Temp Lim (ºC) "),
-    Coefficient("KDens", id::txtParameter(253), "K Dens"),
-    Coefficient("KTemp", id::txtParameter(254), "K Temp"),
+    Coefficient("HiLimDens", id::txtParameter(251), "Hi Dens Lim (g/cm³) ",
+                "The polynomial takes a density above it as this one. Written together with all fields of this page."),
+    Coefficient("LoLimDens", id::txtParameter(252), "Lo Dens Lim (g/cm³) ",
+                "The polynomial takes a density below it as this one. Written together with all fields of this page."),
+    Coefficient(
+        "HiLimTemp", id::txtParameter(249), "Hi Temp Lim (ºC) ",
+        "The polynomial takes a temperature above it as this one. Written together with all fields of this page."),
+    Coefficient(
+        "LoLimTemp", id::txtParameter(250), "Lo Temp Lim (ºC) ",
+        "The polynomial takes a temperature below it as this one. Written together with all fields of this page."),
+    Coefficient("KDens", id::txtParameter(253), "K Dens",
+                "Density in g/cm³ from which the polynomial counts. Written together with all fields of this page."),
+    Coefficient("KTemp", id::txtParameter(254), "K Temp",
+                "Temperature in °C from which the polynomial counts. Written together with all fields of this page."),
 };
 constexpr std::size_t kDensityLimits = 18;
 constexpr std::size_t kTemperatureLimits = 20;
 
+constexpr std::string_view kSolidNote =
+    "Coefficient of the polynomial that gives solid percent from the density. Written together with the limits.";
+constexpr Number Solid(std::string_view tag, TextId field, std::string_view caption,
+                       std::string_view note = kSolidNote) {
+  return {.tag = tag, .field = field, .caption = caption, .note = note};
+}
 constexpr Number kSolid[] = {
-    {.tag = "Coeff0", .field = id::txtParameter(228), .caption = "Pol Coeff 0"},
-    {.tag = "Coeff1", .field = id::txtParameter(227), .caption = "Pol Coeff 1"},
-    {.tag = "Coeff2", .field = id::txtParameter(226), .caption = "Pol Coeff 2"},
-    {.tag = "Coeff3", .field = id::txtParameter(225), .caption = "Pol Coeff 3"},
-    {.tag = "Coeff4", .field = id::txtParameter(224), .caption = "Pol Coeff 4"},
-    {.tag = "Coeff5", .field = id::txtParameter(221), .caption = "Pol Coeff 5"},
-    {.tag = "LimHi", .field = id::txtParameter(230), .caption = "Limit High"},
-    {.tag = "LimLo", .field = id::txtParameter(229), .caption = "Limit Low"},
+    Solid("Coeff0", id::txtParameter(228), "Pol Coeff 0"),
+    Solid("Coeff1", id::txtParameter(227), "Pol Coeff 1"),
+    Solid("Coeff2", id::txtParameter(226), "Pol Coeff 2"),
+    Solid("Coeff3", id::txtParameter(225), "Pol Coeff 3"),
+    Solid("Coeff4", id::txtParameter(224), "Pol Coeff 4"),
+    Solid("Coeff5", id::txtParameter(221), "Pol Coeff 5"),
+    Solid("LimHi", id::txtParameter(230), "Limit High",
+          "Highest solid percent: a higher result counts as this one. Written together with the coefficients."),
+    Solid("LimLo", id::txtParameter(229), "Limit Low",
+          "Lowest solid percent: a lower result counts as this one. Written together with the coefficients."),
 };
 constexpr std::size_t kPolynomial = 6;
 

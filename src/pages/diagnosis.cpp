@@ -6,6 +6,7 @@
 #include "codecs/mEnumeration.h"
 #include "codecs/mFunctions.h"
 #include "pages/answered_values.h"
+#include "pages/common_notes.h"
 #include "shell/page_steps.h"
 #include "shell/user_cntrl.h"
 
@@ -41,7 +42,7 @@ constexpr LayoutRow kSensorRows[] = {
      .captionControl = id::lbArray(278),
      .kind = RowKind::kStatus,
      .control = id::txtParameter(145),
-     .note = "What the sensors' electronics find wrong with them; None where all is well.",
+     .note = kSensorDiagNote,
      .role = RowRole::kVerdict,
      .health = HealthItem::kSensorDiag},
     {.caption = "Sensor Connected",
@@ -55,8 +56,6 @@ constexpr LayoutRow kSensorRows[] = {
      .control = id::txtParameter(141),
      .note = "Not initialized while one of the sensors is not."},
 };
-constexpr std::string_view kReadingNote = "Capacitance reading; above 9000 the sensor electronics do not answer.";
-constexpr std::string_view kReadingStatusNote = "How far the reading can be trusted.";
 constexpr LayoutRow kDeltaRows[] = {
     Captioned(id::lbArray(277), Value("Delta Press", id::txtParameter(175), id::lbArray(284))),
 };
@@ -74,8 +73,8 @@ constexpr LayoutRow kChainRows[] = {
                                       "In the unit of the measured type of a density device, else in g/cm³.")),
 };
 constexpr LayoutRow kPrimaryValueRows[] = {
-    Value("Value", id::txtParameter(174), id::lbArray(281), "The measured value of the transducer."),
-    Status(id::txtParameter(312), "How far the primary value can be trusted.", HealthItem::kPrimaryValue),
+    Value("Value", id::txtParameter(174), id::lbArray(281), kPrimaryValueNote),
+    Status(id::txtParameter(312), kPrimaryValueStatusNote, HealthItem::kPrimaryValue),
 };
 
 /// The output of a block: its tags, its fields, and what it tells of the health.

@@ -5,6 +5,7 @@
 #include "codecs/mFunctions.h"
 #include "codecs/status_tables.h"
 #include "codecs/unit_tables.h"
+#include "pages/common_notes.h"
 #include "pages/transducer_twins.h"
 #include "pages/trd_scales.h"
 #include "shell/page_steps.h"
@@ -29,7 +30,7 @@ constexpr LayoutRow kSettingsRows[] = {
     {.caption = "Primary Value Type",
      .kind = RowKind::kList,
      .control = id::cmbLevelPrimaryValueType,
-     .note = "A change sets the transducer to the defaults of the new type."},
+     .note = kNewTypeNote},
     {.caption = "Compensation",
      .kind = RowKind::kList,
      .control = id::cmbLevelCompensation,
@@ -37,6 +38,7 @@ constexpr LayoutRow kSettingsRows[] = {
     {.caption = "Linearization Type",
      .kind = RowKind::kList,
      .control = id::cmbLevelLinearizationType,
+     .note = kTableLinearizationNote,
      .role = RowRole::kLinearization},
     {.caption = "Gravity",
      .kind = RowKind::kNum,
@@ -53,7 +55,8 @@ constexpr LayoutRow kSettingsRows[] = {
      .kind = RowKind::kNum,
      .control = id::txtParameter(176),
      .unit = id::lbArray(348),
-     .note = "Shown with firmware 1.05 alone."},
+     .note = "Up to this pressure at the second sensor the compensation keeps the last density. Shown with firmware "
+             "1.05 alone."},
 };
 constexpr LayoutRow kScaleRows[] = {
     {.caption = "Transducer Pressure Scale",

@@ -9,6 +9,7 @@
 #include "codecs/mStatusProfibus.h"
 #include "pages/alarm_list.h"
 #include "pages/answered_values.h"
+#include "pages/common_notes.h"
 #include "shell/user_cntrl.h"
 
 // What the device does, from its sensors to the outputs of its blocks. Nothing is written here.
@@ -62,7 +63,6 @@ constexpr LayoutUnit kDeviceOutUnit = Echo(id::lbDeviceView(18));
 constexpr LayoutUnit kBlockPvUnit = Echo(id::lbDeviceView(31));
 constexpr LayoutUnit kBlockOutUnit = Echo(id::lbDeviceView(39));
 
-constexpr std::string_view kReadingNote = "Capacitance reading; above 9000 the sensor electronics do not answer.";
 constexpr LayoutRow kSensorRows[] = {
     Shown("Hi Value", id::lbDeviceView(3), {}, kReadingNote),
     Joined(Shown("Lo Value", id::lbDeviceView(12), {}, kReadingNote)),
@@ -89,10 +89,11 @@ constexpr LayoutRow kPrimaryValueRows[] = {
      .control = id::lbDeviceView(19),
      .secondKind = RowKind::kLabel,
      .second = id::lbDeviceView(55),
-     .note = "The measured value of the transducer, and in one word how far it can be trusted.",
+     .note = kPrimaryValueNote,
      .live = true,
      .large = true,
-     .health = HealthItem::kPrimaryValue},
+     .health = HealthItem::kPrimaryValue,
+     .secondNote = "In one word how far the primary value can be trusted."},
 };
 constexpr LayoutRow BlockRow(std::string_view caption, LabelId output) {
   return Wide(Large(Shown(caption, output, {}, "What the block reads, and behind the colon its output.")),
@@ -118,8 +119,8 @@ constexpr LayoutRow kTemperatureRows[] = {
     Shown("Temperature", id::lbDeviceView(21), kTemperatureUnit, "That of the sensors."),
     Shown("Status", id::lbDeviceView(56), {}, "In one word how far the temperature can be trusted."),
     Shown("Temperature Unit", id::lbDeviceView(22)),
-    Shown("Max Temp", id::lbDeviceView(23), kTemperatureUnit, "The highest so far."),
-    Shown("Min Temp", id::lbDeviceView(24), kTemperatureUnit, "The lowest so far."),
+    Shown("Max Temp", id::lbDeviceView(23), kTemperatureUnit, "Upper limit of the sensors' temperature."),
+    Shown("Min Temp", id::lbDeviceView(24), kTemperatureUnit, "Lower limit of the sensors' temperature."),
     Shown("Temp Cal Point", id::lbDeviceView(61), kTemperatureUnit),
 };
 constexpr LayoutRow kDeviceOutScaleRows[] = {

@@ -4,6 +4,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "navigation/tree.h"
+#include "pages/common_notes.h"
 #include "pages/pages.h"
 #include "pages/transducer_twins.h"
 #include "shell/user_cntrl.h"
@@ -18,7 +19,7 @@ constexpr LayoutRow kRows[] = {
     {.caption = "Primary Value Type",
      .kind = RowKind::kList,
      .control = id::cmbPVType,
-     .note = "A change sets the transducer to the defaults of the new type.",
+     .note = kNewTypeNote,
      .identity = IdentityItem::kMeasurement},
 };
 constexpr LayoutGroup kGroups[] = {{.caption = "Primary Value Type", .rows = kRows}};

@@ -6,6 +6,7 @@
 
 #include "codecs/mEnumeration.h"
 #include "codecs/mStatusProfibus.h"
+#include "pages/common_notes.h"
 #include "shell/user_cntrl.h"
 
 /// What the settings pages of the measurement types have twice, once for each page's own controls.
@@ -25,6 +26,10 @@ inline void TakePrimaryValueType(UserCntrl& c, const Answer& a, ChoiceId list, s
 
 /// Linearizations of the types that know no square root.
 inline constexpr std::string_view kTableLinearizations[] = {"No Linearization.", "User Defined(Table)"};
+// Only the page of pressure and flow opens the table.
+inline constexpr std::string_view kTableLinearizationNote =
+    "Whether the value goes through the table of points. The points can be entered with type Pressure or Flow; until "
+    "a table is accepted the device refuses this choice.";
 
 /// The simulation of the transducer's value.
 struct SimulateFields {
@@ -41,8 +46,15 @@ constexpr std::array<LayoutRow, 3> SimulateRows(const SimulateFields& fields) {
        .note = "While enabled, value and status replace what is measured.",
        .role = RowRole::kSimulate,
        .health = HealthItem::kSimulateValue},
-      {.caption = "Value", .kind = RowKind::kNum, .control = fields.value},
-      {.caption = "Status", .kind = RowKind::kList, .control = fields.status, .width = WidthClass::kW},
+      {.caption = "Value",
+       .kind = RowKind::kNum,
+       .control = fields.value,
+       .note = "Stands for the measured value while simulation is enabled. No unit is reported."},
+      {.caption = "Status",
+       .kind = RowKind::kList,
+       .control = fields.status,
+       .width = WidthClass::kW,
+       .note = "Status that the simulated value bears. Written together with it."},
   }};
 }
 
@@ -78,16 +90,17 @@ struct SensorValueFields {
   LabelId temperatureUnit;
 };
 
-constexpr LayoutRow LiveValue(std::string_view caption, TextId value, LayoutUnit unit = {}, ControlId status = {},
-                              std::string_view note = {}, HealthItem health = HealthItem::kNone) {
-  return {.caption = caption,
-          .kind = RowKind::kValue,
-          .control = value,
-          .unit = unit,
-          .second = status,
-          .note = note,
-          .live = true,
-          .health = health};
+constexpr LayoutRow LiveValue(std::string_view caption, TextId value, LayoutUnit unit = {},
+                              std::string_view note = {}) {
+  return {.caption = caption, .kind = RowKind::kValue, .control = value, .unit = unit, .note = note, .live = true};
+}
+
+constexpr LayoutRow WithStatus(LayoutRow row, TextId status, std::string_view note,
+                               HealthItem health = HealthItem::kNone) {
+  row.second = status;
+  row.secondNote = note;
+  row.health = health;
+  return row;
 }
 
 constexpr std::array<LayoutRow, 8> SensorValueRows(const SensorValueFields& f) {
@@ -100,14 +113,15 @@ constexpr std::array<LayoutRow, 8> SensorValueRows(const SensorValueFields& f) {
       {.caption = "Sensor Diag",
        .kind = RowKind::kStatus,
        .control = f.diag,
+       .note = kSensorDiagNote,
        .live = true,
        .role = RowRole::kVerdict,
        .health = HealthItem::kSensorDiag},
       LiveValue("Delta Press", f.deltaPress, ControlId{f.deltaPressUnit}),
-      LiveValue("Hi Value", f.hi, ControlId{f.hiUnit}, f.hiStatus, "Capacitance reading."),
-      LiveValue("Lo Value", f.lo, ControlId{f.loUnit}, {}, "Capacitance reading; its status is not shown."),
-      LiveValue("Primary Value", f.primaryValue, ControlId{f.primaryValueUnit}, f.primaryValueStatus, {},
-                HealthItem::kPrimaryValue),
+      WithStatus(LiveValue("Hi Value", f.hi, ControlId{f.hiUnit}, kReadingNote), f.hiStatus, kReadingStatusNote),
+      LiveValue("Lo Value", f.lo, ControlId{f.loUnit}, kReadingWithoutStatusNote),
+      WithStatus(LiveValue("Primary Value", f.primaryValue, ControlId{f.primaryValueUnit}, kPrimaryValueNote),
+                 f.primaryValueStatus, kPrimaryValueStatusNote, HealthItem::kPrimaryValue),
       LiveValue("Specific Weight", f.weight),
       LiveValue("Temp.", f.temperature, ControlId{f.temperatureUnit}),
   }};

@@ -33,12 +33,19 @@ constexpr std::string_view kFlowUnits[] = {
 // ---- layout
 
 constexpr LayoutRow kInputRows[] = {
-    {.caption = "Upper [EU (100%)]", .kind = RowKind::kNum, .control = id::txtParameter(99)},
-    {.caption = "Lower [EU (0%)]", .kind = RowKind::kNum, .control = id::txtParameter(100)},
+    {.caption = "Upper [EU (100%)]",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(99),
+     .note = "What counts as 100 %. Written together with the lower value and the unit."},
+    {.caption = "Lower [EU (0%)]",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(100),
+     .note = "What counts as 0 %. Written together with the upper value and the unit."},
     {.caption = kPressureCaption,
      .captionControl = id::lbArray(107),
      .kind = RowKind::kList,
-     .control = id::cmbPressureUnit},
+     .control = id::cmbPressureUnit,
+     .note = "Unit of the two values above, which are not converted. Written together with them."},
 };
 constexpr LayoutRow kInputLimitRows[] = {
     {.caption = "Upper Sensor Limit",
@@ -56,8 +63,14 @@ constexpr LayoutGroup kInputGroups[] = {
 };
 
 constexpr LayoutRow kOutputRows[] = {
-    {.caption = "Upper [EU (100%)]", .kind = RowKind::kNum, .control = id::txtParameter(92)},
-    {.caption = "Lower [EU (0%)]", .kind = RowKind::kNum, .control = id::txtParameter(81)},
+    {.caption = "Upper [EU (100%)]",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(92),
+     .note = "Measured value at 100 %. On a density device it follows the measured type and cannot be written."},
+    {.caption = "Lower [EU (0%)]",
+     .kind = RowKind::kNum,
+     .control = id::txtParameter(81),
+     .note = "Measured value at 0 %. On a density device it follows the measured type and cannot be written."},
     {.caption = "Write",
      .captionControl = id::Command1,
      .kind = RowKind::kWrite,
@@ -65,7 +78,11 @@ constexpr LayoutRow kOutputRows[] = {
      .note = "Sends the scale and the unit, as the other button does."},
 };
 constexpr LayoutRow kOutputUnitRows[] = {
-    {.caption = "Output Unit (EU)", .kind = RowKind::kList, .control = id::cmbUnitScaleOutput},
+    {.caption = "Output Unit (EU)",
+     .kind = RowKind::kList,
+     .control = id::cmbUnitScaleOutput,
+     .note = "Unit of the measured value and of the scale, whose numbers are not converted. On a density device it "
+             "follows the measured type and cannot be written."},
     {.caption = "Write",
      .captionControl = id::Command2,
      .kind = RowKind::kWrite,
@@ -83,7 +100,11 @@ constexpr LayoutRow kOutputLimitRows[] = {
      .unit = id::lbArray(314)},
 };
 constexpr LayoutRow kMeasureTypeRows[] = {
-    {.caption = "Measure Type", .kind = RowKind::kList, .control = id::cmbMeasType},
+    {.caption = "Measure Type",
+     .kind = RowKind::kList,
+     .control = id::cmbMeasType,
+     .note = "As which density or concentration the device reports what it measures. Scale and unit of the output "
+             "follow it."},
     {.caption = "Write",
      .captionControl = id::CmdWriteMeasType,
      .kind = RowKind::kWrite,

@@ -29,11 +29,13 @@ constexpr LayoutRow kMeasuringRows[] = {
     {.caption = "Primary Value Type",
      .kind = RowKind::kList,
      .control = id::cmbPrimaryValueType,
-     .note = "Written together with the linearization."},
+     .note = "What the transducer measures, written together with the linearization. A change sets the transducer to "
+             "the defaults of the new type."},
     {.caption = "Linearization Type",
      .kind = RowKind::kList,
      .control = id::cmbLinearizationType,
-     .note = "Decides which settings this page shows.",
+     .note = "The curve from pressure to measured value, which decides what this page shows. Until a table is accepted "
+             "the device refuses the choices with one.",
      .role = RowRole::kLinearization},
     {.caption = "Table Points",
      .captionControl = id::cmdTablePoints,
@@ -91,7 +93,10 @@ constexpr LayoutGroup kSettingsGroups[] = {
     {.tab = 3, .caption = "Sensor Value", .rows = kSensorValueRows},
 };
 constexpr LayoutRow kTemperatureRows[] = {
-    {.caption = "Temperature Unit", .kind = RowKind::kList, .control = id::cmbTempUnits},
+    {.caption = "Temperature Unit",
+     .kind = RowKind::kList,
+     .control = id::cmbTempUnits,
+     .note = "Once written, the device reports the sensors' temperature and its calibration point in it."},
 };
 constexpr LayoutGroup kTemperatureGroups[] = {{.caption = "Temperature Unit", .rows = kTemperatureRows}};
 

@@ -63,7 +63,9 @@ constexpr std::array<LayoutRow, kMostPoints> kPointRows = [] {
                .control = kTablePoints[i].x,
                .secondKind = RowKind::kNum,
                .second = kTablePoints[i].y,
-               .secondCaption = kPointNames[i].y};
+               .secondCaption = kPointNames[i].y,
+               .note = "Where the point lies on the curve's input, in percent. The device wants it above the X before.",
+               .secondNote = "The curve's output at this point, in percent. The device refuses a curve that falls."};
   }
   return rows;
 }();

@@ -18,7 +18,8 @@ std::string Joined(std::initializer_list<std::string_view> parts, std::string_vi
 }  // namespace
 
 std::string_view NoteOf(const LayoutRow& row, ControlId control) {
-  return row.control == control ? row.note : std::string_view();
+  if (row.control == control) return row.note;
+  return row.second == control ? row.secondNote : std::string_view();
 }
 
 std::string DescriptionOf(const ScreenRow& row, std::string_view note) {

@@ -11,7 +11,7 @@
 // What a view tells of a field on request: tooltip, description for assistive technology, context menu.
 namespace htr60::presentation {
 
-/// What the layout notes of a control; the note of a row is that of its first control.
+/// What the row of a control notes of it; none of a control that is not one of its two.
 std::string_view NoteOf(const LayoutRow& row, ControlId control);
 
 /// Marker and note: "not written; Decimal separator here is .; The upper end."

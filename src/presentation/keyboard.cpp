@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "presentation/field_help.h"
 #include "presentation/presentation.h"
 
 namespace htr60::presentation {
@@ -291,7 +292,9 @@ HelpText Keyboard::Help() const {
   HelpText help{.title = screen.title, .lines = {screen.purpose}};
   const std::vector<Stop> stops = Stops();
   const Stop* stop = focus_.Among(stops);
-  if (stop != nullptr && stop->row != nullptr && !stop->row->note.empty()) help.lines.emplace_back(stop->row->note);
+  if (stop == nullptr || stop->row == nullptr) return help;
+  const std::string_view note = NoteOf(*stop->row, stop->spot.control);
+  if (!note.empty()) help.lines.emplace_back(note);
   return help;
 }
 
