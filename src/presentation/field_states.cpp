@@ -21,6 +21,21 @@ bool IsVerdict(FieldState state) {
          state == FieldState::kShown;
 }
 
+// At most: some stand on several pages.
+std::size_t CountFields(const PageRegistry& pages) {
+  std::size_t count = 0;
+  for (const PageUnit* unit : pages.units) {
+    for (const PageLayout& page : unit->layouts) {
+      for (const LayoutGroup& group : page.groups) {
+        for (const LayoutRow& row : group.rows) {
+          count += (CanBeEdited(row.kind) ? 1U : 0U) + (row.second && CanBeEdited(row.secondKind) ? 1U : 0U);
+        }
+      }
+    }
+  }
+  return count;
+}
+
 const LayoutGroup* GroupOf(ControlId control, const PageLayout& page) {
   for (const LayoutGroup& group : page.groups) {
     for (const LayoutRow& row : group.rows) {
@@ -47,6 +62,7 @@ TabsInFront TabsOf(Form& form, const PageLayout& page) {
 FieldStates::FieldStates(UserCntrl& control, Clock now) : control_(control), now_(std::move(now)) {
   fieldOf_.assign(kControlCount, -1);
   NodeActivated();
+  fields_.reserve(CountFields(control_.Pages()));
   for (const PageUnit* unit : control_.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
       const std::size_t first = fields_.size();

@@ -107,6 +107,7 @@ void Focus::NoteSet() {
 
 void Focus::Arrive(Spot spot) {
   at_ = spot;
+  moved_ = true;
   select_ = false;
   edited_ = false;
   NoteSet();
@@ -159,6 +160,7 @@ void Focus::BarAsks() {
 
 void Focus::Turn(const std::vector<Stop>& stops, const PageLayout* page) {
   const Stop* stop = Among(stops);
+  moved_ = false;
   Settle(stops, page, stop == nullptr && !(at_ == Spot()));
   if (!at_.control) return;
   if (stop != nullptr && stop->spot == at_ && stop->place == Place::kLabel) {

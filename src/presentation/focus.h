@@ -82,7 +82,9 @@ class Focus {
   /// Once after it was asked for: the text of the field at the focus is to be selected.
   bool TakeSelect() { return std::exchange(select_, false); }
   /// No turn moves it: it stands where nothing goes out of sight, and no act has left anything.
-  bool Rests() const { return pending_ == Pending::kNone && (at_ == Spot::Part::kTree || at_ == Spot()); }
+  bool Rests() const { return !Moved() && (at_ == Spot::Part::kTree || at_ == Spot()); }
+  /// It came here, or is to go somewhere, since the last turn.
+  bool Moved() const { return moved_ || pending_ != Pending::kNone; }
 
   /// The operator has edited that control.
   void Edited(ControlId control) { edited_ = edited_ || at_ == Spot(control); }
@@ -124,6 +126,7 @@ class Focus {
 
   UserCntrl& control_;
   Spot at_ = Spot::Part::kTree;
+  bool moved_ = false;
   bool select_ = false;
   bool edited_ = false;  // since the focus came
   std::string before_;

@@ -276,8 +276,8 @@ bool Keyboard::Edit(std::string_view letters) {
 
 // ---- once a turn
 
-void Keyboard::Turn() {
-  if (list_ == nullptr && focus_.Rests()) return;
+void Keyboard::Turn(bool changed) {
+  if (list_ == nullptr && (focus_.Rests() || (!changed && !focus_.Moved()))) return;
   const std::vector<Stop> stops = Stops();
   focus_.Turn(stops, presented_.Page());
   if (list_ == nullptr) return;

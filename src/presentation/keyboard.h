@@ -70,8 +70,8 @@ class Keyboard {
   void Returned() { focus_.Returned(); }
   void BarAsks() { focus_.BarAsks(); }
   void Edited(ControlId control) { focus_.Edited(control); }
-  /// Once a turn, after the page in front was noted.
-  void Turn();
+  /// Once a turn, after the page in front was noted. `changed`: what is shown may have.
+  void Turn(bool changed);
 
  private:
   std::vector<Stop> Stops() const;

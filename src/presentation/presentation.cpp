@@ -248,7 +248,7 @@ FormChanges Presentation::Turn() {
   if (asksToClose_ && states_.Unwritten().empty()) asksToClose_ = false;
   const std::int64_t now = surroundings_.now();
   announcer_.Turn(changes, page_, page_ != nullptr && line_.Late(now) ? line_.Text(now) : std::string());
-  keyboard_.Turn();
+  keyboard_.Turn(IsOld());
   return changes;
 }
 
