@@ -175,6 +175,7 @@ int GroupView::PlaceOfWords(const Line& line) const {
   for (const std::size_t i : line.rows) {
     const Row& made = rows_[i];
     if (made.cell == nullptr || !CanBeChanged(made.cell->Kind())) continue;
+    if (made.row->role == RowRole::kAccessCode) continue;  // it has no state
     last = made.second != nullptr ? made.second->Widget() : made.cell->Widget();
     if (made.unit != nullptr && made.second == nullptr) last = made.unit;
   }
