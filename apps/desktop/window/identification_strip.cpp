@@ -17,69 +17,22 @@ using presentation::kIdentityParts;
 
 }  // namespace
 
-CopyLabel::CopyLabel(QWidget* parent) : QLabel(parent) {
+CopyLabel::CopyLabel(QWidget* parent) : FittedText(parent) {
   setTextFormat(Qt::PlainText);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void CopyLabel::SetFullText(const QString& text) {
-  if (text == full_) return;
-  full_ = text;
-  updateGeometry();
-  Fit();
-}
-
-QSize CopyLabel::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(full_) + fontMetrics().averageCharWidth(), fontMetrics().height()};
-}
-
-QSize CopyLabel::minimumSizeHint() const {
-  return {qMin(sizeHint().width(), 8 * fontMetrics().averageCharWidth()), fontMetrics().height()};
-}
-
-void CopyLabel::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
-  Fit();
-}
-
-void CopyLabel::Fit() { setText(fontMetrics().elidedText(full_, Qt::ElideRight, qMax(width(), 1))); }
-
 void CopyLabel::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
-  menu.addAction(tr("Copy"), this, [this] { QApplication::clipboard()->setText(full_); });
+  menu.addAction(tr("Copy"), this, [this] { QApplication::clipboard()->setText(FullText()); });
   menu.exec(event->globalPos());
 }
 
-HealthButton::HealthButton(QWidget* parent) : QToolButton(parent) {
+HealthButton::HealthButton(QWidget* parent) : FittedText(parent) {
   setAutoRaise(true);
   setFocusPolicy(Qt::NoFocus);  // the tree leads there by keyboard
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-}
-
-void HealthButton::SetFullText(const QString& text) {
-  if (text == full_) return;
-  full_ = text;
-  updateGeometry();
-  Fit();
-}
-
-QSize HealthButton::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(full_) + 2 * fontMetrics().averageCharWidth(), fontMetrics().height()};
-}
-
-QSize HealthButton::minimumSizeHint() const {
-  return {qMin(sizeHint().width(), 8 * fontMetrics().averageCharWidth()), fontMetrics().height()};
-}
-
-void HealthButton::resizeEvent(QResizeEvent* event) {
-  QToolButton::resizeEvent(event);
-  Fit();
-}
-
-void HealthButton::Fit() {
-  const int room = qMax(width() - fontMetrics().averageCharWidth(), 1);
-  setText(fontMetrics().elidedText(full_, Qt::ElideRight, room));
 }
 
 IdentificationStrip::IdentificationStrip(QWidget* parent)

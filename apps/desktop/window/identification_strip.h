@@ -14,43 +14,56 @@
 
 namespace htr60::desktop {
 
-/// A text that can be copied whole, also where only its beginning fits.
-class CopyLabel final : public QLabel {
-  Q_OBJECT
-
+/// A text of which only the beginning is shown where it does not fit. `kAside`: characters that the widget needs beside
+/// it.
+template <class Widget, int kAside>
+class FittedText : public Widget {
  public:
-  explicit CopyLabel(QWidget* parent);
-  void SetFullText(const QString& text);
+  using Widget::Widget;
+  void SetFullText(const QString& text) {
+    if (text == full_) return;
+    full_ = text;
+    this->updateGeometry();
+    Fit();
+  }
   const QString& FullText() const { return full_; }
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override;
+  QSize sizeHint() const override {
+    const QFontMetrics metrics = this->fontMetrics();
+    return {metrics.horizontalAdvance(full_) + (kAside + 1) * metrics.averageCharWidth(), metrics.height()};
+  }
+  QSize minimumSizeHint() const override {
+    const QSize wanted = sizeHint();
+    return {qMin(wanted.width(), 8 * this->fontMetrics().averageCharWidth()), wanted.height()};
+  }
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
-  void contextMenuEvent(QContextMenuEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override {
+    Widget::resizeEvent(event);
+    Fit();
+  }
 
  private:
-  void Fit();
+  void Fit() {
+    const int room = this->width() - kAside * this->fontMetrics().averageCharWidth();
+    this->setText(this->fontMetrics().elidedText(full_, Qt::ElideRight, qMax(room, 1)));
+  }
+
   QString full_;
 };
 
-/// The health of the instrument; a press leads to where it was read.
-class HealthButton final : public QToolButton {
-  Q_OBJECT
-
+/// Can be copied whole, also where only its beginning fits.
+class CopyLabel final : public FittedText<QLabel, 0> {
  public:
-  explicit HealthButton(QWidget* parent);
-  void SetFullText(const QString& text);
-  const QString& FullText() const { return full_; }
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override;
+  explicit CopyLabel(QWidget* parent);
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+};
 
- private:
-  void Fit();
-  QString full_;
+/// The health of the instrument; a press leads to where it was read.
+class HealthButton final : public FittedText<QToolButton, 1> {
+ public:
+  explicit HealthButton(QWidget* parent);
 };
 
 /// Who the instrument is, as the program set it last, never what is being typed.
