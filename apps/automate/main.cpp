@@ -5,6 +5,11 @@
 #include <string_view>
 #include <system_error>
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 #include "automate/interpreter.h"
 
 namespace {
@@ -50,6 +55,11 @@ int main(int argc, char** argv) {
 #ifdef SIGPIPE
   // A reader that has gone is told as a failure of the write, not by a signal.
   std::signal(SIGPIPE, SIG_IGN);
+#endif
+#ifdef _WIN32
+  // As text, a byte 1A would end the input and each line of the output end in two characters.
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
 #endif
   std::ios::sync_with_stdio(false);
   for (int i = 1; i < argc; ++i) {

@@ -52,7 +52,7 @@ std::string TimeSinceStart(std::int64_t milliseconds) {
   return text;
 }
 
-BoxButton Chosen(const MessageBox& box, std::string_view answer) {
+BoxButton Chosen(const ModalBox& box, std::string_view answer) {
   const auto has = [&](BoxButton button) {
     return std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end();
   };
@@ -109,7 +109,7 @@ void VirtualHost::Advance(std::int64_t milliseconds) {
   now_ = std::max(now_, target);
 }
 
-BoxButton VirtualHost::Show(const MessageBox& box) {
+BoxButton VirtualHost::Show(const ModalBox& box) {
   BoxAnswer next;
   if (!boxAnswers_.empty()) {
     next = std::move(boxAnswers_.front());

@@ -87,7 +87,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
     std::vector<std::string> during;  // JSON texts
   };
 
-  BoxButton Show(const MessageBox& box) override;
+  BoxButton Show(const ModalBox& box) override;
   void Arm(int timer, std::int32_t milliseconds) override;
   void Disarm(int timer) override;
   bool Load(std::string_view fileName) override;

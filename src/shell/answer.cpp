@@ -1,11 +1,8 @@
 #include "shell/answer.h"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <limits>
 #include <numeric>
-#include <random>
 
 #include "codecs/mFunctions.h"
 #include "text/failure.h"
@@ -106,13 +103,7 @@ void Answer::Complete() {
   });
 }
 
-AnswerReader::AnswerReader() : parser_(XML_ParserCreate("UTF-8")), salt_(std::random_device()() | 1U) {
-  if (parser_ == nullptr) throw RuntimeFailure("no XML parser");
-}
-
-AnswerReader::~AnswerReader() { XML_ParserFree(parser_); }
-
-void AnswerReader::OnElement(void* self, const char*, const char** attributes) {
+void AnswerReader::OnStart(const char*, const char* const* attributes) {
   const char* tag = nullptr;
   const char* value = nullptr;
   for (; *attributes != nullptr; attributes += 2) {
@@ -122,27 +113,7 @@ void AnswerReader::OnElement(void* self, const char*, const char** attributes) {
       value = attributes[1];
     }
   }
-  if (tag == nullptr) return;
-  auto& reader = *static_cast<AnswerReader*>(self);
-  try {
-    reader.answer_.Add(tag, value);
-  } catch (...) {  // out of memory: nothing may be thrown through the parser
-    XML_StopParser(reader.parser_, XML_FALSE);
-  }
-}
-
-void AnswerReader::OnDoctype(void* self, const char*, const char*, const char*, int) {
-  XML_StopParser(static_cast<AnswerReader*>(self)->parser_, XML_FALSE);
-}
-
-bool AnswerReader::Parse(std::string_view document) {
-  // As large as they may be: the parser begins a long text anew with each piece.
-  constexpr std::size_t kPiece = std::size_t{1} << 30U;
-  while (document.size() > kPiece) {
-    if (XML_Parse(parser_, document.data(), static_cast<int>(kPiece), XML_FALSE) != XML_STATUS_OK) return false;
-    document.remove_prefix(kPiece);
-  }
-  return XML_Parse(parser_, document.data(), static_cast<int>(document.size()), XML_TRUE) == XML_STATUS_OK;
+  if (tag != nullptr) answer_.Add(tag, value);
 }
 
 const Answer* AnswerReader::Read(std::string_view document) {
@@ -150,13 +121,7 @@ const Answer* AnswerReader::Read(std::string_view document) {
   outgrown_ = outgrown_ || document.size() > kLarge;
   answer_.Clear();
   if (document.size() > std::numeric_limits<std::uint32_t>::max()) return nullptr;
-  // A reset keeps the parser's memory and drops its handlers; the encoding given here overrides a declared one.
-  XML_ParserReset(parser_, "UTF-8");
-  XML_SetHashSalt(parser_, salt_);
-  XML_SetUserData(parser_, this);
-  XML_SetStartElementHandler(parser_, &AnswerReader::OnElement);
-  XML_SetStartDoctypeDeclHandler(parser_, &AnswerReader::OnDoctype);
-  if (!Parse(document)) return nullptr;
+  if (!reader_.Read(document, *this)) return nullptr;
   answer_.Complete();
   return &answer_;
 }

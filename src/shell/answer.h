@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-struct XML_ParserStruct;
+#include "text/xml_reader.h"
 
 namespace htr60 {
 
@@ -55,13 +55,8 @@ class Answer {
 };
 
 /// Reads answers one after the other with one parser and one set of buffers.
-class AnswerReader {
+class AnswerReader final : private XmlElements {
  public:
-  AnswerReader();
-  ~AnswerReader();
-  AnswerReader(const AnswerReader&) = delete;
-  AnswerReader& operator=(const AnswerReader&) = delete;
-
   /// Reads `document` (UTF-8, an encoding that it declares is not applied). Null unless it is well-formed to its end
   /// and smaller than 4 GiB; a DOCTYPE counts as not well-formed, so nothing is expanded or fetched. The answer lives
   /// until the next `Read`.
@@ -71,12 +66,9 @@ class AnswerReader {
   bool Outgrown() const { return outgrown_; }
 
  private:
-  static void OnElement(void* self, const char* name, const char** attributes);
-  static void OnDoctype(void* self, const char*, const char*, const char*, int);
-  bool Parse(std::string_view document);
+  void OnStart(const char* name, const char* const* attributes) override;
 
-  XML_ParserStruct* parser_;
-  unsigned long salt_;  // of the parser's own tables: a fresh one for each answer is a system call for each
+  XmlReader reader_;
   bool outgrown_ = false;
   Answer answer_;
 };

@@ -53,7 +53,7 @@ class IDtm {
 enum class BoxIcon { kNone, kInformation, kStop };
 enum class BoxButton { kOk, kYes, kNo };
 
-struct MessageBox {
+struct ModalBox {
   std::string_view text;
   std::string_view caption;
   BoxIcon icon = BoxIcon::kNone;
@@ -65,7 +65,7 @@ class IMessageBoxes {
  public:
   virtual ~IMessageBoxes() = default;
   /// Closing a Yes/No box by other means returns `kNo`, closing an OK box `kOk`.
-  virtual BoxButton Show(const MessageBox& box) = 0;
+  virtual BoxButton Show(const ModalBox& box) = 0;
 };
 
 /// One-shot timers on the control's one thread. `timer` numbers the control's timers from 0; arming an armed timer

@@ -10,7 +10,7 @@
 namespace htr60 {
 
 struct NoBoxes final : IMessageBoxes {
-  BoxButton Show(const MessageBox& box) override { return box.buttons.front(); }
+  BoxButton Show(const ModalBox& box) override { return box.buttons.front(); }
 };
 struct NoTimers final : ITimers {
   void Arm(int, std::int32_t) override {}

@@ -17,7 +17,7 @@ struct PlainPorts : IMessageBoxes, ITimers, IIcons, IFormWatcher {
   bool disarmFails = false;
   bool watcherFails = false;
 
-  BoxButton Show(const MessageBox& box) override { return box.buttons.front(); }
+  BoxButton Show(const ModalBox& box) override { return box.buttons.front(); }
   void Arm(int, std::int32_t) override {}
   void Disarm(int) override {
     if (disarmFails) throw RuntimeFailure("no timer service");

@@ -97,7 +97,7 @@ inline constexpr PageRegistry kTestPages{.units = kTestUnits,
                                          .onTreeNodeClick = [](UserCntrl&, std::string_view, int) {}};
 
 struct SilentPorts : IMessageBoxes, ITimers, IIcons {
-  BoxButton Show(const MessageBox& /*box*/) override { return BoxButton::kOk; }
+  BoxButton Show(const ModalBox& /*box*/) override { return BoxButton::kOk; }
   void Arm(int /*timer*/, std::int32_t /*milliseconds*/) override {}
   void Disarm(int /*timer*/) override {}
   bool Load(std::string_view /*fileName*/) override { return true; }

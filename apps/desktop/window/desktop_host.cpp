@@ -66,7 +66,7 @@ DesktopHost::~DesktopHost() {
   clock_.SetAlarm(std::nullopt);
 }
 
-BoxButton DesktopHost::Show(const MessageBox& box) {
+BoxButton DesktopHost::Show(const ModalBox& box) {
   ++openBoxes_;
   const auto closing = qScopeGuard([this] {
     --openBoxes_;

@@ -53,7 +53,7 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
     std::uint64_t armed = 0;  // of two that are due at once the one armed first
   };
 
-  BoxButton Show(const MessageBox& box) override;
+  BoxButton Show(const ModalBox& box) override;
   void Arm(int timer, std::int32_t milliseconds) override;
   void Disarm(int timer) override;
   bool Load(std::string_view fileName) override;
