@@ -1,5 +1,6 @@
 # What the cross build needs beside the compiler: the JSON headers in a folder of their own, for the whole of
-# /usr/include would take the host's headers with it; the icons and the type library's compiler.
+# /usr/include would take the host's headers with it; the icons, and resources.
+enable_language(RC)
 set(HTR60_JSON_FOLDER /usr/include CACHE PATH "Folder of the nlohmann headers")
 if(NOT EXISTS ${HTR60_JSON_FOLDER}/nlohmann/json.hpp)
   message(FATAL_ERROR "No nlohmann/json.hpp in ${HTR60_JSON_FOLDER}: set HTR60_JSON_FOLDER")

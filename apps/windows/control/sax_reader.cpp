@@ -130,8 +130,8 @@ struct XmlReader::Parser {
 
 XmlReader::Parser::Parser() {
   for (const CLSID& id : {kReader60, kReader30}) {
-    if (SUCCEEDED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, kSaxReader,
-                                   reinterpret_cast<void**>(reader.Out())))) {
+    if (SUCCEEDED(
+            CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, kSaxReader, reinterpret_cast<void**>(reader.Out())))) {
       break;
     }
   }
