@@ -12,3 +12,4 @@
 #include <ocidl.h>
 #include <ole2.h>
 #include <olectl.h>
+#include <shellapi.h>

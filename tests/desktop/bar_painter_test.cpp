@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QImage>
 
+#include "figures/spread.h"
+
 namespace htr60::desktop {
 namespace {
 
@@ -26,7 +28,7 @@ TEST(BarPainter, LabelsStandApartInTheirOrder) {
       {{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},  // more than there is room for
        {0, 5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 55, 60, 65, 70, 75, 80, 85, 90, 95, 100}},
   };
-  for (const Case& c : cases) EXPECT_EQ(SpreadLabels(c.wanted, 10, 0, 100), c.places);
+  for (const Case& c : cases) EXPECT_EQ(figures::SpreadLabels(c.wanted, 10, 0, 100), c.places);
 }
 
 FigureBar Bar() {

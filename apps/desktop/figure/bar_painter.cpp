@@ -1,31 +1,12 @@
 #include "desktop/figure/bar_painter.h"
 
 #include <algorithm>
-#include <numeric>
 
 #include "desktop/figure/shapes.h"
 #include "desktop/qt_text.h"
+#include "figures/spread.h"
 
 namespace htr60::desktop {
-
-std::vector<double> SpreadLabels(const std::vector<double>& wanted, double step, double from, double to) {
-  std::vector<std::size_t> order(wanted.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return wanted[a] < wanted[b]; });
-  if (order.size() > 1) step = std::min(step, std::max(0.0, to - from) / static_cast<double>(order.size() - 1));
-  std::vector<double> places(wanted.size());
-  double least = from;
-  for (const std::size_t i : order) {
-    places[i] = std::max(wanted[i], least);
-    least = places[i] + step;
-  }
-  double most = std::max(from, to);
-  for (auto i = order.rbegin(); i != order.rend(); ++i) {
-    places[*i] = std::min(places[*i], most);
-    most = places[*i] - step;
-  }
-  return places;
-}
 
 namespace {
 
@@ -141,7 +122,7 @@ void BarPainter::PaintMarks(QPainter& painter, double right) const {
   std::vector<double> wanted;
   for (const BarMark& mark : bar_.marks) wanted.push_back(Y(mark.at));
   const double line = metrics_.lineSpacing();
-  const auto places = SpreadLabels(wanted, line, body_.top() - line / 2, body_.bottom() + line / 2);
+  const auto places = figures::SpreadLabels(wanted, line, body_.top() - line / 2, body_.bottom() + line / 2);
   const QColor ink = AccentColor(palette_);
   for (std::size_t i = 0; i < bar_.marks.size(); ++i) {
     const BarMark& mark = bar_.marks[i];
@@ -166,7 +147,7 @@ void BarPainter::PaintLeft(QPainter& painter) const {
   for (const FigureTick& tick : bar_.axis.ticks) wanted.push_back(Y(tick.value));
   if (bar_.pointer) wanted.push_back(Y(bar_.pointer->at));
   const double line = metrics_.lineSpacing();
-  const auto places = SpreadLabels(wanted, line, body_.top() - line / 2, body_.bottom() + line / 2);
+  const auto places = figures::SpreadLabels(wanted, line, body_.top() - line / 2, body_.bottom() + line / 2);
   const double right = body_.left() - gap_ * kPointerRoom;
   painter.setPen(palette_.color(QPalette::WindowText));
   for (std::size_t i = 0; i < bar_.axis.ticks.size(); ++i) {

@@ -12,10 +12,6 @@
 
 namespace htr60::desktop {
 
-/// Places for labels that want to stand at `wanted`, in any order: at least `step` apart where the room from `from` to
-/// `to` allows it, none beyond its ends, in the order of what they want.
-std::vector<double> SpreadLabels(const std::vector<double>& wanted, double step, double from, double to);
-
 /// Paints a bar upright: the numbers of its ends and the pointer on its left, marks and spans on its right.
 class BarPainter {
  public:

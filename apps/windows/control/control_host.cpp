@@ -53,8 +53,10 @@ UINT StyleOf(const ModalBox& box) {
 
 }  // namespace
 
-ControlHost::ControlHost(IUnknown& owner)
-    : owner_(owner), receiver_(ComPtr<Receiver>::Attach(new Receiver(*this, Handle(), kAnswer))) {
+ControlHost::ControlHost(IUnknown& owner, Around around)
+    : owner_(owner),
+      around_(std::move(around)),
+      receiver_(ComPtr<Receiver>::Attach(new Receiver(*this, Handle(), kAnswer))) {
   calls_->ended = [receiver = receiver_] { receiver->Resume(); };
   const Ports ports{
       .boxes = *this, .timers = *this, .icons = *this, .watcher = this, .decimalSeparator = DecimalSeparator()};
@@ -82,7 +84,7 @@ void ControlHost::OnMessage(UINT message, WPARAM word) {
     case WM_TIMER:
       return TimerIsDue(word);
     case kTurn:
-      return Turn();
+      return TurnNow();
     case kAnswer:
       return receiver_->HandleOne();
     default:
@@ -107,7 +109,7 @@ void ControlHost::Disarm(int timer) { KillTimer(Handle(), static_cast<UINT_PTR>(
 void ControlHost::TimerIsDue(UINT_PTR timer) {
   if (timer == kDeadline) {
     KillTimer(Handle(), timer);
-    Turn();
+    TurnNow();
   } else if (!Full()) {
     KillTimer(Handle(), timer);
     control_->TimerDue(static_cast<int>(timer) - 1);
@@ -119,9 +121,11 @@ void ControlHost::FormChanged() {
   turnPosted_ = PostMessageW(Handle(), kTurn, 0, 0) != FALSE;
 }
 
-void ControlHost::Turn() {
+void ControlHost::TurnNow() {
   turnPosted_ = false;
   presentation_->Turn();
+  presentation_->Show();
+  around_.turned();
   if (const auto at = presentation_->NextDeadline()) {
     constexpr std::int64_t kLongest = 24 * 60 * 60 * 1000;
     const std::int64_t wait = std::clamp<std::int64_t>(*at - Now(), 0, kLongest);
@@ -138,7 +142,9 @@ BoxButton ControlHost::Show(const ModalBox& box) {
   const std::wstring text = Utf16WithMarks(box.text);
   const std::wstring caption = Utf16WithMarks(box.caption);
   ++openBoxes_;
-  const int pressed = MessageBoxW(ownerWindow_, text.c_str(), caption.c_str(), StyleOf(box));
+  const HWND before = around_.begin();
+  const int pressed = MessageBoxW(before, text.c_str(), caption.c_str(), StyleOf(box));
+  around_.end();
   --openBoxes_;
   receiver_->Resume();
   switch (pressed) {

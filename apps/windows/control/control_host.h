@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,14 +32,22 @@ class ControlHost final : private MessageWindow,
  public:
   static constexpr int kMostBoxes = 8;
 
+  /// What stands around it.
+  struct Around {
+    std::function<HWND()> begin;   ///< a box is coming: gives the window before which it stands
+    std::function<void()> end;     ///< it has gone
+    std::function<void()> turned;  ///< the presentation has taken what changed
+  };
+
   /// `owner` is held while anything of the control runs.
-  explicit ControlHost(IUnknown& owner);
+  ControlHost(IUnknown& owner, Around around);
   ~ControlHost() override;
 
   UserCntrl& Control() { return *control_; }
   bool Init(std::wstring_view invokeId, std::wstring_view functionCall, const ComPtr<IUnknown>& dtm);
-  /// The frame's window, before which message boxes stand; null for none.
-  void SetOwnerWindow(HWND window) { ownerWindow_ = window; }
+  presentation::Presentation& Presented() { return *presentation_; }
+  /// Takes what has changed.
+  void TurnNow();
 
  private:
   static constexpr UINT kTurn = WM_APP;
@@ -56,10 +65,9 @@ class ControlHost final : private MessageWindow,
 
   bool Full() const { return openBoxes_ >= kMostBoxes; }
   void TimerIsDue(UINT_PTR timer);
-  void Turn();
 
   IUnknown& owner_;
-  HWND ownerWindow_ = nullptr;
+  Around around_;
   std::shared_ptr<CallsOut> calls_ = std::make_shared<CallsOut>();
   ComPtr<Receiver> receiver_;
   std::array<std::optional<std::string>, 2> icons_;  // names of those that were loaded

@@ -74,7 +74,21 @@ const ServedClass kServedClass{
     .create = &CreateControl,
 };
 
-ControlObject::ControlObject() : host_(*static_cast<IDtmActiveXControl*>(this)) {}
+ControlObject::ControlObject()
+    : host_(*static_cast<IDtmActiveXControl*>(this),
+            {.begin = [this] { return BeginBox(); }, .end = [this] { EndBox(); }, .turned = [this] { Turned(); }}) {}
+
+// A frame that lets go without a word: the window goes while there is something to show.
+ControlObject::~ControlObject() { InPlaceDeactivate(); }
+
+std::shared_ptr<view::ControlView> ControlObject::MakeView(HWND parent) {
+  view::IViewHolder& holder = *this;
+  return std::make_shared<view::ControlView>(Object(), holder, host_.Control(), host_.Presented(), parent);
+}
+
+void ControlObject::Turned() {
+  if (const std::shared_ptr<view::ControlView> view = View()) view->Take();
+}
 
 Members ControlObject::ScriptMembers() const { return kMembers; }
 
@@ -86,6 +100,14 @@ HRESULT ControlObject::QueryInterface(REFIID id, void** object) {
     *object = static_cast<IDtmActiveXControl*>(this);
   } else if (IsEqualIID(id, IID_IOleObject)) {
     *object = static_cast<IOleObject*>(this);
+  } else if (IsEqualIID(id, IID_IOleInPlaceObject) || IsEqualIID(id, IID_IOleWindow)) {
+    *object = static_cast<IOleInPlaceObject*>(this);
+  } else if (IsEqualIID(id, IID_IOleInPlaceActiveObject)) {
+    *object = static_cast<IOleInPlaceActiveObject*>(this);
+  } else if (IsEqualIID(id, IID_IOleControl)) {
+    *object = static_cast<IOleControl*>(this);
+  } else if (IsEqualIID(id, IID_IViewObject) || IsEqualIID(id, IID_IViewObject2)) {
+    *object = static_cast<IViewObject2*>(this);
   } else if (IsEqualIID(id, IID_IPersistStreamInit) || IsEqualIID(id, IID_IPersist)) {
     *object = static_cast<IPersistStreamInit*>(this);
   } else if (IsEqualIID(id, IID_IProvideClassInfo)) {

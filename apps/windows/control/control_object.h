@@ -6,13 +6,13 @@
 #include "windows/base/entry.h"
 #include "windows/control/control_host.h"
 #include "windows/control/identity.h"
-#include "windows/control/ole_object.h"
+#include "windows/control/in_place.h"
 
 namespace htr60::com {
 
 /// The control as frames and scripts know it. Everything is called on the thread that made it.
 class ControlObject final : public Scriptable<IDtmActiveXControl>,
-                            public OleObject,
+                            public InPlace,
                             public IPersistStreamInit,
                             public IProvideClassInfo,
                             private Counted {
@@ -42,9 +42,12 @@ class ControlObject final : public Scriptable<IDtmActiveXControl>,
   HRESULT WINAPI InitNew() override { return S_OK; }
 
  private:
-  ~ControlObject() override = default;
+  ~ControlObject() override;
   Members ScriptMembers() const override;
-  void SiteChanged() override { host_.SetOwnerWindow(FrameWindow()); }
+  IUnknown& Object() override { return *static_cast<IDtmActiveXControl*>(this); }
+  std::shared_ptr<view::ControlView> MakeView(HWND parent) override;
+  void TurnNow() override { host_.TurnNow(); }
+  void Turned();
 
   ControlHost host_;
 };

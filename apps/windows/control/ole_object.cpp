@@ -11,7 +11,6 @@ HRESULT OleObject::SetClientSite(IOleClientSite* site) {
   return Entry(this, [&] {
     const ComPtr<IOleClientSite> before = site_;  // let go when the new one stands
     site_ = ComPtr<IOleClientSite>(site);
-    SiteChanged();
     return S_OK;
   });
 }
@@ -103,9 +102,12 @@ HRESULT OleObject::GetMiscStatus(DWORD aspect, DWORD* status) {
 
 HWND OleObject::FrameWindow() const {
   HWND window = nullptr;
-  const auto place = ComPtr<IOleWindow>::Of(site_.Get(), IID_IOleWindow);
-  const auto inPlace = place ? place : ComPtr<IOleWindow>::Of(site_.Get(), IID_IOleInPlaceSite);
-  if (!inPlace || FAILED(inPlace->GetWindow(&window))) return nullptr;
+  // A site that is asked for the wider interface may know the narrower one alone.
+  for (const IID& id : {IID_IOleWindow, IID_IOleInPlaceSite}) {
+    const auto place = ComPtr<IOleWindow>::Of(site_.Get(), id);
+    if (place && SUCCEEDED(place->GetWindow(&window)) && window != nullptr) break;
+  }
+  if (window == nullptr) return nullptr;
   return GetAncestor(window, GA_ROOT);
 }
 

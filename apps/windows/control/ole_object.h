@@ -16,7 +16,6 @@ class OleObject : public IOleObject {
   HRESULT WINAPI GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
   HRESULT WINAPI InitFromData(IDataObject*, BOOL, DWORD) override { return E_NOTIMPL; }
   HRESULT WINAPI GetClipboardData(DWORD, IDataObject** data) override;
-  HRESULT WINAPI DoVerb(LONG, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) override { return E_NOTIMPL; }
   HRESULT WINAPI EnumVerbs(IEnumOLEVERB** verbs) override;
   HRESULT WINAPI Update() override { return S_OK; }
   HRESULT WINAPI IsUpToDate() override { return S_OK; }
@@ -34,8 +33,7 @@ class OleObject : public IOleObject {
   virtual ~OleObject() = default;
   /// The window of the frame that holds the object; null where there is none.
   HWND FrameWindow() const;
-  /// The site has changed.
-  virtual void SiteChanged() = 0;
+  IOleClientSite* Site() const { return site_.Get(); }
 
  private:
   ComPtr<IOleClientSite> site_;

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string_view>
+
+#include "windows/win.h"
+
+namespace htr60::view {
+
+/// Of two colours, by their relative luminance: 1 to 21.
+double Contrast(COLORREF a, COLORREF b);
+/// `wanted`, only as far towards black or white as it takes to stand out from `ground` by `least`.
+COLORREF Against(COLORREF ground, COLORREF wanted, double least);
+
+/// Fonts, lengths and colours of the system at one resolution. A change of either makes another.
+class Look {
+ public:
+  enum class Font { kPlain, kBold, kTitle, kLarge };
+
+  explicit Look(int dpi);
+  ~Look();
+  Look(const Look&) = delete;
+  Look& operator=(const Look&) = delete;
+
+  int Dpi() const { return dpi_; }
+  /// Units of 1/96 inch as pixels.
+  int Pixels(int units) const { return MulDiv(units, dpi_, 96); }
+  HFONT Handle(Font font) const { return fonts_[static_cast<std::size_t>(font)].handle; }
+  int Line(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].line; }
+  int Ascent(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].ascent; }
+  /// Mean width of a character.
+  int Character() const { return character_; }
+  int FieldHeight(Font font = Font::kPlain) const { return Line(font) + 2 * (2 + Line(font) / 6); }
+  int WidthOf(std::wstring_view text, Font font = Font::kPlain) const;
+  /// Height of a text in lines of that width.
+  int HeightOf(std::wstring_view text, int width, Font font = Font::kPlain) const;
+
+  COLORREF window, windowText, base, text, highlight, highlightText, disabled;
+  COLORREF accent, warning, alert, edge, grid, tip, tipText;
+  /// Ground of a button on which `highlightText` is readable.
+  COLORREF strong;
+  /// Text that steps back on a ground.
+  COLORREF PaleOn(COLORREF ground) const { return Against(ground, disabled, kTextContrast); }
+  HBRUSH WindowBrush() const { return windowBrush_; }
+  HBRUSH BaseBrush() const { return baseBrush_; }
+
+  static constexpr double kTextContrast = 4.5;
+  static constexpr double kShapeContrast = 3;
+
+ private:
+  struct Made {
+    HFONT handle = nullptr;
+    int line = 0;
+    int ascent = 0;
+  };
+
+  void TakeColours();
+  void TakeFonts();
+
+  int dpi_;
+  int character_ = 0;
+  HDC measure_;
+  Made fonts_[4];
+  HBRUSH windowBrush_ = nullptr;
+  HBRUSH baseBrush_ = nullptr;
+};
+
+/// Dots an inch of the screen on which a window stands, as far as its process is aware of them.
+int DpiOf(HWND window);
+
+}  // namespace htr60::view
