@@ -17,10 +17,11 @@ add_link_options(-static)
 # The icons are drawn by a program of the host's.
 include(ExternalProject)
 set(HTR60_ICON_FOLDER ${CMAKE_BINARY_DIR}/share/htr60)
+set(HTR60_TREE_ICON_FOLDER ${CMAKE_BINARY_DIR}/host/tree_icons)
 ExternalProject_Add(htr60_icons
   SOURCE_DIR ${CMAKE_SOURCE_DIR}
   BINARY_DIR ${CMAKE_BINARY_DIR}/host
   CMAKE_ARGS -DCMAKE_BUILD_TYPE=Release -DHTR60_DESKTOP=OFF -DHTR60_TESTS=OFF -DHTR60_BENCH=OFF
-  BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target htr60_icons
+  BUILD_COMMAND ${CMAKE_COMMAND} --build <BINARY_DIR> --target htr60_icons htr60_tree_icons
   BUILD_ALWAYS ON
   INSTALL_COMMAND ${CMAKE_COMMAND} -E copy_directory <BINARY_DIR>/share/htr60 ${HTR60_ICON_FOLDER})

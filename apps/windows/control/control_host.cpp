@@ -5,8 +5,8 @@
 #include <cstdio>
 
 #include "pages/pages.h"
-#include "windows/base/module.h"
 #include "windows/base/text.h"
+#include "windows/view/pictures.h"
 
 namespace htr60::com {
 namespace {
@@ -161,12 +161,9 @@ BoxButton ControlHost::Show(const ModalBox& box) {
 bool ControlHost::Load(std::string_view fileName) {
   const auto known = std::find(icons_.begin(), icons_.end(), std::string(fileName));
   if (known != icons_.end()) return true;
-  std::wstring file = ModuleFile();
-  file.resize(file.find_last_of(L'\\') + 1);
-  file += Utf16WithMarks(fileName);
-  const HANDLE icon = LoadImageW(nullptr, file.c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE);
+  const HICON icon = view::LoadIconFile(fileName, GetSystemMetrics(SM_CXSMICON));
   if (icon == nullptr) return false;
-  DestroyIcon(static_cast<HICON>(icon));
+  DestroyIcon(icon);
   const auto free = std::find(icons_.begin(), icons_.end(), std::nullopt);
   if (free != icons_.end()) *free = fileName;
   return true;

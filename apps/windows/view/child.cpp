@@ -112,6 +112,8 @@ LRESULT Child::Handle(UINT message, WPARAM word, LPARAM number) {
     if (IsKey(message)) eats_ = taken;
     if (taken) return 0;
   }
+  if ((message == WM_KEYUP || message == WM_SYSKEYUP) && acts_.TakeKey({window, message, word, number, 0, {}}))
+    return 0;
   switch (message) {
     case WM_SETFOCUS: {
       const LRESULT result = OnMessage(message, word, number);

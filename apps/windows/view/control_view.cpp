@@ -1,6 +1,7 @@
 #include "windows/view/control_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "presentation/field_help.h"
 #include "presentation/frame_texts.h"
@@ -55,7 +56,10 @@ ControlView::ControlView(IUnknown& owner, IViewHolder& holder, UserCntrl& contro
   reopen_ = button(Spot::Part::kReopen);
 }
 
-ControlView::~ControlView() { Close(); }
+ControlView::~ControlView() {
+  Close();
+  if (icon_ != nullptr) DestroyIcon(icon_);
+}
 
 Hold ControlView::Held() { return {com::ComPtr<IUnknown>(&owner_), weak_from_this().lock()}; }
 
@@ -342,12 +346,14 @@ void ControlView::FollowFocus() {
 void ControlView::Came(Spot spot) {
   if (!moving_) presented_.Keys().Came(spot);
   if (closed_) return;
+  page_->Invalidate();
   holder_.FocusChanged(true);
   if (!moving_ && places_.folded) Acted();
 }
 
 void ControlView::Left(HWND other) {
-  if (IsIn(other, Handle()) || moving_) return;
+  if (!closed_) page_->Invalidate();
+  if (closed_ || moving_ || IsIn(other, Handle())) return;
   if (presented_.Keys().Opened() != nullptr) {
     presented_.Keys().Close();
     page_->FollowList();
@@ -358,10 +364,14 @@ void ControlView::Left(HWND other) {
 // ---- the operator
 
 bool ControlView::TakeKey(const MSG& message) {
+  // With a letter it was no way into the frame's menu.
+  const bool up = message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
+  if (up) return message.wParam == VK_MENU && std::exchange(altUsed_, false);
   const std::optional<presentation::KeyPress> press = PressOf(message);
   if (!press) return false;
   const presentation::KeyOutcome outcome = presented_.Keys().Press(*press);
   if (!outcome.taken) return false;
+  altUsed_ = message.message == WM_SYSKEYDOWN;
   if (outcome.copy) {
     const Child* child = Child::Of(message.hwnd);
     const FieldWindow* field = child == nullptr ? nullptr : page_->FieldOf(*child);
@@ -376,7 +386,8 @@ bool ControlView::TakeKey(const MSG& message) {
 
 // The keys that a page takes before the frame does are those that the page has a use for.
 bool ControlView::TakeAccelerator(const MSG& message) {
-  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  const UINT kind = message.message;
+  if (kind != WM_KEYDOWN && kind != WM_SYSKEYDOWN && kind != WM_KEYUP && kind != WM_SYSKEYUP) return false;
   return IsIn(message.hwnd, Handle()) && Child::Of(message.hwnd) != nullptr && TakeKey(message);
 }
 
@@ -576,14 +587,26 @@ void ControlView::PaintHeader(const Canvas& canvas) const {
   canvas.Text(places_.purpose, Wide(screen.purpose), look_->windowText, DT_LEFT | DT_WORDBREAK);
 }
 
-void ControlView::PaintStatus(const Canvas& canvas) const {
+void ControlView::PaintStatus(const Canvas& canvas) {
   const RECT& status = places_.status;
   canvas.Fill({status.left, status.top, status.right, status.top + 1}, look_->edge);
   LONG left = status.left;
   const int gap = look_->Character();
+  const std::string& picture = control_.form.statusBar.Panel(1).picture;
+  if (iconName_ != picture) {
+    if (icon_ != nullptr) DestroyIcon(icon_);
+    icon_ = picture.empty() ? nullptr : LoadIconFile(picture, look_->Line());
+    iconName_ = picture;
+  }
   for (int panel = 1; panel <= 4; ++panel) {
     const LONG right = left + MulDiv(status.right - status.left, kPanels[panel - 1], 100);
     RECT words{left + gap, status.top, right - gap, status.bottom};
+    if (panel == 1 && icon_ != nullptr) {
+      const int side = look_->Line();
+      DrawIconEx(canvas.Context(), words.left, (status.top + status.bottom - side) / 2, icon_, side, side, 0, nullptr,
+                 DI_NORMAL);
+      words.left += side + gap;
+    }
     canvas.Text(words, Wide(control_.form.statusBar.Panel(panel).text), look_->windowText, kLine);
     if (panel < 4) canvas.Fill({right, status.top + 3, right + 1, status.bottom - 3}, look_->edge);
     left = right;

@@ -93,7 +93,7 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   void ShowHelp();
   void PaintAll(const Canvas& canvas);
   void PaintHeader(const Canvas& canvas) const;
-  void PaintStatus(const Canvas& canvas) const;
+  void PaintStatus(const Canvas& canvas);
   void PaintProminent(const DRAWITEMSTRUCT& item) const;
   std::wstring WaitingText() const;
   PlannedField Planned(std::wstring text, bool enabled, char mnemonic, std::string_view tip) const;
@@ -104,6 +104,8 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   presentation::Presentation& presented_;
   std::unique_ptr<Look> look_;
   Places places_;
+  std::string iconName_;  // of the connection
+  HICON icon_ = nullptr;
   std::unique_ptr<TreeWindow> tree_;
   std::unique_ptr<PageWindow> page_;
   std::vector<Strip> strips_;
@@ -112,7 +114,8 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   std::vector<BarButton> bar_;
   bool closed_ = false;
   bool arranging_ = false;
-  bool moving_ = false;  // the focus, by the view itself
+  bool altUsed_ = false;  // since Alt went down
+  bool moving_ = false;   // the focus, by the view itself
 };
 
 }  // namespace htr60::view

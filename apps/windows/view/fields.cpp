@@ -13,11 +13,20 @@ namespace {
 constexpr wchar_t kTooLong[] = L"#####";
 
 DWORD EntryStyle(const PlannedField& field, bool typed) {
-  DWORD style = WS_BORDER | ES_AUTOHSCROLL;
+  DWORD style = ES_AUTOHSCROLL;
   if (!typed) style |= ES_READONLY;
   if (field.number) style |= ES_RIGHT;
   if (field.role == RowRole::kAccessCode) style |= ES_PASSWORD;
   return style;
+}
+
+// The page paints the frame of a text, which stands in its middle: the system's window would have it at its top.
+RECT TextIn(const RECT& frame, const Look& look, Look::Font font) {
+  RECT text = frame;
+  InflateRect(&text, -look.Pixels(4), 0);
+  text.top = (frame.top + frame.bottom - look.Line(font)) / 2;
+  text.bottom = text.top + look.Line(font);
+  return text;
 }
 
 bool IsTypedInto(RowKind kind) { return kind == RowKind::kEdit || kind == RowKind::kNum; }
@@ -74,6 +83,10 @@ EntryField::EntryField(IViewActs& acts, HWND page, const PlannedField& field, in
   if (field.role == RowRole::kAccessCode) SendMessageW(Handle(), EM_SETPASSWORDCHAR, L'*', 0);
 }
 
+void EntryField::Place(const RECT& frame, const PlannedField& field, const Look& look) {
+  Child::Place(TextIn(frame, look, field.large ? Look::Font::kLarge : Look::Font::kPlain));
+}
+
 void EntryField::Take(const PlannedField& field, const Look& look) {
   look_ = &look;
   number_ = field.number;
@@ -119,7 +132,7 @@ bool EntryField::TooLong() const {
   if (typed_ || !number_ || look_ == nullptr) return false;
   RECT client{};
   GetClientRect(Handle(), &client);
-  return look_->WidthOf(Text(), font_) > client.right - look_->Pixels(4);
+  return look_->WidthOf(Text(), font_) > client.right;
 }
 
 void EntryField::PaintTooLong() {
@@ -129,7 +142,6 @@ void EntryField::PaintTooLong() {
   GetClientRect(Handle(), &client);
   const Canvas canvas(context, *look_);
   canvas.Fill(client, look_->window);
-  client.right -= look_->Pixels(2);
   canvas.Text(client, kTooLong, pale_ ? look_->PaleOn(look_->window) : look_->windowText,
               DT_RIGHT | DT_VCENTER | DT_SINGLELINE, font_);
   EndPaint(Handle(), &paint);
@@ -167,9 +179,14 @@ void ButtonField::Take(const PlannedField& field, const Look& look) {
 // ---- rows
 
 RowsField::RowsField(IViewActs& acts, HWND page, const PlannedField& field)
-    : Child(acts, page,
-            {L"LISTBOX", WS_BORDER | WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS},
+    : Child(acts, page, {L"LISTBOX", WS_VSCROLL | LBS_NOINTEGRALHEIGHT | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS},
             field.control) {}
+
+void RowsField::Place(const RECT& frame, const PlannedField&, const Look& look) {
+  RECT inside = frame;
+  InflateRect(&inside, -look.Pixels(1), -look.Pixels(1));
+  Child::Place(inside);
+}
 
 void RowsField::Take(const PlannedField& field, const Look& look) {
   SetFont(look.Handle(Look::Font::kPlain));

@@ -13,7 +13,10 @@ class FieldWindow {
  public:
   virtual ~FieldWindow() = default;
   virtual Child& Own() = 0;
-  /// Takes what is planned of it; its place is set by the page.
+  /// Stands within a frame, which the page paints where `IsFramed`.
+  virtual void Place(const RECT& frame, const PlannedField& /*field*/, const Look& /*look*/) { Own().Place(frame); }
+  virtual bool IsFramed() const { return false; }
+  /// Takes what is planned of it.
   virtual void Take(const PlannedField& field, const Look& look) = 0;
   /// Its whole text is selected.
   virtual void SelectAll() {}
@@ -27,6 +30,8 @@ class EntryField final : public FieldWindow, private Child {
   EntryField(IViewActs& acts, HWND page, const PlannedField& field, int longest);
 
   Child& Own() override { return *this; }
+  void Place(const RECT& frame, const PlannedField& field, const Look& look) override;
+  bool IsFramed() const override { return true; }
   void Take(const PlannedField& field, const Look& look) override;
   void SelectAll() override;
   bool HasSelection() const override;
@@ -61,6 +66,8 @@ class RowsField final : public FieldWindow, private Child {
  public:
   RowsField(IViewActs& acts, HWND page, const PlannedField& field);
   Child& Own() override { return *this; }
+  void Place(const RECT& frame, const PlannedField& field, const Look& look) override;
+  bool IsFramed() const override { return true; }
   void Take(const PlannedField& field, const Look& look) override;
   void PaintRow(const DRAWITEMSTRUCT& item, const Look& look) const;
   std::wstring Rows() const { return rows_; }

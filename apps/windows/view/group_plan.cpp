@@ -148,6 +148,11 @@ GroupPlan::Cell GroupPlan::FieldCell(const LayoutRow& row, RowKind kind, Control
   const int arrow = kind == RowKind::kList || characters >= 28 ? look_.Line() * 3 / 2 : 0;
   cell.wanted = characters * look_.Character() + frame + arrow;
   cell.least = least * look_.Character() + frame + arrow;
+  if (row.large && control) {  // what is read from afar is not cut
+    const int text = look_.WidthOf(Wide(control_.form.TextOf(control)), font) + frame + 2 * look_.Character();
+    cell.wanted = std::max(cell.wanted, text);
+    cell.least = std::max(cell.least, text);
+  }
   return cell;
 }
 

@@ -47,7 +47,7 @@ void PageWindow::Take(const Look& look) {
 
 FieldWindow& PageWindow::WindowFor(const PlannedField& field) {
   for (Placed& placed : fields_) {
-    if (placed.control == field.control && placed.kind == field.kind) {
+    if (placed.control == field.control && placed.kind == field.kind && placed.number == field.number) {
       placed.planned = true;
       return *placed.window;
     }
@@ -69,7 +69,7 @@ FieldWindow& PageWindow::WindowFor(const PlannedField& field) {
           acts_, Handle(), field, IsTypedInto(field.kind) ? control_.form.At(TextId{field.control}).MaxLength() : 0);
       break;
   }
-  fields_.push_back({field.control, field.kind, std::move(made), true});
+  fields_.push_back({field.control, field.kind, field.number, std::move(made), true});
   return *fields_.back().window;
 }
 
@@ -79,7 +79,7 @@ void PageWindow::PlaceFields() {
     FieldWindow& window = WindowFor(field);
     RECT rect = field.rect;
     OffsetRect(&rect, -offset_.x, -offset_.y);
-    window.Own().Place(rect);
+    window.Place(rect, field, *look_);
     window.Take(field, *look_);
     window.Own().Show(true);
   }
@@ -314,11 +314,27 @@ void PageWindow::PaintText(const Canvas& canvas, const PlannedText& text) const 
   }
 }
 
+// A frame line tells the field with the focus; a ground what can be typed into.
+void PageWindow::PaintFrames(const Canvas& canvas) const {
+  for (const PlannedField& field : plan_.fields) {
+    FieldWindow* window = FieldOf(field.control);
+    if (window == nullptr || !window->IsFramed()) continue;
+    if (IsTypedInto(field.kind) && field.enabled) canvas.Fill(field.rect, look_->base);
+    const bool focused = GetFocus() == window->Own().Handle();
+    RECT frame = field.rect;
+    for (int i = 0; i < (focused ? std::max(2, look_->Pixels(2)) : std::max(1, look_->Pixels(1))); ++i) {
+      canvas.Frame(frame, focused ? look_->accent : look_->edge);
+      InflateRect(&frame, -1, -1);
+    }
+  }
+}
+
 void PageWindow::PaintPage(const Canvas& canvas) {
   canvas.Fill(Client(), look_->window);
   POINT origin{};
   OffsetViewportOrgEx(canvas.Context(), -offset_.x, -offset_.y, &origin);
   for (const RECT& box : plan_.boxes) canvas.Frame(box, look_->edge);
+  PaintFrames(canvas);
   for (const PlannedText& text : plan_.texts) PaintText(canvas, text);
   for (const PlannedShape& shape : plan_.shapes) PaintShape(canvas, shape.rect, shape.shape);
   for (const presentation::FlowArrow& arrow : plan_.arrows) {

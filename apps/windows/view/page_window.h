@@ -31,6 +31,7 @@ class PageWindow final : public Window {
   struct Placed {
     ControlId control;
     RowKind kind;
+    bool number;  // the system's window cannot change its side afterwards
     std::unique_ptr<FieldWindow> window;
     bool planned = false;
   };
@@ -43,6 +44,7 @@ class PageWindow final : public Window {
   void ScrollBy(int bar, int request, int track);
   void MoveTo(POINT offset);
   void PaintPage(const Canvas& canvas);
+  void PaintFrames(const Canvas& canvas) const;
   void PaintText(const Canvas& canvas, const PlannedText& text) const;
   void ColourField(HDC context, HWND window, bool readOnly, LRESULT& brush) const;
   void Clicked(int x, int y);

@@ -1,6 +1,7 @@
 #include "windows/view/tree_window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "presentation/frame_texts.h"
 #include "windows/base/text.h"
@@ -20,11 +21,19 @@ TreeWindow::TreeWindow(IViewActs& acts, HWND parent)
 }
 
 void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks, const Look& look) {
-  SetFont(look.Handle(Look::Font::kPlain));
-  TreeView_SetItemHeight(Handle(), look.Line() + look.Pixels(4));
-  TreeView_SetBkColor(Handle(), look.base);
-  TreeView_SetTextColor(Handle(), look.text);
-  if (tree.Generation() != generation_ || items_.size() != tree.Nodes().size() + 1) Rebuild(tree);
+  const bool restyled = look_ != &look;
+  if (restyled) {
+    look_ = &look;
+    SetFont(look.Handle(Look::Font::kPlain));
+    TreeView_SetItemHeight(Handle(), look.Line() + look.Pixels(4));
+    TreeView_SetBkColor(Handle(), look.base);
+    TreeView_SetTextColor(Handle(), look.text);
+    auto pictures = std::make_unique<Pictures>(look.Line(), look.text);
+    TreeView_SetImageList(Handle(), pictures->List(), TVSIL_NORMAL);
+    pictures_ = std::move(pictures);
+  }
+  const bool rebuilt = tree.Generation() != generation_ || items_.size() != tree.Nodes().size() + 1;
+  if (rebuilt) Rebuild(tree);
   HTREEITEM selected = nullptr;
   for (std::size_t i = 0; i < tree.Nodes().size(); ++i) {
     const TreeNode& node = tree.Nodes()[i];
@@ -35,9 +44,23 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
   }
   // The arrows may have moved the operator's selection meanwhile: the program's comes back with every activation.
   if (selected != nullptr && TreeView_GetSelection(Handle()) != selected) TreeView_SelectItem(Handle(), selected);
-  if (marks == marks_) return;
+  if (marks == marks_ && !restyled && !rebuilt) return;
   marks_ = marks;
+  ShowPictures(tree);
   InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+// The open node has its own.
+void TreeWindow::ShowPictures(const TreeView& tree) {
+  for (std::size_t i = 0; i < tree.Nodes().size() && i + 1 < items_.size(); ++i) {
+    const TreeNode& node = tree.Nodes()[i];
+    const int picture = pictures_->IndexOf(node.text == marks_.open ? node.selectedPicture : node.picture);
+    TVITEMW item{};
+    item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    item.hItem = items_[i + 1].handle;
+    item.iImage = item.iSelectedImage = picture;
+    TreeView_SetItem(Handle(), &item);
+  }
 }
 
 void TreeWindow::Rebuild(const TreeView& tree) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "windows/view/child.h"
 #include "windows/view/controls.h"
 #include "windows/view/look.h"
+#include "windows/view/pictures.h"
 
 namespace htr60::view {
 
@@ -40,6 +42,7 @@ class TreeWindow final : private Child {
   };
 
   void Rebuild(const TreeView& tree);
+  void ShowPictures(const TreeView& tree);
   const Item* ItemOf(HTREEITEM handle) const;
   HTREEITEM Find(const std::string& text) const;
   std::optional<TreePlace> PlaceOf(HTREEITEM handle) const;
@@ -47,6 +50,8 @@ class TreeWindow final : private Child {
   std::vector<Item> items_;  // by position, from 1
   std::uint32_t generation_ = 0;
   presentation::TreeMarks marks_;
+  const Look* look_ = nullptr;
+  std::unique_ptr<Pictures> pictures_;
 };
 
 }  // namespace htr60::view
