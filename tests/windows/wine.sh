@@ -82,4 +82,93 @@ program() {
   expect "$expected" "$folder/found" "$status"
 }
 
+# install SWITCHES DLL...: regsvr32 with these switches, for one after the other.
+install() {
+  local switches=$1 dll
+  shift
+  for dll in "$@"; do
+    # shellcheck disable=SC2086 # several
+    run regsvr32 /s $switches "$(windows_path "$dll")"
+  done
+}
+
+# register DLL...: for what needs them registered.
+register() {
+  install "" "$@"
+}
+
+# registry_state FILE: the whole registry, each key and each value a line. Wine keeps times of its own in it.
+registry_state() {
+  end_wine
+  (cd "$WINEPREFIX" && LC_ALL=C awk '
+    /^#|^;|^WINE|^$/ { next }
+    /^\[/ {
+      sub(/\] [0-9]*$/, "")
+      key = FILENAME " " substr($0, 2)
+      # A key stands in the file where it has values or nothing below it: here with all those above it.
+      for (above = key; !(above in seen); sub(/\\\\[^\\]*$/, "", above)) {
+        seen[above]
+        print above
+        if (index(above, "\\\\") == 0) break
+      }
+      next
+    }
+    { print key " " $0 }' system.reg user.reg userdef.reg) |
+    grep -vE '"DriverDateData"=|^user.reg Software\\\\Wine\\\\(FileOpenAssociations|MenuFiles)$' | LC_ALL=C sort >"$1"
+}
+
+# expect_added EXPECTED WHAT: since `clean` the lines of the file have been added, and nothing else has changed.
+expect_added() {
+  registry_state "$folder/now"
+  LC_ALL=C comm -13 "$folder/clean" "$folder/now" >"$folder/added"
+  LC_ALL=C comm -23 "$folder/clean" "$folder/now" >"$folder/removed"
+  if ! diff -u /dev/null "$folder/removed" || ! diff -u "$1" "$folder/added"; then
+    echo "FAILED: $2" >&2
+    return 1
+  fi
+}
+
+# registry MACHINE USER CONTROL MANAGER: what registering for the machine and for the user writes, as the two files tell
+# with the folder of the DLLs as FOLDER, and that undoing it leaves nothing.
+registry() {
+  local dlls
+  dlls=$(windows_path "$(dirname "$3")")
+  dlls=${dlls//\\/\\\\}
+  sed "s|FOLDER|${dlls//\\/\\\\}|" "$1" >"$folder/machine"
+  sed "s|FOLDER|${dlls//\\/\\\\}|" "$2" >"$folder/user"
+  shift 2
+  # What an earlier run has left.
+  install /u "$@"
+  install "/u /n /i:user" "$@"
+  registry_state "$folder/clean"
+  if grep -iE 'htr60|\{036D1486-' "$folder/clean"; then
+    echo "FAILED: this was there before" >&2
+    return 1
+  fi
+  # Twice, for nobody asks what is there already.
+  install "" "$@"
+  install "" "$@"
+  expect_added "$folder/machine" "registering for the machine"
+  install /u "$@"
+  install /u "$@"
+  expect_added /dev/null "undoing it"
+  install "/n /i:user" "$@"
+  expect_added "$folder/user" "registering for the user"
+  install "/u /n /i:user" "$@"
+  expect_added /dev/null "undoing it for the user"
+  if install "/n /i:nobody" "$1"; then
+    echo "FAILED: it can be registered for nobody" >&2
+    return 1
+  fi
+  expect_added /dev/null "registering for nobody"
+  echo "$(wc -l <"$folder/clean") lines of the registry compared"
+}
+
+# script EXPECTED SCRIPT: for what is registered; its output is that of the file, to the last line.
+script() {
+  local expected=$1 status=0
+  run cscript //nologo "$(windows_path "$2")" >"$folder/found" || status=$?
+  expect "$expected" "$folder/found" "$status"
+}
+
 "$word" "$@"
