@@ -20,10 +20,11 @@ inline void Check(bool holds, const char* what, const char* file, int line) {
 }
 
 /// The case fails where the condition does not hold.
-#define CHECK(condition) ::htr60::client::Check((condition), #condition, __FILE__, __LINE__)
+#define CHECK(condition) ::htr60::client::Check(static_cast<bool>(condition), #condition, __FILE__, __LINE__)
 /// The same, with a word about which of many it was.
-#define CHECK_FOR(which, condition) \
-  ::htr60::client::Check((condition), (std::string(#condition) + " for " + (which)).c_str(), __FILE__, __LINE__)
+#define CHECK_FOR(which, condition)                                                                           \
+  ::htr60::client::Check(static_cast<bool>(condition), (std::string(#condition) + " for " + (which)).c_str(), \
+                         __FILE__, __LINE__)
 
 struct Case {
   const char* name;
