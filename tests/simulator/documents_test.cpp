@@ -36,7 +36,9 @@ TEST(Documents, RequestsAreWellFormed) {
   for (const XmlDocument& d : XmlDocuments("ViewData", R"(<ControlData Attribute1="1F"/>)")) {
     const auto attributes = ParseRequest(d.text);
     ASSERT_EQ(attributes.has_value(), TakenElsewhere(d.verdict)) << d.name;
-    if (attributes) EXPECT_EQ(attributes->front(), "1F") << d.name;
+    if (attributes) {
+      EXPECT_EQ(attributes->front(), "1F") << d.name;
+    }
   }
 }
 

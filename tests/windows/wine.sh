@@ -27,6 +27,8 @@ fi
 # Nothing of the user's own is read or written, no window is opened, and no browser is asked for.
 export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Texts are freed when they are let go, not kept for the next.
+export OANOCACHE=1
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
 mkdir -p "$folder/home"
 
