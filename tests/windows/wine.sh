@@ -173,4 +173,11 @@ script() {
   expect "$expected" "$folder/found" "$status"
 }
 
+# manual CHECK PROGRAM MANUAL: the examples of a manual, by the script that checks them.
+manual() {
+  printf '#!/bin/bash\nexec timeout %q %q %q\n' "$limit" "$wine" "$2" >"$folder/program.sh"
+  chmod +x "$folder/program.sh"
+  "$1" "$folder/program.sh" "$3"
+}
+
 "$word" "$@"
