@@ -1,11 +1,19 @@
 #!/bin/bash
 # Runs what is built for Windows by Wine: wine.sh FOLDER WORD ARGUMENT...
 # FOLDER holds the prefix and what else is needed. The words are functions below. 77: it cannot be run here.
+# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that one program may take.
 set -euo pipefail
 folder=$1
 word=$2
 shift 2
 limit=${HTR60_LIMIT:-120}
+bits=${HTR60_BITS:-64}
+
+# skip WHY
+skip() {
+  echo "SKIPPED: $1"
+  exit 77
+}
 
 # Debian's package puts neither program where programs are looked for.
 find_program() {
@@ -20,8 +28,7 @@ find_program() {
 wine=$(find_program wine64) || wine=$(find_program wine) || true
 server=$(find_program wineserver) || true
 if [ -z "$wine" ] || [ -z "$server" ]; then
-  echo "SKIPPED: there is no Wine (Debian: wine64)"
-  exit 77
+  skip "there is no Wine (Debian: wine64)"
 fi
 
 # Nothing of the user's own is read or written, no window is opened, and no browser is asked for.
@@ -31,6 +38,13 @@ export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 export OANOCACHE=1
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
 mkdir -p "$folder/home"
+
+# Programs of 32 bits run in the Wine of 64 by the libraries of the other one.
+system='C:\windows\system32'
+if [ "$bits" = 32 ]; then
+  export WINEDLLPATH=$folder/wine32/usr/lib/i386-linux-gnu/wine
+  system='C:\windows\syswow64'
+fi
 
 # end_wine: ends every process of the prefix, and writes the registry.
 end_wine() {
@@ -55,14 +69,39 @@ windows_path() {
   echo "Z:${path//\//\\}"
 }
 
+# fetch_wine32: the package of the libraries of 32 bits, with folders of apt's own, so that this system's stay as they
+# are; nothing is installed.
+fetch_wine32() {
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-deb >/dev/null; then return 1; fi
+  local apt=$folder/apt
+  local options=(-q -o APT::Architecture=i386 -o APT::Architectures=i386 -o "Dir::State::Lists=$apt/lists"
+    -o "Dir::Cache=$apt/cache" -o Dir::State::Status=/dev/null -o Debug::NoLocking=1 -o Acquire::Retries=3)
+  if [ "$(id -u)" = 0 ]; then options+=(-o APT::Sandbox::User=root); fi
+  mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial"
+  # Lists that are not needed may fail.
+  timeout "$limit" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
+  (cd "$apt" && timeout "$limit" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
+  rm -rf "$folder/wine32.part"
+  mkdir "$folder/wine32.part"
+  dpkg-deb --fsys-tarfile "$apt"/libwine_*.deb | tar -x -C "$folder/wine32.part" --wildcards '*/i386-windows/*' || return 1
+  mv "$folder/wine32.part" "$folder/wine32"
+  rm -rf "$apt"
+}
+
 # prefix: makes it, unless it is there.
 prefix() {
+  if [ "$bits" = 32 ] && [ ! -d "$folder/wine32" ] && ! fetch_wine32; then
+    skip "Wine's libraries of 32 bits cannot be had (Debian: libwine of i386)"
+  fi
   if [ -e "$WINEPREFIX/made" ]; then return; fi
   rm -rf "$WINEPREFIX"
   run wineboot -i
   end_wine
   touch "$WINEPREFIX/made"
 }
+
+# What needs a prefix that could not be made cannot be run either.
+if [ "$word" != prefix ] && [ ! -e "$WINEPREFIX/made" ]; then skip "there is no prefix"; fi
 
 # expect EXPECTED FOUND STATUS: the program of that output ended well, and wrote what stands in the file.
 expect() {
@@ -90,7 +129,7 @@ install() {
   shift
   for dll in "$@"; do
     # shellcheck disable=SC2086 # several
-    run regsvr32 /s $switches "$(windows_path "$dll")"
+    run "$system\regsvr32.exe" /s $switches "$(windows_path "$dll")"
   done
 }
 
@@ -169,7 +208,7 @@ registry() {
 # script EXPECTED SCRIPT: for what is registered; its output is that of the file, to the last line.
 script() {
   local expected=$1 status=0
-  run cscript //nologo "$(windows_path "$2")" >"$folder/found" || status=$?
+  run "$system\cscript.exe" //nologo "$(windows_path "$2")" >"$folder/found" || status=$?
   expect "$expected" "$folder/found" "$status"
 }
 
