@@ -1,5 +1,5 @@
 #!/bin/bash
-# Installs what is missing, builds everything as release and with sanitizers, and runs all tests in both.
+# Installs what is missing, builds everything as release, with sanitizers and for Windows, and runs the tests of all three.
 set -euo pipefail
 cd "$(dirname "$0")"
 . packaging/common.sh
@@ -51,7 +51,7 @@ run_tests() {
 }
 
 mkdir -p build
-ensure_packages "$build_packages $desktop_packages $test_packages"
+ensure_packages "$build_packages $desktop_packages $test_packages $windows_packages"
 ensure_formatter
 installed=$(now)
 step "Checking the formatting" check_formatting
@@ -63,11 +63,27 @@ for preset in release sanitize; do
   fi
   step "Building build/$preset" cmake --build --preset "$preset" -j "$jobs"
 done
+windows=
+if command -v x86_64-w64-mingw32-g++-win32 >/dev/null; then
+  windows=1
+  if ! configured build/windows HTR60_TESTS:BOOL=ON; then
+    step "Configuring build/windows" cmake --preset windows -DHTR60_TESTS=ON
+  fi
+  step "Building build/windows" cmake --build --preset windows -j "$jobs"
+else
+  echo "==> LEFT OUT: what is built for Windows, for there is no cross compiler"
+fi
 built=$(now)
 
 run_tests release
 release="$tests in $seconds s"
 run_tests sanitize
+sanitize="$tests in $seconds s"
+foreign=none
+if [ -n "$windows" ]; then
+  run_tests windows
+  foreign="$tests in $seconds s"
+fi
 echo "Install $((installed - started)) s, check and build $((built - installed)) s, release tests $release," \
-  "sanitizer tests $tests in $seconds s, together $(($(now) - started)) s."
+  "sanitizer tests $sanitize, tests for Windows $foreign, together $(($(now) - started)) s."
 echo "$closing"

@@ -31,7 +31,7 @@ class BoundedQueue {
   template <typename Change>
   void Grow(std::uint64_t number, std::size_t bytes, Change change) {
     if (number < first_ || number - first_ >= slots_.size()) return;
-    Slot& slot = slots_[number - first_];
+    Slot& slot = slots_[static_cast<std::size_t>(number - first_)];
     change(slot.entry);
     slot.bytes += bytes;
     bytes_ += bytes;

@@ -68,7 +68,7 @@ Verdict Points(Device& d, const Attributes& attributes) {
   const bool digits = number.size() == 2 && IsHexadecimal(number) && FiveFloats(attributes[1]) &&
                       FiveFloats(attributes[2]) && !CheckForm(operation, Form::kE4);
   if (!MayCalibrate(d, kBoth) || !digits) return Verdict::kInvalid;
-  const auto count = NumberOf(number);
+  const auto count = static_cast<std::size_t>(NumberOf(number));
   const auto code = NumberOf(operation);
   if (count < 2 || count > kMostPoints || (code != 0 && code != 2 && code != 3)) return Verdict::kInvalid;
   if (!Answers(d, kBoth)) return Verdict::kFailed;

@@ -58,7 +58,7 @@ std::string BlockName(int block, std::string_view rest) {
 
 double RangeLimitKilopascal(std::uint64_t rangeCode, int fittedRange) {
   constexpr std::array<double, 7> kLimits{7.5, 37.4, 147.1, 690, 2068, 6890, 20680};
-  if (rangeCode >= 1 && rangeCode <= kLimits.size()) return kLimits[rangeCode - 1];
+  if (rangeCode >= 1 && rangeCode <= kLimits.size()) return kLimits[static_cast<std::size_t>(rangeCode - 1)];
   return kLimits[static_cast<std::size_t>(fittedRange - 1)];
 }
 

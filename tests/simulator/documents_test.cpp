@@ -1,5 +1,7 @@
 #include "bench.h"
+#include "core/xml_documents.h"
 #include "simulator/device/reads.h"
+#include "simulator/manager/request_document.h"
 
 namespace htr60::sim {
 namespace {
@@ -28,6 +30,16 @@ TEST(Documents, WireExamplesToTheByte) {
   EXPECT_EQ(Bench(OfType("Density")).Read(66),
             "<Answer><Parameter tag=\"MeasuredType\" value=\"00\"/><Parameter tag=\"TRDPVType\" "
             "value=\"0081\"/></Answer>");
+}
+
+TEST(Documents, RequestsAreWellFormed) {
+  for (const XmlDocument& d : XmlDocuments("ViewData", R"(<ControlData Attribute1="1F"/>)")) {
+    const auto attributes = ParseRequest(d.text);
+    ASSERT_EQ(attributes.has_value(), TakenElsewhere(d.verdict)) << d.name;
+    if (attributes) {
+      EXPECT_EQ(attributes->front(), "1F") << d.name;
+    }
+  }
 }
 
 TEST(Documents, TableExampleToTheByte) {

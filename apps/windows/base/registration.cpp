@@ -116,6 +116,18 @@ class Classes {
     const LSTATUS removed = RegDeleteTreeW(key_, key.c_str());
     if (removed != ERROR_FILE_NOT_FOUND) status_ = removed;
   }
+  /// Of a user who has registered nothing else, the key above ours.
+  void RemoveIfEmpty(const wchar_t* name) {
+    if (status_ != ERROR_SUCCESS) return;
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(key_, name, 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+    DWORD keys = 0;
+    DWORD values = 0;
+    const bool counted = RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                                          nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    RegCloseKey(key);
+    if (counted && keys == 0 && values == 0) RegDeleteKeyW(key_, name);
+  }
 
  private:
   HKEY key_ = nullptr;
@@ -131,10 +143,15 @@ HRESULT RegisterLibrary(const TypeLibrary& library, Scope scope) {
 
 HRESULT UnregisterLibrary(const TypeLibrary& library, Scope scope) {
   if (!library.Found()) return TYPE_E_CANTLOADLIBRARY;
+  // What the removal of one that is not there answers differs.
+  BSTR path = nullptr;
+  const bool registered = SUCCEEDED(QueryPathOfRegTypeLib(library.Id(), 1, 0, LOCALE_NEUTRAL, &path));
+  SysFreeString(path);
+  if (!registered) return S_OK;
   const HRESULT removed = scope == Scope::kMachine
                               ? UnRegisterTypeLib(library.Id(), 1, 0, LOCALE_NEUTRAL, kSystem)
                               : UnRegisterTypeLibForUser(library.Id(), 1, 0, LOCALE_NEUTRAL, kSystem);
-  return removed == TYPE_E_REGISTRYACCESS ? S_OK : removed;  // it was not registered
+  return removed == TYPE_E_REGISTRYACCESS ? S_OK : removed;  // it was registered in the other scope
 }
 
 }  // namespace
@@ -154,6 +171,7 @@ HRESULT Register(const ServedClass& served, Scope scope) {
 HRESULT Unregister(const ServedClass& served, Scope scope) {
   Classes classes(scope);
   classes.Remove(L"CLSID\\" + TextOfId(served.id));
+  classes.RemoveIfEmpty(L"CLSID");
   classes.Remove(served.progIdVersion);
   classes.Remove(served.progId);
   const HRESULT removed = classes.Result();

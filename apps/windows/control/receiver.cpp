@@ -88,8 +88,13 @@ HRESULT Receiver::Keep(std::int32_t code, std::string document) {
   if (waiting_.size() >= kMostWaiting || bytes_ + document.size() > kMostBytes) return E_OUTOFMEMORY;
   bytes_ += document.size();
   waiting_.push_back({code, std::move(document)});
-  PostMessageW(window_, message_, 0, 0);
+  AskForMessage();
   return S_OK;
+}
+
+// One at a time, however many wait: the system's queue holds only so many, and others need it too.
+void Receiver::AskForMessage() {
+  if (!asked_ && !waiting_.empty()) asked_ = PostMessageW(window_, message_, 0, 0) != FALSE;
 }
 
 bool Receiver::HasWaiting() {
@@ -103,17 +108,22 @@ std::optional<Receiver::Waiting> Receiver::Next() {
   Waiting next = std::move(waiting_.front());
   waiting_.pop_front();
   bytes_ -= next.document.size();
+  AskForMessage();  // before this one is handled, which may run a loop of its own
   return next;
 }
 
 void Receiver::HandleOne() {
+  {
+    const Lock lock(access_);
+    asked_ = false;
+  }
   if (taker_ == nullptr || taker_->IsBusy()) return;
   if (const std::optional<Waiting> next = Next()) taker_->TakeAnswer(next->code, next->document);
 }
 
 void Receiver::Resume() {
   const Lock lock(access_);
-  for (std::size_t i = 0; i < waiting_.size(); ++i) PostMessageW(window_, message_, 0, 0);
+  AskForMessage();
 }
 
 // ---- between threads

@@ -69,6 +69,7 @@ class Receiver final : public Scriptable<IUpdateUI>, public IMarshal, private Co
   Members ScriptMembers() const override;
   HRESULT Take(std::int32_t code, std::string document);
   HRESULT Keep(std::int32_t code, std::string document);
+  void AskForMessage();  // `access_` is held
   bool HasWaiting();
   std::optional<Waiting> Next();
 
@@ -80,6 +81,7 @@ class Receiver final : public Scriptable<IUpdateUI>, public IMarshal, private Co
   HWND window_;
   std::deque<Waiting> waiting_;
   std::size_t bytes_ = 0;
+  bool asked_ = false;  // for a message that has not come yet
   bool closed_ = false;
 };
 

@@ -40,7 +40,10 @@ class Apartment {
 /// Tells the elements on, in UTF-8. Lives as long as the reader, which counts it in vain.
 class Handler final : public ISAXContentHandler {
  public:
-  XmlElements* elements = nullptr;
+  void Begin(XmlElements& elements) {
+    elements_ = &elements;
+    depth_ = 0;
+  }
 
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
     if (object == nullptr) return E_POINTER;
@@ -65,8 +68,13 @@ class Handler final : public ISAXContentHandler {
   HRESULT WINAPI skippedEntity(const wchar_t*, int) override { return S_OK; }
 
  private:
+  // That of the reader in its newest version; older ones and the emulation have others or none.
+  static constexpr int kMostLevels = 256;
+
   bool Put(const wchar_t* text, int length);
 
+  XmlElements* elements_ = nullptr;
+  int depth_ = 0;
   std::string texts_;                  // each with a NUL behind it
   std::vector<std::size_t> starts_;    // of each text
   std::vector<const char*> pointers_;  // made when all texts stand
@@ -84,6 +92,7 @@ bool Handler::Put(const wchar_t* text, int length) {
 HRESULT Handler::startElement(const wchar_t*, int, const wchar_t*, int, const wchar_t* name, int nameLength,
                               ISAXAttributes* attributes) {
   try {
+    if (++depth_ > kMostLevels) return E_FAIL;
     texts_.clear();
     starts_.clear();
     pointers_.clear();
@@ -97,7 +106,7 @@ HRESULT Handler::startElement(const wchar_t*, int, const wchar_t*, int, const wc
     }
     for (const std::size_t start : starts_) pointers_.push_back(texts_.data() + start);
     pointers_.push_back(nullptr);
-    elements->OnStart(pointers_.front(), pointers_.data() + 1);
+    elements_->OnStart(pointers_.front(), pointers_.data() + 1);
     return S_OK;
   } catch (...) {
     return E_ABORT;
@@ -106,7 +115,8 @@ HRESULT Handler::startElement(const wchar_t*, int, const wchar_t*, int, const wc
 
 HRESULT Handler::endElement(const wchar_t*, int, const wchar_t*, int, const wchar_t*, int) {
   try {
-    elements->OnEnd();
+    --depth_;
+    elements_->OnEnd();
     return S_OK;
   } catch (...) {
     return E_ABORT;
@@ -155,7 +165,7 @@ bool XmlReader::Read(std::string_view document, XmlElements& elements) {
   VariantInit(&variant);
   variant.vt = VT_BSTR;
   variant.bstrVal = input.Get();
-  parser_->handler.elements = &elements;
+  parser_->handler.Begin(elements);
   return SUCCEEDED(parser_->reader->parse(variant));
 }
 

@@ -46,22 +46,39 @@ class Cursor {
   std::size_t at_ = 0;
 };
 
-/// An encoding at its place and with a name that may be one; any other is left for the reader to refuse.
-void TakeEncodingOut(std::wstring& document) {
+/// An encoding at its place and with a name that may be one; any other is left for the reader to refuse. False where
+/// another stands behind it, which the reader would not see to be the second.
+bool TakeEncodingOut(std::wstring& document) {
   Cursor cursor(document);
   std::wstring_view value;
-  if (!cursor.Take(L"<?xml") || !cursor.TakeBlanks() || !cursor.TakePair(L"version", value)) return;
+  if (!cursor.Take(L"<?xml") || !cursor.TakeBlanks() || !cursor.TakePair(L"version", value)) return true;
   const std::size_t from = cursor.At();
-  if (!cursor.TakeBlanks() || !cursor.TakePair(L"encoding", value)) return;
-  if (value.empty() || !IsLetter(value.front()) || !std::all_of(value.begin(), value.end(), IsOfEncoding)) return;
-  document.erase(from, cursor.At() - from);
+  if (!cursor.TakeBlanks() || !cursor.TakePair(L"encoding", value)) return true;
+  if (value.empty() || !IsLetter(value.front()) || !std::all_of(value.begin(), value.end(), IsOfEncoding)) return true;
+  const std::size_t to = cursor.At();
+  cursor.TakeBlanks();
+  if (cursor.Take(L"encoding")) return false;
+  document.erase(from, to - from);
+  return true;
+}
+
+/// Blanks at the beginning, which the emulation's reader takes for another encoding. False where a declaration follows:
+/// it stands first or not at all.
+bool TakeBlanksOut(std::wstring& document) {
+  const std::size_t blanks = std::min(document.find_first_not_of(kBlanks), document.size());
+  if (blanks == 0) return true;
+  document.erase(0, blanks);
+  Cursor cursor(document);
+  return !cursor.Take(L"<?xml") || !cursor.TakeBlanks();
 }
 
 }  // namespace
 
 bool PrepareProlog(std::wstring& document) {
-  if (document.starts_with(L'\xFEFF')) document.erase(0, 1);
-  TakeEncodingOut(document);
+  constexpr wchar_t kMark = L'\xFEFF';
+  if (document.starts_with(kMark)) document.erase(0, 1);
+  // The reader takes one more.
+  if (document.starts_with(kMark) || !TakeBlanksOut(document) || !TakeEncodingOut(document)) return false;
   const std::wstring_view text = document;
   std::size_t at = 0;
   for (;;) {

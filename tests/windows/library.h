@@ -1,0 +1,45 @@
+#pragma once
+
+#include "cases.h"
+#include "windows/base/com_ptr.h"
+#include "windows/win.h"
+
+namespace htr60::client {
+
+using com::ComPtr;
+
+/// A DLL by its file, without any registration.
+class Library {
+ public:
+  explicit Library(const char* file) : module_(LoadLibraryA(file)) { CHECK(module_ != nullptr); }
+
+  ComPtr<IClassFactory> Factory(const CLSID& id) const {
+    ComPtr<IClassFactory> factory;
+    CHECK(GetClass(id, IID_IClassFactory, reinterpret_cast<void**>(factory.Out())) == S_OK);
+    return factory;
+  }
+  HRESULT GetClass(const CLSID& id, const IID& interfaceId, void** object) const {
+    return Find<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(id, interfaceId, object);
+  }
+  template <class Interface>
+  ComPtr<Interface> Create(const CLSID& id, const IID& interfaceId) const {
+    ComPtr<Interface> object;
+    CHECK(Factory(id)->CreateInstance(nullptr, interfaceId, reinterpret_cast<void**>(object.Out())) == S_OK);
+    return object;
+  }
+  LONG LiveObjects() const { return Find<LONG(WINAPI*)()>("DllLiveObjects")(); }
+  HRESULT CanUnloadNow() const { return Find<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+  HMODULE Module() const { return module_; }
+
+ private:
+  template <class Function>
+  Function Find(const char* name) const {
+    const FARPROC found = GetProcAddress(module_, name);
+    CHECK_FOR(name, found != nullptr);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+  }
+
+  HMODULE module_;
+};
+
+}  // namespace htr60::client

@@ -1,0 +1,222 @@
+#!/bin/bash
+# Runs what is built for Windows by Wine: wine.sh FOLDER WORD ARGUMENT...
+# FOLDER holds the prefix and what else is needed. The words are functions below. 77: it cannot be run here.
+# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that one program may take.
+set -euo pipefail
+folder=$1
+word=$2
+shift 2
+limit=${HTR60_LIMIT:-120}
+bits=${HTR60_BITS:-64}
+
+# skip WHY
+skip() {
+  echo "SKIPPED: $1"
+  exit 77
+}
+
+# Debian's package puts neither program where programs are looked for.
+find_program() {
+  command -v "$1" || for place in /usr/lib/wine /usr/lib/wine-development; do
+    if [ -x "$place/$1" ]; then
+      echo "$place/$1"
+      return
+    fi
+  done
+}
+
+wine=$(find_program wine64) || wine=$(find_program wine) || true
+server=$(find_program wineserver) || true
+if [ -z "$wine" ] || [ -z "$server" ]; then
+  skip "there is no Wine (Debian: wine64)"
+fi
+
+# Nothing of the user's own is read or written, no window is opened, and no browser is asked for.
+export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Texts are freed when they are let go, not kept for the next.
+export OANOCACHE=1
+unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
+mkdir -p "$folder/home"
+
+# Programs of 32 bits run in the Wine of 64 by the libraries of the other one.
+system='C:\windows\system32'
+if [ "$bits" = 32 ]; then
+  export WINEDLLPATH=$folder/wine32/usr/lib/i386-linux-gnu/wine
+  system='C:\windows\syswow64'
+fi
+
+# end_wine: ends every process of the prefix, and writes the registry.
+end_wine() {
+  if [ -d "$WINEPREFIX" ]; then timeout 30 "$server" -k -w || true; fi
+}
+trap end_wine EXIT
+
+# run COMMAND...: in the prefix, for as long as the limit allows; what it writes ends its lines as everywhere here.
+run() {
+  local status=0
+  timeout "$limit" "$wine" "$@" </dev/null >"$folder/output" 2>"$folder/errors" || status=$?
+  tr -d '\r' <"$folder/output"
+  tr -d '\r' <"$folder/errors" >&2
+  if [ "$status" = 124 ]; then echo "FAILED: not done after $limit s: $*" >&2; fi
+  return "$status"
+}
+
+# windows_path FILE: as the programs of Windows name it.
+windows_path() {
+  local path
+  path=$(readlink -f "$1")
+  echo "Z:${path//\//\\}"
+}
+
+# fetch_wine32: the package of the libraries of 32 bits, with folders of apt's own, so that this system's stay as they
+# are; nothing is installed.
+fetch_wine32() {
+  if ! command -v apt-get >/dev/null || ! command -v dpkg-deb >/dev/null; then return 1; fi
+  local apt=$folder/apt
+  local options=(-q -o APT::Architecture=i386 -o APT::Architectures=i386 -o "Dir::State::Lists=$apt/lists"
+    -o "Dir::Cache=$apt/cache" -o Dir::State::Status=/dev/null -o Debug::NoLocking=1 -o Acquire::Retries=3)
+  if [ "$(id -u)" = 0 ]; then options+=(-o APT::Sandbox::User=root); fi
+  mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial"
+  # Lists that are not needed may fail.
+  timeout "$limit" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
+  (cd "$apt" && timeout "$limit" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
+  rm -rf "$folder/wine32.part"
+  mkdir "$folder/wine32.part"
+  dpkg-deb --fsys-tarfile "$apt"/libwine_*.deb | tar -x -C "$folder/wine32.part" --wildcards '*/i386-windows/*' || return 1
+  mv "$folder/wine32.part" "$folder/wine32"
+  rm -rf "$apt"
+}
+
+# prefix: makes it, unless it is there.
+prefix() {
+  if [ "$bits" = 32 ] && [ ! -d "$folder/wine32" ] && ! fetch_wine32; then
+    skip "Wine's libraries of 32 bits cannot be had (Debian: libwine of i386)"
+  fi
+  if [ -e "$WINEPREFIX/made" ]; then return; fi
+  rm -rf "$WINEPREFIX"
+  run wineboot -i
+  end_wine
+  touch "$WINEPREFIX/made"
+}
+
+# What needs a prefix that could not be made cannot be run either.
+if [ "$word" != prefix ] && [ ! -e "$WINEPREFIX/made" ]; then skip "there is no prefix"; fi
+
+# expect EXPECTED FOUND STATUS: the program of that output ended well, and wrote what stands in the file.
+expect() {
+  if ! diff -u "$1" "$2"; then
+    echo "FAILED: the output is not that of $1" >&2
+    return 1
+  fi
+  if [ "$3" != 0 ]; then
+    echo "FAILED: it ended with $3" >&2
+    return 1
+  fi
+}
+
+# program EXPECTED PROGRAM ARGUMENT...: its output is that of the file, to the last line.
+program() {
+  local expected=$1 status=0
+  shift
+  run "$@" >"$folder/found" || status=$?
+  expect "$expected" "$folder/found" "$status"
+}
+
+# install SWITCHES DLL...: regsvr32 with these switches, for one after the other.
+install() {
+  local switches=$1 dll
+  shift
+  for dll in "$@"; do
+    # shellcheck disable=SC2086 # several
+    run "$system\regsvr32.exe" /s $switches "$(windows_path "$dll")"
+  done
+}
+
+# register DLL...: for what needs them registered.
+register() {
+  install "" "$@"
+}
+
+# registry_state FILE: the whole registry, each key and each value a line. Wine keeps times of its own in it.
+registry_state() {
+  end_wine
+  (cd "$WINEPREFIX" && LC_ALL=C awk '
+    /^#|^;|^WINE|^$/ { next }
+    /^\[/ {
+      sub(/\] [0-9]*$/, "")
+      key = FILENAME " " substr($0, 2)
+      # A key stands in the file where it has values or nothing below it: here with all those above it.
+      for (above = key; !(above in seen); sub(/\\\\[^\\]*$/, "", above)) {
+        seen[above]
+        print above
+        if (index(above, "\\\\") == 0) break
+      }
+      next
+    }
+    { print key " " $0 }' system.reg user.reg userdef.reg) |
+    grep -vE '"DriverDateData"=|^user.reg Software\\\\Wine\\\\(FileOpenAssociations|MenuFiles)$' | LC_ALL=C sort >"$1"
+}
+
+# expect_added EXPECTED WHAT: since `clean` the lines of the file have been added, and nothing else has changed.
+expect_added() {
+  registry_state "$folder/now"
+  LC_ALL=C comm -13 "$folder/clean" "$folder/now" >"$folder/added"
+  LC_ALL=C comm -23 "$folder/clean" "$folder/now" >"$folder/removed"
+  if ! diff -u /dev/null "$folder/removed" || ! diff -u "$1" "$folder/added"; then
+    echo "FAILED: $2" >&2
+    return 1
+  fi
+}
+
+# registry MACHINE USER CONTROL MANAGER: what registering for the machine and for the user writes, as the two files tell
+# with the folder of the DLLs as FOLDER, and that undoing it leaves nothing.
+registry() {
+  local dlls
+  dlls=$(windows_path "$(dirname "$3")")
+  dlls=${dlls//\\/\\\\}
+  sed "s|FOLDER|${dlls//\\/\\\\}|" "$1" >"$folder/machine"
+  sed "s|FOLDER|${dlls//\\/\\\\}|" "$2" >"$folder/user"
+  shift 2
+  # What an earlier run has left.
+  install /u "$@"
+  install "/u /n /i:user" "$@"
+  registry_state "$folder/clean"
+  if grep -iE 'htr60|\{036D1486-' "$folder/clean"; then
+    echo "FAILED: this was there before" >&2
+    return 1
+  fi
+  # Twice, for nobody asks what is there already.
+  install "" "$@"
+  install "" "$@"
+  expect_added "$folder/machine" "registering for the machine"
+  install /u "$@"
+  install /u "$@"
+  expect_added /dev/null "undoing it"
+  install "/n /i:user" "$@"
+  expect_added "$folder/user" "registering for the user"
+  install "/u /n /i:user" "$@"
+  expect_added /dev/null "undoing it for the user"
+  if install "/n /i:nobody" "$1"; then
+    echo "FAILED: it can be registered for nobody" >&2
+    return 1
+  fi
+  expect_added /dev/null "registering for nobody"
+  echo "$(wc -l <"$folder/clean") lines of the registry compared"
+}
+
+# script EXPECTED SCRIPT: for what is registered; its output is that of the file, to the last line.
+script() {
+  local expected=$1 status=0
+  run "$system\cscript.exe" //nologo "$(windows_path "$2")" >"$folder/found" || status=$?
+  expect "$expected" "$folder/found" "$status"
+}
+
+# manual CHECK PROGRAM MANUAL: the examples of a manual, by the script that checks them.
+manual() {
+  printf '#!/bin/bash\nexec timeout %q %q %q\n' "$limit" "$wine" "$2" >"$folder/program.sh"
+  chmod +x "$folder/program.sh"
+  "$1" "$folder/program.sh" "$3"
+}
+
+"$word" "$@"
