@@ -39,6 +39,20 @@ export OANOCACHE=1
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
 mkdir -p "$folder/home"
 
+# What opens a window gets a display of its own.
+if [ "${HTR60_DISPLAY:-0}" = 1 ]; then
+  if ! command -v Xvfb >/dev/null; then skip "there is no Xvfb (Debian: xvfb)"; fi
+  exec 3>"$folder/display"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+  display=$!
+  exec 3>&-
+  for ((i = 0; i < 100; i++)); do
+    if [ -s "$folder/display" ]; then break; fi
+    sleep 0.1
+  done
+  export DISPLAY=:$(<"$folder/display")
+fi
+
 # Programs of 32 bits run in the Wine of 64 by the libraries of the other one.
 system='C:\windows\system32'
 if [ "$bits" = 32 ]; then
@@ -49,6 +63,7 @@ fi
 # end_wine: ends every process of the prefix, and writes the registry.
 end_wine() {
   if [ -d "$WINEPREFIX" ]; then timeout 30 "$server" -k -w || true; fi
+  if [ -n "${display:-}" ]; then kill "$display" 2>/dev/null || true; fi
 }
 trap end_wine EXIT
 

@@ -28,6 +28,7 @@ class ControlObject final : public Scriptable<IDtmActiveXControl>,
 
   /// What scripts call beside these two.
   UserCntrl& Control() { return host_.Control(); }
+  presentation::Presentation& Presented() { return host_.Presented(); }
 
   HRESULT WINAPI GetTypeInfoCount(UINT* count) override;
   HRESULT WINAPI GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;

@@ -211,8 +211,14 @@ bool ChoiceField::Scroll(int notches) {
 
 LRESULT ChoiceField::OnMessage(UINT message, WPARAM word, LPARAM number) {
   switch (message) {
-    case WM_PAINT:
-      PaintField();
+    case WM_PAINT: {
+      PAINTSTRUCT paint{};
+      PaintField(BeginPaint(Handle(), &paint));
+      EndPaint(Handle(), &paint);
+      return 0;
+    }
+    case WM_PRINTCLIENT:
+      PaintField(reinterpret_cast<HDC>(word));
       return 0;
     case WM_ERASEBKGND:
       return 1;
@@ -252,9 +258,7 @@ LRESULT ChoiceField::OnMessage(UINT message, WPARAM word, LPARAM number) {
   return Default(message, word, number);
 }
 
-void ChoiceField::PaintField() {
-  PAINTSTRUCT paint{};
-  const HDC context = BeginPaint(Handle(), &paint);
+void ChoiceField::PaintField(HDC context) {
   if (look_ != nullptr) {
     const Canvas canvas(context, *look_);
     RECT client{};
@@ -281,7 +285,6 @@ void ChoiceField::PaintField() {
     const POINT arrow[] = {{x - arm, y - arm / 2}, {x, y + arm / 2}, {x + arm, y - arm / 2}};
     canvas.Lines(arrow, {.color = color, .width = std::max(1, look_->Pixels(2) * 3 / 4)});
   }
-  EndPaint(Handle(), &paint);
 }
 
 }  // namespace htr60::view

@@ -54,7 +54,7 @@ class ChoiceField final : public FieldWindow, private Child {
 
  private:
   LRESULT OnMessage(UINT message, WPARAM word, LPARAM number) override;
-  void PaintField();
+  void PaintField(HDC context);
 
   presentation::Keyboard& keys_;
   const Look* look_ = nullptr;

@@ -501,6 +501,9 @@ LRESULT ControlView::OnMessage(UINT message, WPARAM word, LPARAM number) {
     case WM_PAINT:
       Paint(*look_, [this](const Canvas& canvas, const RECT&) { PaintAll(canvas); });
       return 0;
+    case WM_PRINTCLIENT:
+      PaintAll(Canvas(reinterpret_cast<HDC>(word), *look_));
+      return 0;
     case WM_SIZE:
       if (page_ != nullptr && revert_ != nullptr && reopen_ != nullptr) {
         const CommonControls common;
@@ -539,8 +542,6 @@ LRESULT ControlView::OnMessage(UINT message, WPARAM word, LPARAM number) {
       return Window::OnMessage(message, word, number);
   }
 }
-
-void ControlView::PaintInto(HDC context) { PaintAll(Canvas(context, *look_)); }
 
 // ---- painting
 

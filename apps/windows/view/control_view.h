@@ -47,8 +47,6 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   bool HasFocus() const;
   /// A key message of the frame's loop. True where it was taken.
   bool TakeAccelerator(const MSG& message);
-  /// Paints the view into a context, for a frame that prints it.
-  void PaintInto(HDC context);
 
  private:
   struct Strip {

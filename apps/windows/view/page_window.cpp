@@ -204,6 +204,9 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
     case WM_PAINT:
       Paint(*look_, [this](const Canvas& canvas, const RECT&) { PaintPage(canvas); });
       return 0;
+    case WM_PRINTCLIENT:
+      PaintPage(Canvas(reinterpret_cast<HDC>(word), *look_));
+      return 0;
     case WM_VSCROLL:
     case WM_HSCROLL: {
       SCROLLINFO info{};

@@ -1,0 +1,216 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "control_bench.h"
+#include "library.h"
+#include "windows/base/text.h"
+#include "windows/view/child.h"
+
+namespace htr60::client {
+
+/// What a frame gives a control: a window, and the interfaces of a place in it. It writes down what is called.
+class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleInPlaceFrame, public IOleControlSite {
+ public:
+  Site() {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = &DefWindowProcW;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = L"TestFrame";
+    RegisterClassExW(&description);
+    window = CreateWindowExW(0, L"TestFrame", L"frame", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 1120, 760, nullptr,
+                             nullptr, GetModuleHandleW(nullptr), nullptr);
+    CHECK(window != nullptr);
+    ShowWindow(window, SW_SHOW);
+  }
+  virtual ~Site() { DestroyWindow(window); }
+  Site(const Site&) = delete;
+  Site& operator=(const Site&) = delete;
+
+  HWND window = nullptr;
+  RECT place{0, 0, 1100, 720};
+  std::string calls;  ///< names, with a blank behind each
+  bool takesKeys = false;
+
+  HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
+    *object = nullptr;
+    if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IOleClientSite))
+      *object = static_cast<IOleClientSite*>(this);
+    if (IsEqualIID(id, IID_IOleInPlaceSite) || IsEqualIID(id, IID_IOleWindow)) {
+      *object = static_cast<IOleInPlaceSite*>(this);
+    }
+    if (IsEqualIID(id, IID_IOleInPlaceFrame) || IsEqualIID(id, IID_IOleInPlaceUIWindow)) {
+      *object = static_cast<IOleInPlaceFrame*>(this);
+    }
+    if (IsEqualIID(id, IID_IOleControlSite)) *object = static_cast<IOleControlSite*>(this);
+    if (*object == nullptr) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  ULONG WINAPI AddRef() override { return static_cast<ULONG>(++references_); }
+  ULONG WINAPI Release() override { return static_cast<ULONG>(--references_); }
+  LONG References() const { return references_; }
+
+  HRESULT WINAPI SaveObject() override { return E_NOTIMPL; }
+  HRESULT WINAPI GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
+  HRESULT WINAPI GetContainer(IOleContainer** container) override {
+    *container = nullptr;
+    return E_NOINTERFACE;
+  }
+  HRESULT WINAPI ShowObject() override { return S_OK; }
+  HRESULT WINAPI OnShowWindow(BOOL) override { return S_OK; }
+  HRESULT WINAPI RequestNewObjectLayout() override { return E_NOTIMPL; }
+
+  HRESULT WINAPI GetWindow(HWND* it) override {
+    *it = window;
+    return S_OK;
+  }
+  HRESULT WINAPI ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
+  HRESULT WINAPI CanInPlaceActivate() override { return Note("CanInPlaceActivate"); }
+  HRESULT WINAPI OnInPlaceActivate() override { return Note("OnInPlaceActivate"); }
+  HRESULT WINAPI OnUIActivate() override { return Note("OnUIActivate"); }
+  HRESULT WINAPI GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT position,
+                                  LPRECT clip, LPOLEINPLACEFRAMEINFO) override {
+    *frame = this;
+    AddRef();
+    *document = nullptr;
+    *position = *clip = place;
+    return Note("GetWindowContext");
+  }
+  HRESULT WINAPI Scroll(SIZE) override { return E_NOTIMPL; }
+  HRESULT WINAPI OnUIDeactivate(BOOL) override { return Note("OnUIDeactivate"); }
+  HRESULT WINAPI OnInPlaceDeactivate() override { return Note("OnInPlaceDeactivate"); }
+  HRESULT WINAPI DiscardUndoState() override { return S_OK; }
+  HRESULT WINAPI DeactivateAndUndo() override { return S_OK; }
+  HRESULT WINAPI OnPosRectChange(LPCRECT) override { return S_OK; }
+
+  HRESULT WINAPI GetBorder(LPRECT) override { return E_NOTIMPL; }
+  HRESULT WINAPI RequestBorderSpace(LPCBORDERWIDTHS) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetBorderSpace(LPCBORDERWIDTHS) override { return S_OK; }
+  HRESULT WINAPI SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override {
+    return Note(object != nullptr ? "SetActiveObject" : "NoActiveObject");
+  }
+  HRESULT WINAPI InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetMenu(HMENU, HOLEMENU, HWND) override { return S_OK; }
+  HRESULT WINAPI RemoveMenus(HMENU) override { return E_NOTIMPL; }
+  HRESULT WINAPI SetStatusText(LPCOLESTR) override { return S_OK; }
+  HRESULT WINAPI EnableModeless(BOOL enable) override { return Note(enable != FALSE ? "Modeless" : "Modal"); }
+  HRESULT WINAPI TranslateAccelerator(LPMSG, WORD) override { return S_FALSE; }
+
+  HRESULT WINAPI OnControlInfoChanged() override { return S_OK; }
+  HRESULT WINAPI LockInPlaceActive(BOOL) override { return S_OK; }
+  HRESULT WINAPI GetExtendedControl(IDispatch** control) override {
+    *control = nullptr;
+    return E_NOTIMPL;
+  }
+  HRESULT WINAPI TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
+  HRESULT WINAPI TranslateAccelerator(LPMSG, DWORD) override {
+    Note("KeyOfFrame");
+    return takesKeys ? S_OK : S_FALSE;
+  }
+  HRESULT WINAPI OnFocus(BOOL) override { return S_OK; }
+  HRESULT WINAPI ShowPropertyFrame() override { return E_NOTIMPL; }
+
+ private:
+  HRESULT Note(const char* name) {
+    calls += name;
+    calls += ' ';
+    return S_OK;
+  }
+
+  LONG references_ = 1;
+};
+
+/// Handles what waits for so long, timers too.
+inline void Pump(DWORD milliseconds) {
+  const ULONGLONG end = GetTickCount64() + milliseconds;
+  for (;;) {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    const ULONGLONG now = GetTickCount64();
+    if (now >= end) return;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+  }
+}
+
+/// A control with a window in a frame of the test's own.
+class Shown {
+ public:
+  Shown() {
+    CHECK(Ole()->SetClientSite(&site) == S_OK);
+    CHECK(Verb(OLEIVERB_INPLACEACTIVATE) == S_OK);
+  }
+  ~Shown() {
+    Ole()->Close(OLECLOSE_NOSAVE);
+    Ole()->SetClientSite(nullptr);
+  }
+  Shown(const Shown&) = delete;
+  Shown& operator=(const Shown&) = delete;
+
+  com::ControlObject& Object() const {
+    return static_cast<com::ControlObject&>(
+        *static_cast<com::Scriptable<com::IDtmActiveXControl>*>(control.object.Get()));
+  }
+  presentation::Presentation& Presented() const { return Object().Presented(); }
+  ComPtr<IOleObject> Ole() const { return ComPtr<IOleObject>::Of(control.object.Get(), IID_IOleObject); }
+  HRESULT Verb(LONG verb) const { return Ole()->DoVerb(verb, nullptr, &site, 0, site.window, &site.place); }
+  HWND Root() const {
+    HWND window = nullptr;
+    ComPtr<IOleInPlaceObject>::Of(control.object.Get(), IID_IOleInPlaceObject)->GetWindow(&window);
+    return window;
+  }
+  HWND Page() const { return FindWindowExW(Root(), nullptr, L"Htr60Page", nullptr); }
+
+  mutable Site site;
+  Control control;
+};
+
+/// The windows below one, all of them.
+inline std::vector<HWND> Below(HWND root) {
+  std::vector<HWND> windows;
+  EnumChildWindows(
+      root,
+      [](HWND window, LPARAM list) -> BOOL {
+        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+inline view::Child* FieldWindow(HWND page, ControlId control) {
+  for (const HWND window : Below(page)) {
+    view::Child* child = view::Child::Of(window);
+    if (child != nullptr && child->Spot() == presentation::Spot(control) && child->IsShown()) return child;
+  }
+  return nullptr;
+}
+
+/// The texts that a window paints itself, one a line.
+inline std::wstring Painted(HWND window) {
+  const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
+  SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(recorder), PRF_CLIENT);
+  const HENHMETAFILE file = CloseEnhMetaFile(recorder);
+  std::wstring texts;
+  EnumEnhMetaFile(
+      nullptr, file,
+      [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM list) -> int {
+        if (record->iType != EMR_EXTTEXTOUTW) return 1;
+        const auto& text = *reinterpret_cast<const EMREXTTEXTOUTW*>(record);
+        const auto* words =
+            reinterpret_cast<const wchar_t*>(reinterpret_cast<const char*>(record) + text.emrtext.offString);
+        reinterpret_cast<std::wstring*>(list)->append(words, text.emrtext.nChars).push_back(L'\n');
+        return 1;
+      },
+      &texts, nullptr);
+  DeleteEnhMetaFile(file);
+  return texts;
+}
+
+}  // namespace htr60::client
