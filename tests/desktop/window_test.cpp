@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScrollArea>
@@ -10,6 +11,7 @@
 #include <QToolButton>
 #include <utility>
 
+#include "desktop/options.h"
 #include "desktop/page/choice_field.h"
 #include "desktop_test.h"
 
@@ -340,6 +342,23 @@ TEST_F(WindowTest, FitsASmallScreenWithTheActionAreaWhole) {
   }
   QApplication::processEvents();
   EXPECT_FALSE(list->visibleRegion().isEmpty()) << "the keyboard brings it into sight";
+}
+
+TEST(WindowPreset, IsNamedInStripAndMenu) {
+  SteppedClock clock;
+  DesktopHost host(clock, LoadSettings({.preset = QStringLiteral("tank")}), QStringLiteral("tank"));
+  MainWindow window(host, MainWindow::Places::kFresh);
+  EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("simulated"))->text(), QStringLiteral("SIMULATED: tank"));
+  QStringList listed;
+  QStringList checked;
+  for (const QAction* action : window.findChildren<QAction*>()) {
+    const auto names = sim::PresetNames();
+    if (std::find(names.begin(), names.end(), ToUtf8(action->text())) == names.end()) continue;
+    listed << action->text();
+    if (action->isChecked()) checked << action->text();
+  }
+  EXPECT_EQ(listed.size(), static_cast<qsizetype>(sim::PresetNames().size()));
+  EXPECT_EQ(checked, QStringList(QStringLiteral("tank")));
 }
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {
