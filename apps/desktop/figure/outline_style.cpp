@@ -1,7 +1,10 @@
 #include "desktop/figure/outline_style.h"
 
+#include <QGroupBox>
+#include <QListWidget>
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "desktop/figure/tones.h"
 
@@ -9,24 +12,49 @@ namespace htr60::desktop {
 namespace {
 
 constexpr double kRadius = 2;
+constexpr int kAboveBox = 3;  // pixels, as the style below leaves them
+
+void DrawBox(QPainter& painter, const QRect& rect, const QColor& color) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(color);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+  painter.restore();
+}
 
 // What is disabled, or has the focus' own frame, stays as it is.
 void Outline(QPainter& painter, const QStyleOption& option) {
   if (!option.state.testFlag(QStyle::State_Enabled) || option.state.testFlag(QStyle::State_HasFocus)) return;
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(EdgeColor(option.palette));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-  painter.restore();
+  DrawBox(painter, option.rect, EdgeColor(option.palette));
 }
 
 }  // namespace
 
 void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
+  if (element == PE_FrameGroupBox) {
+    const auto* box = qobject_cast<const QGroupBox*>(widget);
+    const int title = box != nullptr && box->title().isEmpty() ? 0 : option->fontMetrics.height();
+    return DrawBox(*painter, option->rect.adjusted(0, title + kAboveBox, 0, 0), BoxColor(option->palette));
+  }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (element == PE_FrameLineEdit || element == PE_PanelButtonCommand) Outline(*painter, *option);
+  // A list to be read has a frame of no colour of its own, with the focus too.
+  if (element == PE_Frame && qobject_cast<const QListWidget*>(widget) != nullptr) {
+    const QPalette& palette = option->palette;
+    DrawBox(*painter, option->rect, widget->hasFocus() ? AccentColor(palette) : EdgeColor(palette));
+  }
+}
+
+void OutlineStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+  QProxyStyle::drawControl(element, option, painter, widget);
+  // Shades alone tell the tab in front from the others.
+  if (element != CE_TabBarTabShape || !option->state.testFlag(State_Selected)) return;
+  const int high = std::max(2, option->fontMetrics.height() / 5);
+  painter->fillRect(QRect(option->rect.left() + 1, option->rect.top(), option->rect.width() - 2, high),
+                    AccentColor(option->palette));
 }
 
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
