@@ -40,11 +40,11 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (element == PE_FrameLineEdit || element == PE_PanelButtonCommand) Outline(*painter, *option);
-  // A list to be read has a frame of no colour of its own, with the focus too.
-  if (element == PE_Frame && qobject_cast<const QListWidget*>(widget) != nullptr) {
-    const QPalette& palette = option->palette;
-    DrawBox(*painter, option->rect, widget->hasFocus() ? AccentColor(palette) : EdgeColor(palette));
-  }
+  if (element != PE_Frame || widget == nullptr) return;
+  // Frames have no colour of their own. A list to be read is a field.
+  const bool field = qobject_cast<const QListWidget*>(widget) != nullptr;
+  const QColor edge = field ? EdgeColor(option->palette) : BoxColor(option->palette);
+  DrawBox(*painter, option->rect, field && widget->hasFocus() ? AccentColor(option->palette) : edge);
 }
 
 void OutlineStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -39,6 +39,7 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
   FieldWidth width = FieldWidth::Of(kind_, second ? row.secondWidth : row.width, numberWidth);
   if (tight && width.characters <= kMostTight) width.least = kTightCharacters;
   if (row_.large) width.characters = width.characters * kLargeShare / 16;
+  width.digits = row_.large;
   if (!IsButton()) shape_ = new ShapeSlot(parent);
   switch (kind_) {
     case RowKind::kList:

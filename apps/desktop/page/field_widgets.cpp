@@ -49,7 +49,9 @@ int FieldWidth::Hint(const QWidget& widget) const {
 int FieldWidth::Least(const QWidget& widget) const {
   FieldWidth narrow = *this;
   narrow.characters = std::min(characters, least);
-  return narrow.Hint(widget);
+  const QFontMetrics metrics = widget.fontMetrics();
+  const int wider = digits ? metrics.horizontalAdvance(u'0') - metrics.averageCharWidth() : 0;
+  return narrow.Hint(widget) + narrow.characters * wider;
 }
 
 int FieldHeight(const QWidget& widget) {

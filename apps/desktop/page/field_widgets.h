@@ -17,9 +17,10 @@ namespace htr60::desktop {
 /// Widths of fields, taken from the font: the same class is equally wide whatever widget it holds.
 struct FieldWidth {
   int characters = 16;
-  bool page = false;   ///< takes all there is
-  bool arrow = false;  ///< has room for a list's arrow
-  int least = 24;      ///< characters to which it shrinks on a narrow page
+  bool page = false;    ///< takes all there is
+  bool arrow = false;   ///< has room for a list's arrow
+  int least = 24;       ///< characters to which it shrinks on a narrow page
+  bool digits = false;  ///< shrunk, there is room for as many digits, which are wider than other characters
 
   static FieldWidth Of(RowKind kind, WidthClass width, int numberWidth);
   int Hint(const QWidget& widget) const;

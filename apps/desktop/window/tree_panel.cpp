@@ -26,7 +26,7 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tre
   BearSpot(*this, presentation::Spot::Part::kTree);
   setExpandsOnDoubleClick(false);  // a double click is two activations, and the branch stays as it is
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setIndentation(fontMetrics().averageCharWidth() * 5 / 2);
+  setIndentation(fontMetrics().averageCharWidth() * 2);
   const int side = fontMetrics().height();
   setIconSize(QSize(side, side));
   setUniformRowHeights(true);
