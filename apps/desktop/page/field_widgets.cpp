@@ -202,21 +202,26 @@ ReadList::ReadList(FieldWidth width, QWidget* parent) : QListWidget(parent), wid
 }
 
 void ReadList::Show(RowRole role, const std::vector<std::string>& rows) {
+  role_ = role;
+  rows_ = rows;
+  Fill();
+}
+
+void ReadList::changeEvent(QEvent* event) {
+  QListWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { Fill(); });
+}
+
+void ReadList::Fill() {
   clear();
   const int side = fontMetrics().ascent();
   setIconSize({side, side});
-  for (const std::string& row : rows) {
+  for (const std::string& row : rows_) {
     auto* item = new QListWidgetItem(ToQt(row), this);
     item->setToolTip(ToQt(row));
-    const auto shape = ShapeOf(presentation::MarkOf(role, RowKind::kListBox, row));
+    const auto shape = ShapeOf(presentation::MarkOf(role_, RowKind::kListBox, row));
     if (shape == desktop::Shape::kNone) continue;
-    QPixmap picture(QSize(side, side) * devicePixelRatioF());
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    PaintShape(painter, QRectF(0.5, 0.5, side - 1, side - 1), shape, palette());
-    painter.end();
-    item->setIcon(QIcon(picture));
+    item->setIcon(ShapeIcon(shape, side, palette()));
   }
 }
 

@@ -118,10 +118,15 @@ class ReadList final : public QListWidget {
   QSize minimumSizeHint() const override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void Fill();
+
   FieldWidth width_;
+  RowRole role_ = RowRole::kNone;
+  std::vector<std::string> rows_;
 };
 
 }  // namespace htr60::desktop
