@@ -109,6 +109,7 @@ void FieldCell::MakeChoice(FieldWidth width, QWidget* parent) {
 void FieldCell::MakeButton(QWidget* parent) {
   auto* button = new QPushButton(parent);
   button->setAutoDefault(false);
+  button->setAccessibleDescription(ToQt(row_.note));
   button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   widget_ = button;
   Connect(button, &QPushButton::clicked, this, [this] { Q_EMIT Pressed(ButtonId{control_}); });
