@@ -168,6 +168,7 @@ void FieldCell::RefreshState() {
   const QString hint = ToQt(row->hint);
   const bool same = described_ && shape == shape_->Current() && words == words_ && hint == hint_;
   words_ = words;
+  brief_ = row->state ? ToQt(presentation::NameOf(*row->state)) : QString();
   hint_ = hint;
   shape_->SetShape(shape, name);
   if (row != &kUnseen) {

@@ -18,6 +18,7 @@ namespace htr60::desktop {
 namespace {
 
 constexpr const char* kTooLong = "#####";
+constexpr int kTellingCharacters = 20;  // of words that do not fit, to be worth their beginning
 
 }  // namespace
 
@@ -147,13 +148,22 @@ WordsLabel::WordsLabel(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
-void WordsLabel::SetWords(const QString& words, const QString& brief, bool alert) {
-  if (words == words_ && brief == brief_ && alert == alert_) return;
+void WordsLabel::SetWords(const QString& words, const QString& brief, const QString& least, bool alert) {
+  if (words == words_ && brief == brief_ && least == least_ && alert == alert_) return;
   words_ = words;
   brief_ = brief;
+  least_ = least;
   alert_ = alert;
   updateGeometry();
   update();
+}
+
+QString WordsLabel::Shown() const {
+  if (Fits()) return words_;
+  if (width() >= kTellingCharacters * fontMetrics().averageCharWidth()) {
+    return fontMetrics().elidedText(words_, Qt::ElideRight, width());
+  }
+  return fontMetrics().horizontalAdvance(brief_) <= width() && !brief_.isEmpty() ? brief_ : least_;
 }
 
 bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <= width(); }
@@ -161,7 +171,7 @@ bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <
 QSize WordsLabel::sizeHint() const { return {fontMetrics().horizontalAdvance(words_), fontMetrics().height()}; }
 
 QSize WordsLabel::minimumSizeHint() const {
-  return {brief_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(brief_), fontMetrics().height()};
+  return {least_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(least_), fontMetrics().height()};
 }
 
 void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -169,7 +179,7 @@ void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WordsLabel::Paint() {
-  const QString& text = Fits() ? words_ : brief_;
+  const QString text = Shown();
   if (text.isEmpty()) return;
   QPainter painter(this);
   painter.setPen(alert_ ? AlertColor(palette()) : palette().color(QPalette::WindowText));

@@ -72,14 +72,17 @@ class PlainLabel final : public QLabel {
   PlainLabel(const QString& text, QWidget* parent);
 };
 
-/// Words after a field: all of them where they fit, else the short form. They never take room from the field.
+/// Words after a field: all of them where they fit, else their beginning or the short form. They take no room from the
+/// field but for the least form.
 class WordsLabel final : public QWidget {
   Q_OBJECT
 
  public:
   explicit WordsLabel(QWidget* parent);
-  void SetWords(const QString& words, const QString& brief, bool alert);
+  void SetWords(const QString& words, const QString& brief, const QString& least, bool alert);
   const QString& Words() const { return words_; }
+  /// What is to be seen of them.
+  QString Shown() const;
   bool Fits() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -91,6 +94,7 @@ class WordsLabel final : public QWidget {
   void Paint();
   QString words_;
   QString brief_;
+  QString least_;
   bool alert_ = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
@@ -28,14 +29,20 @@ UnitLabel::UnitLabel(bool wide, bool pale, QWidget* parent) : QLabel(parent), wi
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
 }
 
+void UnitLabel::SetClose(bool close) {
+  if (std::exchange(close_, close) != close) updateGeometry();
+}
+
 QSize UnitLabel::sizeHint() const {
   const QSize own = QLabel::sizeHint();
-  return {std::max(own.width(), wide_ ? kUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+  return {std::max(own.width(), wide_ && !close_ ? kUnitCharacters * fontMetrics().averageCharWidth() : 0),
+          own.height()};
 }
 
 QSize UnitLabel::minimumSizeHint() const {
   const QSize own = QLabel::sizeHint();
-  return {std::max(own.width(), wide_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+  return {std::max(own.width(), wide_ && !close_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0),
+          own.height()};
 }
 
 void UnitLabel::paintEvent(QPaintEvent* event) {
@@ -294,6 +301,7 @@ void GroupView::RefreshStates() {
 
 void GroupView::RefreshWords(const Line& line) {
   QStringList words;
+  QString brief;
   bool hinted = false;
   bool alert = false;
   int marked = 0;
@@ -301,7 +309,10 @@ void GroupView::RefreshWords(const Line& line) {
     for (const FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
       if (cell == nullptr || !cell->Shows()) continue;
       const auto before = words.size();
-      if (!cell->Words().isEmpty()) words << cell->Words();
+      if (!cell->Words().isEmpty()) {
+        words << cell->Words();
+        brief = cell->Brief();
+      }
       if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
       hinted = hinted || !cell->Hint().isEmpty();
       alert = alert || cell->IsAlert();
@@ -310,7 +321,13 @@ void GroupView::RefreshWords(const Line& line) {
   }
   // Two fields in one line that say the same say it once; their shapes tell them apart.
   if (marked > 1) words.removeDuplicates();
-  line.words->SetWords(words.join(QStringLiteral("  ")), hinted ? QStringLiteral("?") : QString(), alert);
+  const QString all = words.join(QStringLiteral("  "));
+  line.words->SetWords(all, marked == 1 ? brief : QString(), hinted ? QStringLiteral("?") : QString(), alert);
+  // Long words begin right behind the unit, short ones below each other.
+  for (const std::size_t i : line.rows) {
+    if (rows_[i].unit != nullptr && rows_[i].second == nullptr)
+      rows_[i].unit->SetClose(all.size() > presentation::kWordsCharacters);
+  }
 }
 
 // ---- widths

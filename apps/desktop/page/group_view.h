@@ -17,6 +17,8 @@ class UnitLabel final : public QLabel {
 
  public:
   UnitLabel(bool wide, bool pale, QWidget* parent);
+  /// Something follows that needs the room.
+  void SetClose(bool close);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -26,6 +28,7 @@ class UnitLabel final : public QLabel {
  private:
   bool wide_;
   bool pale_;
+  bool close_ = false;
 };
 
 /// One group of a page: its box, and its rows in a grid of captions and lines.

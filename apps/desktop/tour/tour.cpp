@@ -187,10 +187,21 @@ Tour::Outcome Tour::PressTab(const TourStep& step) {
   return strip->currentIndex() == step.number ? Outcome::kDone : Outcome::kCannot;
 }
 
+// Without a screen nobody gives the window the keyboard back when a list has closed.
+void Tour::Focus(QWidget& widget) {
+  if (QApplication::activeWindow() == nullptr) {
+    ticks_.stop();  // the next step is not to begin meanwhile
+    window_.activateWindow();
+    QApplication::processEvents();
+    ticks_.start();
+  }
+  widget.setFocus(Qt::MouseFocusReason);
+}
+
 Tour::Outcome Tour::Type(const TourStep& step) {
   auto* field = Shown<QLineEdit>(window_, step.control);
   if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
-  field->setFocus(Qt::OtherFocusReason);
+  Focus(*field);
   field->selectAll();
   SendKey(*field, Qt::Key_Delete);
   const QString text = ToQt(Localized(step.text));
@@ -201,7 +212,7 @@ Tour::Outcome Tour::Type(const TourStep& step) {
 Tour::Outcome Tour::Choose(const TourStep& step) {
   auto* field = Shown<ChoiceField>(window_, step.control);
   if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
-  field->setFocus(Qt::OtherFocusReason);
+  Focus(*field);
   field->showPopup();
   if (field->Popup() == nullptr) return Outcome::kCannot;
   QListView* list = field->Popup()->List();
@@ -249,7 +260,7 @@ Tour::Outcome Tour::ChooseInMenu(const TourStep& step) {
 Tour::Outcome Tour::Paste(const TourStep& step) {
   auto* field = Shown<TextEntry>(window_, step.control);
   if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
-  field->setFocus(Qt::OtherFocusReason);
+  Focus(*field);
   QApplication::clipboard()->setText(ToQt(step.text));
   SendKey(*field, Qt::Key_V, Qt::ControlModifier);
   return Outcome::kDone;

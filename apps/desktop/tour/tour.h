@@ -53,6 +53,7 @@ class Tour final : public QObject {
   Outcome Paste(const TourStep& step);
   Outcome Pass(const TourStep& step);
   Outcome TakePicture(const TourStep& step);
+  void Focus(QWidget& widget);
   bool Say(const QString& line);
   bool SayStep(std::size_t number, const TourStep& step);
   std::string Localized(std::string_view text) const;
