@@ -80,7 +80,7 @@ void FieldCell::FollowFont(const QFont& page) {
     font.setPixelSize(static_cast<int>(page.pixelSize() * kLargeText));
   }
   widget_->setFont(font);
-  if (shape_ != nullptr) shape_->setFont(font);
+  if (shape_ != nullptr && kind_ != RowKind::kValue) shape_->setFont(font);  // a value has none to show: it aligns
 }
 
 void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {

@@ -125,7 +125,9 @@ void TextEntry::Paste() {
 }
 
 void TextEntry::paintEvent(QPaintEvent* event) {
-  if (!number_ || !isReadOnly() || !CutOff()) return QLineEdit::paintEvent(event);
+  // Words can be scrolled to where the focus is.
+  const bool scrolls = !number_ && (hasFocus() || echoMode() != QLineEdit::Normal);
+  if (!isReadOnly() || scrolls || !CutOff()) return QLineEdit::paintEvent(event);
   Guarded([this] { PaintTooLong(); });
 }
 
@@ -137,7 +139,9 @@ void TextEntry::PaintTooLong() {
   const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(2, 0, -2, 0);
   if (hasSelectedText()) painter.fillRect(room, palette().highlight());
   painter.setPen(palette().color(hasSelectedText() ? QPalette::HighlightedText : QPalette::Text));
-  painter.drawText(room, alignment() | Qt::TextSingleLine, QLatin1String(kTooLong));
+  const QString shown =
+      number_ ? QLatin1String(kTooLong) : fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+  painter.drawText(room, static_cast<int>(alignment()) | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 // ---- labels

@@ -37,7 +37,7 @@ class TextEntry final : public QLineEdit {
  public:
   TextEntry(FieldWidth width, bool readOnly, QWidget* parent);
   /// The form's text; the operator's cursor and selection stay as far as it allows. A number that is only read is
-  /// never cut: where it does not fit, "#####" stands for it.
+  /// never cut: where it does not fit, "#####" stands for it. Words end in dots there.
   void Show(const QString& text, bool number = false);
   bool CutOff() const;
   /// The selection, or the whole text.

@@ -22,6 +22,13 @@ bool CanBeChanged(RowKind kind) { return kind == RowKind::kEdit || kind == RowKi
 
 bool Touches(const ControlSet& changed, ControlId control) { return control && changed.test(control.ordinal); }
 
+// What the side of a box takes: without one the fields stand in the same line.
+int BoxSide() {
+  const QGroupBox box;
+  box.ensurePolished();
+  return box.contentsMargins().left();
+}
+
 }  // namespace
 
 UnitLabel::UnitLabel(bool wide, bool pale, QWidget* parent) : QLabel(parent), wide_(wide), pale_(pale) {
@@ -88,7 +95,7 @@ void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
   const int above = box_ != nullptr ? gap : gap / 2;
   const int aside = page_.tight ? gap / 2 : gap;
-  grid_->setContentsMargins(aside, above, aside, above);
+  grid_->setContentsMargins(aside + (box_ == nullptr && !page_.tight ? BoxSide() : 0), above, aside, above);
   grid_->setHorizontalSpacing(IsTight() ? gap / 2 : gap);
   grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;
