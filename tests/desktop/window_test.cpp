@@ -284,6 +284,35 @@ TEST_F(WindowTest, TheTreeMarksTheOpenNodeAndThoseNotWritten) {
   EXPECT_EQ(words("Primary Value Type"), QStringLiteral("open page"));
 }
 
+TEST_F(WindowTest, TheTreeKeepsItsScrollPlaceThroughARebuild) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Primary Value Type"));
+  window_.setMinimumSize(600, 260);
+  window_.resize(900, 280);
+  QApplication::processEvents();
+  TreePanel& tree = window_.Tree();
+  ASSERT_GT(tree.verticalScrollBar()->maximum(), 2);
+  const auto top = [&] { return tree.itemAt(0, 0)->text(0); };
+  const auto has = [&](const char* text) {
+    return !tree.findItems(QLatin1String(text), Qt::MatchExactly | Qt::MatchRecursive).isEmpty();
+  };
+  const auto choose = [&](int type, const char* node) {
+    Control().Pick(id::cmbPVType, type);
+    window_.Actions().Write()->click();
+    const bool built = WaitFor([&] { return has(node); });
+    QApplication::processEvents();
+    return built;
+  };
+  tree.verticalScrollBar()->setValue(2);
+  ASSERT_EQ(top(), QStringLiteral("Primary Value Type"));
+  ASSERT_TRUE(choose(2, "Level"));
+  EXPECT_EQ(top(), QStringLiteral("Primary Value Type"));
+  tree.verticalScrollBar()->setValue(3);
+  ASSERT_EQ(top(), QStringLiteral("Level"));
+  ASSERT_TRUE(choose(0, "Pressure/Flow"));
+  EXPECT_EQ(top(), QStringLiteral("Pressure/Flow")) << "in the place of the node that is gone";
+}
+
 TEST_F(WindowTest, TellsAssistiveTechnologyOfTheConnectionAndNotOfPolling) {
   auto* live = window_.findChild<QWidget*>(QStringLiteral("liveRegion"));
   ASSERT_NE(live, nullptr);
