@@ -162,6 +162,12 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     hasCaptions_ = hasCaptions_ || !row.captionAbove;
     if (row.captionAbove) {
       line.column->insertWidget(0, made.caption);
+    } else if (joins && line.rows.size() == 1) {
+      line.before = new QSpacerItem(0, 0, QSizePolicy::Maximum);
+      line.after = new QSpacerItem(0, 0, QSizePolicy::Maximum);
+      line.box->addItem(line.before);
+      line.box->addWidget(made.caption);
+      line.box->addItem(line.after);
     } else if (joins) {
       line.box->addWidget(made.caption);
     } else {
@@ -215,6 +221,30 @@ void GroupView::Finish() {
   Refresh(all);
 }
 
+// They give way before anything else does.
+void GroupView::AlignJoined() {
+  const auto widthsOf = [this](const Line& line) {
+    const Row& first = rows_[line.rows[0]];
+    int width = first.cell->Widget()->sizeHint().width() + (first.unit == nullptr ? 0 : line.box->spacing());
+    if (first.cell->Slot() != nullptr) width += first.cell->Slot()->sizeHint().width();
+    if (first.unit != nullptr) width += first.unit->sizeHint().width();
+    return std::pair(width, rows_[line.rows[1]].caption->sizeHint().width());
+  };
+  std::pair<int, int> widest;
+  for (const Line& line : lines_) {
+    if (line.before == nullptr || line.widget->isHidden()) continue;
+    const auto [first, caption] = widthsOf(line);
+    widest = {std::max(widest.first, first), std::max(widest.second, caption)};
+  }
+  for (const Line& line : lines_) {
+    if (line.before == nullptr || line.widget->isHidden()) continue;
+    const auto [first, caption] = widthsOf(line);
+    line.before->changeSize(widest.first - first, 0, QSizePolicy::Maximum);
+    line.after->changeSize(widest.second - caption, 0, QSizePolicy::Maximum);
+    line.box->invalidate();
+  }
+}
+
 // ---- texts
 
 QString GroupView::Caption() const { return ToQt(presentation::TitleOf(context_.control.form, group_)); }
@@ -244,6 +274,7 @@ void GroupView::Refresh(const ControlSet& changed) {
     line.widget->setVisible(shown);
     RefreshWords(line);
   }
+  AlignJoined();
   if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
   if (openButtons_.size() > 1) {
     int widest = 0;

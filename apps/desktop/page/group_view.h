@@ -82,6 +82,10 @@ class GroupView final : public QWidget {
     WordsLabel* words = nullptr;
     std::vector<std::size_t> rows;
     bool changes = false;  // the operator can change a field in it
+    // Before and after the caption of what joins the line: captions and fields stand below each other where there is
+    // room.
+    QSpacerItem* before = nullptr;
+    QSpacerItem* after = nullptr;
     int gridColumn = 0;
   };
 
@@ -93,6 +97,7 @@ class GroupView final : public QWidget {
   FieldCell* AddCell(const LayoutRow& row, bool second, Line& line);
   void AddUnit(Row& made, Line& line);
   void Finish();
+  void AlignJoined();
   void RefreshRow(Row& row);
   int PlaceOfWords(const Line& line) const;
   void RefreshWords(const Line& line);
