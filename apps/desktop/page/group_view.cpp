@@ -1,5 +1,6 @@
 #include "desktop/page/group_view.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <algorithm>
 #include <utility>
