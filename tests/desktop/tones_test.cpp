@@ -121,6 +121,27 @@ TEST_F(RecolouredTest, ListsGroupsAndTheTabInFrontHaveEdgesThatAreSeen) {
   }
 }
 
+TEST_F(RecolouredTest, TheFocusIsSeenOnAButton) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Device Identification"));
+  QPushButton& button = *window_.Actions().Write();
+  const auto edge = [&] {
+    const QImage image = button.grab().toImage();
+    return image.pixelColor(image.width() / 2, 0);
+  };
+  for (const QString& name : PaletteNames()) {
+    SCOPED_TRACE(name.toStdString());
+    const Coloured coloured(name);
+    QApplication::processEvents();
+    window_.Tree().setFocus();
+    const QColor without = edge();
+    button.setFocus();
+    ASSERT_TRUE(button.hasFocus());
+    EXPECT_NE(edge(), without);
+    EXPECT_GE(Contrast(edge(), QApplication::palette().color(QPalette::Window)), kShapeContrast);
+  }
+}
+
 TEST_F(RecolouredTest, PicturesFollowAThemeThatChangesWhileTheProgramRuns) {
   ASSERT_TRUE(Connect());
   const auto picture = [&] { return window_.Tree().topLevelItem(0)->icon(0).pixmap(16).toImage(); };

@@ -23,10 +23,11 @@ void DrawBox(QPainter& painter, const QRect& rect, const QColor& color) {
   painter.restore();
 }
 
-// What is disabled, or has the focus' own frame, stays as it is.
+// What is disabled stays as it is. Where the focus is, the style's own frame is not seen on every ground.
 void Outline(QPainter& painter, const QStyleOption& option) {
-  if (!option.state.testFlag(QStyle::State_Enabled) || option.state.testFlag(QStyle::State_HasFocus)) return;
-  DrawBox(painter, option.rect, EdgeColor(option.palette));
+  if (!option.state.testFlag(QStyle::State_Enabled)) return;
+  const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+  DrawBox(painter, option.rect, focus ? AccentColor(option.palette) : EdgeColor(option.palette));
 }
 
 }  // namespace
