@@ -1,5 +1,4 @@
 #include <QDir>
-#include <QTextStream>
 #include <exception>
 #include <memory>
 #include <utility>
@@ -7,23 +6,29 @@
 #include "desktop/application.h"
 #include "desktop/options.h"
 #include "desktop/standard_streams.h"
+#include "desktop/start.h"
 #include "desktop/tour/tour.h"
 #include "desktop/window/session.h"
 
 namespace {
 
 using htr60::desktop::Application;
+using htr60::desktop::Complain;
 using htr60::desktop::MainWindow;
 using htr60::desktop::Options;
 using htr60::desktop::Session;
 using htr60::desktop::Sessions;
+using htr60::desktop::SetToolkitTells;
 using htr60::desktop::SteppedClock;
+using htr60::desktop::ToolkitTells;
 using htr60::desktop::Tour;
+
+constexpr int kCannotStart = 2;
 
 int RunTour(Application& application, const Options& options, const htr60::sim::Settings& settings) {
   if (!QDir().mkpath(options.tour)) {
-    QTextStream(stderr) << "htr60: " << options.tour << " cannot be made" << Qt::endl;
-    return 2;
+    Complain(options.tour.toStdString() + " cannot be made");
+    return kCannotStart;
   }
   auto clock = std::make_unique<SteppedClock>();
   SteppedClock& time = *clock;
@@ -38,7 +43,7 @@ int RunTour(Application& application, const Options& options, const htr60::sim::
   session.window.show();
   tour.Start();
   application.exec();
-  if (!tour.NotWritten().isEmpty()) QTextStream(stderr) << "htr60: " << tour.NotWritten() << Qt::endl;
+  if (!tour.NotWritten().isEmpty()) Complain(tour.NotWritten().toStdString());
   return exitCode;
 }
 
@@ -50,31 +55,45 @@ void ChoosePlatform(const Options& options) {
   }
 }
 
+int Run(const Options& options, const htr60::sim::Settings& settings, Application& application) {
+  SetToolkitTells(options.tour.isEmpty() ? ToolkitTells::kAll : ToolkitTells::kNothing);
+  Application::setOrganizationName(QStringLiteral("htr60"));
+  Application::setApplicationName(QStringLiteral("htr60"));
+  application.UsePalette(options.colours);
+  if (!options.tour.isEmpty()) return RunTour(application, options, settings);
+  Sessions sessions;
+  sessions.Begin(settings, options.preset);
+  return Application::exec();
+}
+
+int Start(int& argc, char** argv) {
+  QStringList arguments;
+  for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
+  const Options options = htr60::desktop::ReadOptions(arguments);
+  if (!options.say.isEmpty()) {
+    if (htr60::desktop::Print(options.say.toStdString())) return 0;
+    Complain("standard output cannot be written to");
+    return 1;
+  }
+  ChoosePlatform(options);
+  const htr60::sim::Settings settings = LoadSettings(options);  // what is wrong is said before a window opens
+  SetToolkitTells(ToolkitTells::kNothingAtStart);
+  Application application(argc, argv);
+  return Run(options, settings, application);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   htr60::desktop::SecureStandardStreams();
   try {
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) arguments << QString::fromLocal8Bit(argv[i]);
-    const Options options = htr60::desktop::ReadOptions(arguments);
-    if (!options.say.isEmpty()) {
-      if (htr60::desktop::Print(options.say.toStdString())) return 0;
-      QTextStream(stderr) << "htr60: standard output cannot be written to" << Qt::endl;
-      return 1;
-    }
-    ChoosePlatform(options);
-    const htr60::sim::Settings settings = LoadSettings(options);  // what is wrong is said before a window opens
-    Application application(argc, argv);
-    Application::setOrganizationName(QStringLiteral("htr60"));
-    Application::setApplicationName(QStringLiteral("htr60"));
-    application.UsePalette(options.colours);
-    if (!options.tour.isEmpty()) return RunTour(application, options, settings);
-    Sessions sessions;
-    sessions.Begin(settings, options.preset);
-    return Application::exec();
+    return Start(argc, argv);
   } catch (const std::exception& error) {  // mostly an OptionError
-    QTextStream(stderr) << "htr60: " << QString::fromUtf8(error.what()) << Qt::endl;
-    return 2;
+    Complain(error.what());
+    if (!htr60::desktop::WantsWindow()) return kCannotStart;
+    SetToolkitTells(ToolkitTells::kNothingAtStart);
+    const Application application(argc, argv);
+    htr60::desktop::ShowComplaint(QString::fromUtf8(error.what()));
+    return kCannotStart;
   }
 }

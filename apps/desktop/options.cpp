@@ -6,18 +6,47 @@
 
 #include "desktop/figure/tones.h"
 #include "desktop/qt_text.h"
+#include "simulator/device/parameters.h"
 #include "simulator/manager/json_text.h"
 
 namespace htr60::desktop {
 namespace {
 
-QString PresetList() {
+constexpr const char* kTourNeeds = "--tour needs a folder for its pictures.";
+constexpr const char* kSettingsNeed = "--settings needs a file.";
+
+QStringList Presets() {
   QStringList names;
   for (const std::string_view name : sim::PresetNames()) names << ToQt(name);
-  return names.join(QStringLiteral(", "));
+  return names;
 }
 
+QString Listed(const QStringList& names) { return names.join(QStringLiteral(", ")); }
+
 [[noreturn]] void Fail(const QString& sentence) { throw OptionError(ToUtf8(sentence)); }
+
+[[noreturn]] void FailName(const QString& what, const QString& name, const QStringList& known) {
+  Fail(QStringLiteral("There %1 '%2'. There are: %3.").arg(what, name, Listed(known)));
+}
+
+// What the parser says of an option that it does not know, or of one without its value, says nothing of those there
+// are.
+[[noreturn]] void FailParsing(const QCommandLineParser& parser, const QList<QCommandLineOption>& options,
+                              const QString& last) {
+  const auto written = [](const QString& name) { return QString(name.size() > 1 ? 2 : 1, u'-') + name; };
+  if (!parser.unknownOptionNames().isEmpty()) {
+    QStringList known;
+    for (const QCommandLineOption& option : options) known << written(option.names().constLast());
+    FailName(QStringLiteral("is no option"), written(parser.unknownOptionNames().constFirst()), known);
+  }
+  if (last == QStringLiteral("--preset")) Fail(QStringLiteral("--preset needs a name: %1.").arg(Listed(Presets())));
+  if (last == QStringLiteral("--colours")) {
+    Fail(QStringLiteral("--colours needs a name: %1.").arg(Listed(PaletteNames())));
+  }
+  if (last == QStringLiteral("--tour")) Fail(QLatin1String(kTourNeeds));
+  if (last == QStringLiteral("--settings")) Fail(QLatin1String(kSettingsNeed));
+  Fail(parser.errorText());
+}
 
 }  // namespace
 
@@ -32,19 +61,21 @@ Options ReadOptions(const QStringList& arguments) {
                                     QStringLiteral("Settings of the simulated transmitter, a JSON file."),
                                     QStringLiteral("FILE"));
   const QCommandLineOption preset(QStringLiteral("preset"),
-                                  QStringLiteral("Ready-made settings: %1.").arg(PresetList()), QStringLiteral("NAME"));
+                                  QStringLiteral("Ready-made settings: %1.").arg(Listed(Presets())),
+                                  QStringLiteral("NAME"));
   const QCommandLineOption tour(QStringLiteral("tour"),
                                 QStringLiteral("Go through the pages by a script, print each step and leave a picture "
                                                "of each page in DIR. Needs no display."),
                                 QStringLiteral("DIR"));
-  const QCommandLineOption colours(
-      QStringLiteral("colours"),
-      QStringLiteral("Colours in place of the system's: %1.").arg(PaletteNames().join(QStringLiteral(", "))),
-      QStringLiteral("NAME"));
-  parser.addOptions({help, version, settings, preset, tour, colours});
-  if (!parser.parse(arguments)) Fail(parser.errorText());
+  const QCommandLineOption colours(QStringLiteral("colours"),
+                                   QStringLiteral("Colours in place of the system's: %1.").arg(Listed(PaletteNames())),
+                                   QStringLiteral("NAME"));
+  const QList<QCommandLineOption> all{settings, preset, tour, colours, help, version};
+  parser.addOptions(all);
+  if (!parser.parse(arguments)) FailParsing(parser, all, arguments.constLast());
   if (!parser.positionalArguments().isEmpty()) {
-    Fail(QStringLiteral("Unexpected argument '%1'.").arg(parser.positionalArguments().constFirst()));
+    Fail(QStringLiteral("'%1' stands there without an option; for a file of settings it is --settings FILE.")
+             .arg(parser.positionalArguments().constFirst()));
   }
   Options options;
   options.preset = parser.value(preset);
@@ -52,9 +83,15 @@ Options ReadOptions(const QStringList& arguments) {
   options.tour = parser.value(tour);
   options.colours = parser.value(colours);
   if (parser.isSet(colours) && !PaletteNames().contains(options.colours)) {
-    Fail(QStringLiteral("There are no colours '%1'.").arg(options.colours));
+    FailName(QStringLiteral("are no colours"), options.colours, PaletteNames());
   }
-  if (parser.isSet(tour) && options.tour.isEmpty()) Fail(QStringLiteral("The tour needs a folder."));
+  if (parser.isSet(preset) && !Presets().contains(options.preset)) {
+    FailName(QStringLiteral("are no ready-made settings"), options.preset, Presets());
+  }
+  if (parser.isSet(tour) && options.tour.isEmpty()) {
+    Fail(QLatin1String(kTourNeeds));
+  }
+  if (parser.isSet(settings) && options.settings.isEmpty()) Fail(QLatin1String(kSettingsNeed));
   if (parser.isSet(help)) {
     // Without an application object the parser does not know the name of the program.
     options.say = parser.helpText().replace(QStringLiteral("<executable_name>"), QStringLiteral("htr60"));
@@ -72,7 +109,9 @@ sim::Settings LoadSettings(const Options& options) {
       const auto file = QFileInfo(options.settings).filesystemFilePath();
       object = sim::MergeSettings(std::move(object), sim::ReadSettingsFile(file));
     }
-    return sim::Parse(object);
+    sim::Settings settings = sim::Parse(object);
+    sim::StartParameters(settings.device);  // what is wrong with these comes out here alone
+    return settings;
   } catch (const sim::SettingsError& error) {
     const QString where = options.settings.isEmpty() ? QStringLiteral("--preset ") + options.preset : options.settings;
     Fail(QStringLiteral("%1: %2").arg(where, QString::fromUtf8(error.what())));

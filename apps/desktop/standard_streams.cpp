@@ -23,6 +23,8 @@ void SecureStandardStreams() {
 #endif
 }
 
+void Complain(std::string_view sentence) { std::cerr << "htr60: " << sentence << std::endl; }
+
 bool Print(std::string_view text) {
   std::cout << text << std::flush;
   return static_cast<bool>(std::cout);

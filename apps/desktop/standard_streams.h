@@ -8,6 +8,9 @@ namespace htr60::desktop {
 /// go there. A pipe that nobody reads any more is an error of writing, not the end of the program.
 void SecureStandardStreams();
 
+/// A line on standard error, behind the name of the program.
+void Complain(std::string_view sentence);
+
 /// Writes to standard output at once; false where that cannot be done.
 bool Print(std::string_view text);
 

@@ -233,7 +233,7 @@ ParameterStore StartParameters(const DeviceSettings& settings) {
   PutTypeDefaults(p, settings.primaryValueType);
   for (const auto& [name, digits] : settings.parameters) {
     const std::string where = "device.parameters." + name;
-    if (!p.Has(name)) throw SettingsError(where + ": unknown parameter");
+    if (!p.Has(name)) throw SettingsError(where + ": there is no parameter of that name");
     if (digits.size() != DigitsOf(p.FormOf(name)) || !IsHexadecimal(digits)) {
       throw SettingsError(where + ": " + std::to_string(DigitsOf(p.FormOf(name))) + " hexadecimal digits are expected");
     }

@@ -123,7 +123,7 @@ bool SetByCommand(Device& device, const std::string& name, const std::string& di
 void SetOne(Device& device, const std::map<std::string, std::string>& parameters, const std::string& name,
             std::vector<std::string>& done) {
   const std::string where = "device.parameters." + name;
-  if (!device.Parameters().Has(name)) throw SettingsError(where + ": unknown parameter");
+  if (!device.Parameters().Has(name)) throw SettingsError(where + ": there is no parameter of that name");
   if (const auto refusal = CheckForm(parameters.at(name), device.Parameters().FormOf(name))) {
     throw SettingsError(where + ": " + std::string(*refusal));
   }

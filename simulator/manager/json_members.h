@@ -11,6 +11,19 @@
 
 namespace htr60::sim {
 
+/// "there is no \"Levl\"; there are Pressure, Flow": what a name is refused with, for people.
+template <typename Names>
+std::string NoSuchName(std::string_view found, const Names& known) {
+  constexpr std::size_t kLongest = 40;
+  std::string sentence = "there is no " + (found.size() > kLongest ? "such name" : '"' + std::string(found) + '"');
+  const char* before = "; there are ";
+  for (const auto& name : known) {
+    sentence += before + std::string(name);
+    before = ", ";
+  }
+  return sentence;
+}
+
 /// Takes the members of one JSON object by name and kind; errors name the member with its path.
 class JsonMembers {
  public:
@@ -35,7 +48,7 @@ class JsonMembers {
     if (member == nullptr) return false;
     if (!member->is_number()) throw SettingsError(Where(name) + ": a number is expected");
     const auto value = member->get<double>();
-    if (!(value >= least && value <= most)) throw SettingsError(Where(name) + ": out of range");
+    if (!(value >= least && value <= most)) throw OutOfRange(name, least, most);
     target = value;
     return true;
   }
@@ -48,7 +61,7 @@ class JsonMembers {
     const bool tooLarge =
         member->is_number_unsigned() && member->get<std::uint64_t>() > static_cast<std::uint64_t>(most);
     if (tooLarge || member->get<std::int64_t>() < least || member->get<std::int64_t>() > most) {
-      throw SettingsError(Where(name) + ": out of range");
+      throw OutOfRange(name, least, most);
     }
     Assign(target, member->get<std::int64_t>());
     return true;
@@ -74,11 +87,17 @@ class JsonMembers {
   /// Refuses the members that nothing has asked for.
   void RefuseOthers() const {
     for (const auto& [name, value] : object_.items()) {
-      if (known_.find(name) == known_.end()) throw SettingsError(Where(name) + ": unknown name");
+      if (known_.find(name) == known_.end()) throw SettingsError(Where(name) + ": " + NoSuchName(name, known_));
     }
   }
 
  private:
+  template <typename T>
+  SettingsError OutOfRange(std::string_view name, T least, T most) const {
+    const auto text = [](T number) { return nlohmann::json(number).dump(); };
+    return SettingsError(Where(name) + ": the number goes from " + text(least) + " to " + text(most));
+  }
+
   static void Assign(int& target, std::int64_t value) { target = static_cast<int>(value); }
   static void Assign(std::int64_t& target, std::int64_t value) { target = value; }
   static void Assign(std::optional<std::int64_t>& target, std::int64_t value) { target = value; }

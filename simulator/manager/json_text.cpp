@@ -1,5 +1,6 @@
 #include "simulator/manager/json_text.h"
 
+#include <algorithm>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -35,6 +36,14 @@ bool IsTooDeep(std::string_view text) {
   return false;
 }
 
+/// "line 2, byte 5" of the byte that the parser counts from 1, as an editor counts.
+std::string PlaceOf(std::string_view text, std::size_t byte) {
+  const std::string_view before = text.substr(0, byte - std::min<std::size_t>(byte, 1));
+  const std::size_t lineBegin = before.rfind('\n') + 1;  // none: 0
+  const auto lines = std::count(before.begin(), before.end(), '\n');
+  return "line " + std::to_string(lines + 1) + ", byte " + std::to_string(before.size() - lineBegin + 1);
+}
+
 }  // namespace
 
 json ParseJsonText(std::string_view text) {
@@ -45,7 +54,7 @@ json ParseJsonText(std::string_view text) {
   try {
     return json::parse(text);
   } catch (const json::parse_error& error) {
-    throw SettingsError("the text is no JSON in UTF-8, from byte " + std::to_string(error.byte));
+    throw SettingsError("the text is no JSON in UTF-8, from " + PlaceOf(text, error.byte));
   } catch (const json::exception&) {
     throw SettingsError("the text is no JSON: a number is out of range");
   }

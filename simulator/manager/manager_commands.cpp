@@ -204,7 +204,7 @@ json Manager::Get(const json& names) {
     } else if (device_.Parameters().Has(name)) {
       values[name] = device_.Digits(name);
     } else {
-      throw SettingsError("get: unknown name " + name);
+      throw SettingsError("get: there is no parameter or live quantity \"" + name + '"');
     }
   }
   return values;

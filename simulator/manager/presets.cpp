@@ -1,7 +1,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "simulator/manager/settings.h"
+#include "simulator/manager/json_members.h"
 
 namespace htr60::sim {
 namespace {
@@ -75,7 +75,7 @@ json PresetObject(std::string_view name) {
   if (name == "brewery") return Brewery();
   if (name == "trim-course") return TrimCourse();
   if (name == "trouble") return Trouble();
-  throw SettingsError("preset: unknown name");
+  throw SettingsError("preset: " + NoSuchName(name, kNames));
 }
 
 json MergeSettings(json base, const json& over) {

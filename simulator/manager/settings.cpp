@@ -18,6 +18,8 @@ struct NamedType {
 constexpr std::array<NamedType, 4> kTypes{
     {{"Pressure", kPressure}, {"Flow", kFlow}, {"Level", kLevel}, {"Density", kDensity}}};
 
+constexpr std::array<std::string_view, 2> kModels{"Gauge", "Absolute"};
+
 constexpr std::array<std::string_view, 25> kFaultNames{
     "noAnswer",        "slowAnswer",         "lateBurst",     "offline",       "shortState",
     "unaskedAnswer",   "readFails",          "writeFails",    "missingTag",    "missingValue",
@@ -123,7 +125,11 @@ void ParseDevice(const json& object, DeviceSettings& device) {
   std::string type;
   if (members.Text("primaryValueType", type)) {
     const auto row = std::find_if(kTypes.begin(), kTypes.end(), [&](const NamedType& t) { return t.name == type; });
-    if (row == kTypes.end()) throw SettingsError("device.primaryValueType: unknown type");
+    if (row == kTypes.end()) {
+      std::vector<std::string_view> names;
+      for (const NamedType& known : kTypes) names.push_back(known.name);
+      throw SettingsError("device.primaryValueType: " + NoSuchName(type, names));
+    }
     device.primaryValueType = row->code;
   }
   if (members.Text("firmware", device.firmware)) {
@@ -138,8 +144,9 @@ void ParseDevice(const json& object, DeviceSettings& device) {
   members.Whole("sensorRangeLo", device.sensorRange[1], 1, 7);
   std::string model;
   if (members.Text("sensorModel", model)) {
-    if (model != "Gauge" && model != "Absolute") throw SettingsError("device.sensorModel: unknown model");
-    device.absolute = model == "Absolute";
+    const auto* const found = std::find(kModels.begin(), kModels.end(), model);
+    if (found == kModels.end()) throw SettingsError("device.sensorModel: " + NoSuchName(model, kModels));
+    device.absolute = found != kModels.begin();
   }
   members.Whole("measuredType", device.measuredType, 0, 13);
   members.Whole("densityRange", device.densityRange, 0, 2);
@@ -199,7 +206,7 @@ FaultSettings ParseFault(const json& object, std::string_view where) {
   std::string kind;
   if (!members.Text("kind", kind)) throw SettingsError(members.Where("kind") + ": missing");
   const auto* const row = std::find(kFaultNames.begin(), kFaultNames.end(), kind);
-  if (row == kFaultNames.end()) throw SettingsError(members.Where("kind") + ": unknown kind of fault");
+  if (row == kFaultNames.end()) throw SettingsError(members.Where("kind") + ": " + NoSuchName(kind, kFaultNames));
   fault.kind = static_cast<FaultKind>(row - kFaultNames.begin());
   if (const json* codes = members.Find("codes")) {
     if (!codes->is_array()) throw SettingsError(members.Where("codes") + ": an array is expected");

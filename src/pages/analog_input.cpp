@@ -53,7 +53,10 @@ constexpr LayoutRow kConfigRows[] = {
      .control = id::cmbAIConfig,
      .note = "What blocks 2 and 3 of a pressure device report: Config 1 the Hi and the Lo sensor, Config 2 the Lo "
              "sensor and the temperature. One setting for the three blocks, which Write of the page sends too."},
-    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmdWriteAIConfig},
+    {.caption = "Write",
+     .kind = RowKind::kWrite,
+     .control = id::cmdWriteAIConfig,
+     .note = "Sends AI Config alone, for the three blocks."},
 };
 constexpr LayoutRow kPvScaleRows[] = {
     {.caption = kUpperCaption,
@@ -65,7 +68,10 @@ constexpr LayoutRow kPvScaleRows[] = {
      .kind = RowKind::kNum,
      .control = id::txtParameter(63),
      .note = "Value of the channel that becomes the lower value of the output."},
-    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmbWritePVScale},
+    {.caption = "Write",
+     .kind = RowKind::kWrite,
+     .control = id::cmbWritePVScale,
+     .note = "Sends the two values of this group to the block, and AI Config along."},
 };
 constexpr LayoutRow kPvUnitRows[] = {
     {.caption = "PV Unit",
@@ -76,7 +82,10 @@ constexpr LayoutRow kPvUnitRows[] = {
      .kind = RowKind::kList,
      .control = id::cmbTRDScaleAI,
      .note = "Unit to be written; the device converts the scale."},
-    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmbWritePVScaleUnit},
+    {.caption = "Write",
+     .kind = RowKind::kWrite,
+     .control = id::cmbWritePVScaleUnit,
+     .note = "Sends the new unit to the block, and AI Config along."},
 };
 constexpr LayoutRow kOutScaleRows[] = {
     {.caption = kUpperCaption,
@@ -93,7 +102,10 @@ constexpr LayoutRow kOutScaleRows[] = {
      .kind = RowKind::kList,
      .control = id::cmbAIUnitOutScale,
      .note = "Unit of the output to be written; the values above are not converted."},
-    {.caption = "Write", .kind = RowKind::kWrite, .control = id::cmdWriteScaleOut},
+    {.caption = "Write",
+     .kind = RowKind::kWrite,
+     .control = id::cmdWriteScaleOut,
+     .note = "Sends the output's two values and its unit together."},
 };
 
 constexpr LayoutRow Limit(std::string_view caption, TextId field, std::string_view note) {

@@ -115,7 +115,12 @@ constexpr std::array<LayoutRow, 3> RowsOf(const Point& point, std::string_view n
        .control = point.field,
        .unit = point.unit,
        .note = note},
-      {.caption = "Write", .captionControl = point.write, .kind = RowKind::kWrite, .control = point.write},
+      {.caption = "Write",
+       .captionControl = point.write,
+       .kind = RowKind::kWrite,
+       .control = point.write,
+       .note =
+           "Sends this point alone. The transmitter calibrates at once and tells in Calibration Result how it went."},
   }};
 }
 constexpr auto kLowerRows = RowsOf(kPoints[0],

@@ -152,7 +152,11 @@ constexpr std::array<LayoutRow, 3> RowsOf(const PointPair& pair) {
        .unit = pair.highUnit,
        .note = pair.note},
       {.caption = "Cal Point Lo", .kind = RowKind::kNum, .control = pair.low, .unit = pair.lowUnit, .note = pair.note},
-      {.caption = "Write", .captionControl = pair.button, .kind = RowKind::kWrite, .control = pair.button},
+      {.caption = "Write",
+       .captionControl = pair.button,
+       .kind = RowKind::kWrite,
+       .control = pair.button,
+       .note = "Sends the two points of this group together, and the Delta P high point along."},
   }};
 }
 constexpr std::array<LayoutRow, 3> kRowsOfPairs[] = {RowsOf(kPairs[0]), RowsOf(kPairs[1]), RowsOf(kPairs[2])};

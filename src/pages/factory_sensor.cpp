@@ -222,7 +222,8 @@ constexpr LayoutRow kZeroFilterRows[] = {
     {.caption = "Write",
      .captionControl = id::cmdWriteZeroFilter,
      .kind = RowKind::kWrite,
-     .control = id::cmdWriteZeroFilter},
+     .control = id::cmdWriteZeroFilter,
+     .note = "Sends the zero filter alone."},
 };
 constexpr LayoutRow kCalibrationRows[] = {
     {.caption = "Cal With Ref",

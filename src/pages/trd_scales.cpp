@@ -108,7 +108,8 @@ constexpr LayoutRow kMeasureTypeRows[] = {
     {.caption = "Write",
      .captionControl = id::CmdWriteMeasType,
      .kind = RowKind::kWrite,
-     .control = id::CmdWriteMeasType},
+     .control = id::CmdWriteMeasType,
+     .note = "Sends the measure type alone; scale and unit follow it."},
 };
 constexpr LayoutGroup kOutputGroups[] = {
     {.caption = "Transducer Output Scale", .frame = id::frmzGroup(14), .rows = kOutputRows, .sentTogether = 1},

@@ -26,6 +26,7 @@ class AssistiveTest : public DesktopTest {
     if (row.kind == RowKind::kOpen || row.kind == RowKind::kWrite) {
       EXPECT_EQ(Told(*widget, QAccessible::Name).remove(u'&').trimmed().toStdString(),
                 presentation::Trimmed(row.caption));
+      EXPECT_TRUE(row.kind == RowKind::kOpen || !Told(*widget, QAccessible::Description).isEmpty());
       return;
     }
     if (row.kind == RowKind::kMsg) {

@@ -61,6 +61,35 @@ TEST(Options, WhatCannotBeTakenIsNamed) {
             std::string::npos);
 }
 
+TEST(Options, AWrongNameComesWithThoseThatThereAre) {
+  const struct {
+    QStringList arguments;
+    std::string sentence;
+  } kCases[] = {
+      {{QStringLiteral("--presets"), QStringLiteral("tank")},
+       "There is no option '--presets'. There are: --settings, --preset, --tour, --colours, --help, --version."},
+      {{QStringLiteral("--preset"), QStringLiteral("tnak")},
+       "There are no ready-made settings 'tnak'. There are: pressure, flow, level, density, tank, brewery, "
+       "trim-course, trouble."},
+      {{QStringLiteral("--colours"), QStringLiteral("pink")},
+       "There are no colours 'pink'. There are: light, dark, contrast."},
+      {{QStringLiteral("--colours")}, "--colours needs a name: light, dark, contrast."},
+      {{QStringLiteral("--tour")}, "--tour needs a folder for its pictures."},
+      {{QStringLiteral("--settings")}, "--settings needs a file."},
+      {{QStringLiteral("a.json")},
+       "'a.json' stands there without an option; for a file of settings it is --settings FILE."},
+  };
+  for (const auto& one : kCases) EXPECT_EQ(ErrorOf(one.arguments), one.sentence);
+  EXPECT_TRUE(ErrorOf({QStringLiteral("--preset")}).starts_with("--preset needs a name: pressure, flow"));
+}
+
+TEST(Options, AParameterThatThereIsNotIsSaidBeforeAWindowOpens) {
+  const QTemporaryDir folder;
+  const QString file = Write(folder, R"({"device":{"parameters":{"weight":"41"}}})");
+  EXPECT_TRUE(ErrorOf({QStringLiteral("--settings"), file})
+                  .ends_with("settings.json: device.parameters.weight: there is no parameter of that name"));
+}
+
 TEST(Options, NoFileOfSettingsEndsTheProgram) {
   const QTemporaryDir folder;
   const struct {

@@ -94,6 +94,22 @@ TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
   EXPECT_EQ(QApplication::focusWidget(), Entry(id::txtParameter(40)));
 }
 
+TEST(Words, ThatDoNotFitShowTheirBeginningThenTheStateThenTheHint) {
+  WordsLabel label(nullptr);
+  const QString words = QStringLiteral("device: HTR60-1, sent: HTR60-2, the instrument is write locked");
+  label.SetWords(words, QStringLiteral("differs"), QStringLiteral("?"), true);
+  const auto shownIn = [&](int characters) {
+    label.resize(characters * label.fontMetrics().averageCharWidth(), label.fontMetrics().height());
+    return label.Shown();
+  };
+  EXPECT_EQ(shownIn(90), words);
+  EXPECT_TRUE(shownIn(40).startsWith(QLatin1String("device: HTR60-1, sent: ")));
+  EXPECT_LE(label.fontMetrics().horizontalAdvance(label.Shown()), label.width());
+  EXPECT_EQ(shownIn(12), QStringLiteral("differs"));
+  EXPECT_EQ(shownIn(2), QStringLiteral("?"));
+  EXPECT_EQ(label.minimumSizeHint().width(), label.fontMetrics().horizontalAdvance(u'?')) << "no room from the field";
+}
+
 TEST_F(PageAreaTest, WordsThatDoNotFitAreInTheToolTip) {
   const auto field = id::txtParameter(37);
   control_->form.At(field).SetText("1.000");

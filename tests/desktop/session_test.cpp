@@ -3,6 +3,7 @@
 #include <QMessageBox>
 
 #include "desktop/options.h"
+#include "desktop/start.h"
 #include "desktop_test.h"
 
 namespace htr60::desktop {
@@ -87,6 +88,18 @@ TEST_F(SessionsTest, TheProgramEndsWhileABoxIsOpen) {
     EXPECT_FALSE(answered) << "No, as when the box is closed";
     EXPECT_EQ(OpenBoxes(), 0);
   }
+}
+
+TEST(Start, WhatKeepsTheProgramFromStartingIsSaidInAWindow) {
+  QString said;
+  QTimer::singleShot(0, qApp, [&] {
+    ASSERT_NE(OpenBox(), nullptr);
+    said = OpenBox()->text();
+    OpenBox()->close();
+  });
+  ShowComplaint(QStringLiteral("There are no colours '<b>'."));
+  EXPECT_EQ(said, QStringLiteral("There are no colours '<b>'."));
+  EXPECT_FALSE(WantsWindow()) << "no window where nobody can see it";
 }
 
 class BoxesTest : public DesktopTest {

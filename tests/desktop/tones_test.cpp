@@ -1,6 +1,9 @@
 #include "desktop/figure/tones.h"
 
+#include <QGroupBox>
 #include <QLabel>
+#include <QListWidget>
+#include <QTabBar>
 #include <map>
 
 #include "desktop/application.h"
@@ -85,6 +88,57 @@ TEST_F(RecolouredTest, WriteIsReadableWhileItIsProminent) {
     const Coloured coloured(name);
     QApplication::processEvents();
     EXPECT_GE(TextContrast(*window_.Actions().Write()), kTextContrast) << name.toStdString();
+  }
+}
+
+TEST_F(RecolouredTest, ListsGroupsAndTheTabInFrontHaveEdgesThatAreSeen) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Analog Input 1"));
+  window_.Presented().ClickTab(id::SSTabAI, 2);
+  ASSERT_TRUE(Settle());
+  auto* list = Find<QListWidget>(id::ListAIAlarm);
+  auto* strip = Find<QTabBar>(id::SSTabAI);
+  ASSERT_NE(list, nullptr);
+  ASSERT_NE(strip, nullptr);
+  QGroupBox* box = nullptr;
+  for (QGroupBox* one : window_.findChildren<QGroupBox*>()) {
+    if (one->isVisible()) box = one;
+  }
+  ASSERT_NE(box, nullptr);
+  for (const QString& name : PaletteNames()) {
+    SCOPED_TRACE(name.toStdString());
+    const Coloured coloured(name);
+    QApplication::processEvents();
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    const QImage frame = list->grab().toImage();
+    EXPECT_GE(Contrast(frame.pixelColor(frame.width() / 2, 0), ground), kShapeContrast);
+    EXPECT_GE(Contrast(frame.pixelColor(0, frame.height() / 2), ground), kShapeContrast);
+    const QImage group = box->grab().toImage();
+    EXPECT_GE(Contrast(group.pixelColor(0, group.height() / 2), ground), 1.5);
+    const QImage tabs = strip->grab().toImage();
+    const QPoint front = strip->tabRect(2).center();
+    EXPECT_GE(Contrast(tabs.pixelColor(front.x(), strip->tabRect(2).top() + 1), ground), kShapeContrast);
+  }
+}
+
+TEST_F(RecolouredTest, TheFocusIsSeenOnAButton) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Device Identification"));
+  QPushButton& button = *window_.Actions().Write();
+  const auto edge = [&] {
+    const QImage image = button.grab().toImage();
+    return image.pixelColor(image.width() / 2, 0);
+  };
+  for (const QString& name : PaletteNames()) {
+    SCOPED_TRACE(name.toStdString());
+    const Coloured coloured(name);
+    QApplication::processEvents();
+    window_.Tree().setFocus();
+    const QColor without = edge();
+    button.setFocus();
+    ASSERT_TRUE(button.hasFocus());
+    EXPECT_NE(edge(), without);
+    EXPECT_GE(Contrast(edge(), QApplication::palette().color(QPalette::Window)), kShapeContrast);
   }
 }
 

@@ -54,8 +54,69 @@ TEST_F(TourTest, WalksByItsTableAndLeavesPictures) {
   EXPECT_EQ(Run(kSteps), 0);
   EXPECT_EQ(window_.Identification().Tag(), QStringLiteral("N 7"));
   EXPECT_EQ(TheForm().SSTabInfoSensor.Index(), 1);
-  const QImage picture(folder_.filePath(QStringLiteral("01-flange-tab.png")));
+  const QImage picture(folder_.filePath(QStringLiteral("001-flange-tab.png")));
   EXPECT_EQ(picture.size(), window_.size() * picture.devicePixelRatio());
+}
+
+TEST_F(TourTest, TellsItsStepsInWordsWithItsProgressAndHowItWent) {
+  constexpr TourStep kSteps[] = {
+      {TourDo::kWait},
+      {TourDo::kType, id::txtParameter(0), "N 7"},
+      {TourDo::kChoose, id::cmbWriteProtection, "Write Locked"},
+      {TourDo::kRevert},
+      {TourDo::kButton, id::cmdSensorDetails},
+      {TourDo::kTab, id::SSTabInfoSensors, {}, 1},
+      {TourDo::kPass, {}, {}, 12},
+      {TourDo::kNode, {}, "Calibration"},
+      {TourDo::kWait},
+      {TourDo::kButton, id::cmdCalibLower},
+      {TourDo::kWait},
+      {TourDo::kType, id::txtParameter(95), "2"},
+      {TourDo::kCode, id::txtParameter(103), "31415"},
+      {TourDo::kPicture, {}, "two points"},
+  };
+  const std::int64_t before = clock_.Now();
+  EXPECT_EQ(Run(kSteps), 0);
+  EXPECT_GE(clock_.Now() - before, 12'000);
+  EXPECT_EQ(printed_,
+            "  1/14  Waits until everything is read\n"
+            "  2/14  Types N 7 as Physical Block Tag\n"
+            "  3/14  Chooses Write Locked as Write Protection\n"
+            "  4/14  Presses Revert\n"
+            "  5/14  Presses Sensor Details\n"
+            "  6/14  Turns to the tab Lo Sensor\n"
+            "  7/14  Lets 12 s go by\n"
+            "  8/14  Opens Calibration in the tree\n"
+            "  9/14  Waits until everything is read\n"
+            " 10/14  Presses Lower/Upper\n"
+            " 11/14  Waits until everything is read\n"
+            " 12/14  Types 2 as Calib Point of Upper\n"
+            " 13/14  Types the access code\n"
+            " 14/14  Leaves the picture 001-two-points.png\n"
+            "Done: all 14 steps, 1 pictures in " +
+                folder_.path().toStdString() + "\n");
+}
+
+TEST_F(TourTest, AnswersBars) {
+  constexpr TourStep kSteps[] = {
+      {TourDo::kWait},
+      {TourDo::kType, id::txtParameter(0), "N 7"},
+      {TourDo::kClose},
+      {TourDo::kBar, {}, "Stay"},
+      {TourDo::kRevert},
+      {TourDo::kNode, {}, "Pressure/Flow"},
+      {TourDo::kWait},
+      {TourDo::kChoose, id::cmbLinearizationType, "User Defined(Table)"},
+      {TourDo::kButton, id::cmdTablePoints},
+      {TourDo::kWait},
+      {TourDo::kChoose, id::cmbNrPoints, "2"},
+      {TourDo::kPaste, id::txtParameter(21), "0\t0\n50\t40\n100\t100"},
+      {TourDo::kBar, {}, "Set 3 points"},
+      {TourDo::kExpect, id::txtParameter(53), "100"},
+      {TourDo::kMenu, {}, "Offline"},
+  };
+  EXPECT_EQ(Run(kSteps), 0) << printed_;
+  EXPECT_TRUE(WaitFor([&] { return Panel(1) == "Disconnected"; }));
 }
 
 TEST_F(TourTest, AStepThatCannotBeDoneEndsIt) {
@@ -67,18 +128,22 @@ TEST_F(TourTest, AStepThatCannotBeDoneEndsIt) {
       {TourDo::kChoose, id::cmbWriteProtection, "No Such Row"},
   };
   for (const TourStep& step : kCases) {
-    SCOPED_TRACE(Describe(step).toStdString());
+    SCOPED_TRACE(NameOf(step.control) + " " + std::string(step.text));
     const TourStep steps[] = {step, {TourDo::kPicture, {}, "never"}};
+    printed_.clear();
     EXPECT_EQ(Run(steps), 1);
+    EXPECT_TRUE(printed_.ends_with("\nStopped at step 1 of 2: it cannot be done\n")) << printed_;
   }
   EXPECT_TRUE(Files().isEmpty());
 }
 
 TEST_F(TourTest, EndsWhereItsLinesCannotBePrinted) {
   constexpr TourStep kSteps[] = {{TourDo::kWait}, {TourDo::kWait}, {TourDo::kPicture, {}, "never"}};
-  roomForLines_ = std::string_view("1. wait\n2. wait\n").size();
+  constexpr std::string_view kTwoLines =
+      "  1/3  Waits until everything is read\n  2/3  Waits until everything is read\n";
+  roomForLines_ = kTwoLines.size();
   EXPECT_EQ(Run(kSteps), 1);
-  EXPECT_EQ(printed_, "1. wait\n2. wait\n");
+  EXPECT_EQ(printed_, kTwoLines);
   EXPECT_TRUE(notWritten_.contains(QLatin1String("standard output"))) << notWritten_.toStdString();
   EXPECT_TRUE(Files().isEmpty());
 }
@@ -112,8 +177,8 @@ TEST_F(TourTest, LeavesNoTruncatedPicture) {
     const SmallFiles small;
     EXPECT_EQ(Run(kSteps), 1);
   }
-  EXPECT_EQ(printed_, "1. picture \"large\": cannot be done\n");
-  EXPECT_TRUE(notWritten_.contains(QLatin1String("01-large.png cannot be written"))) << notWritten_.toStdString();
+  EXPECT_EQ(printed_, "  1/2  Leaves the picture 001-large.png\nStopped at step 1 of 2: it cannot be done\n");
+  EXPECT_TRUE(notWritten_.contains(QLatin1String("001-large.png cannot be written"))) << notWritten_.toStdString();
   EXPECT_TRUE(Files().isEmpty()) << Files().join(u' ').toStdString();
 }
 #endif

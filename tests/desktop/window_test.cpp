@@ -1,5 +1,6 @@
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScrollArea>
@@ -10,6 +11,7 @@
 #include <QToolButton>
 #include <utility>
 
+#include "desktop/options.h"
 #include "desktop/page/choice_field.h"
 #include "desktop_test.h"
 
@@ -282,6 +284,35 @@ TEST_F(WindowTest, TheTreeMarksTheOpenNodeAndThoseNotWritten) {
   EXPECT_EQ(words("Primary Value Type"), QStringLiteral("open page"));
 }
 
+TEST_F(WindowTest, TheTreeKeepsItsScrollPlaceThroughARebuild) {
+  ASSERT_TRUE(Connect());
+  ASSERT_TRUE(Open("Primary Value Type"));
+  window_.setMinimumSize(600, 260);
+  window_.resize(900, 280);
+  QApplication::processEvents();
+  TreePanel& tree = window_.Tree();
+  ASSERT_GT(tree.verticalScrollBar()->maximum(), 2);
+  const auto top = [&] { return tree.itemAt(0, 0)->text(0); };
+  const auto has = [&](const char* text) {
+    return !tree.findItems(QLatin1String(text), Qt::MatchExactly | Qt::MatchRecursive).isEmpty();
+  };
+  const auto choose = [&](int type, const char* node) {
+    Control().Pick(id::cmbPVType, type);
+    window_.Actions().Write()->click();
+    const bool built = WaitFor([&] { return has(node); });
+    QApplication::processEvents();
+    return built;
+  };
+  tree.verticalScrollBar()->setValue(2);
+  ASSERT_EQ(top(), QStringLiteral("Primary Value Type"));
+  ASSERT_TRUE(choose(2, "Level"));
+  EXPECT_EQ(top(), QStringLiteral("Primary Value Type"));
+  tree.verticalScrollBar()->setValue(3);
+  ASSERT_EQ(top(), QStringLiteral("Level"));
+  ASSERT_TRUE(choose(0, "Pressure/Flow"));
+  EXPECT_EQ(top(), QStringLiteral("Pressure/Flow")) << "in the place of the node that is gone";
+}
+
 TEST_F(WindowTest, TellsAssistiveTechnologyOfTheConnectionAndNotOfPolling) {
   auto* live = window_.findChild<QWidget*>(QStringLiteral("liveRegion"));
   ASSERT_NE(live, nullptr);
@@ -340,6 +371,23 @@ TEST_F(WindowTest, FitsASmallScreenWithTheActionAreaWhole) {
   }
   QApplication::processEvents();
   EXPECT_FALSE(list->visibleRegion().isEmpty()) << "the keyboard brings it into sight";
+}
+
+TEST(WindowPreset, IsNamedInStripAndMenu) {
+  SteppedClock clock;
+  DesktopHost host(clock, LoadSettings({.preset = QStringLiteral("tank")}), QStringLiteral("tank"));
+  MainWindow window(host, MainWindow::Places::kFresh);
+  EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("simulated"))->text(), QStringLiteral("SIMULATED: tank"));
+  QStringList listed;
+  QStringList checked;
+  for (const QAction* action : window.findChildren<QAction*>()) {
+    const auto names = sim::PresetNames();
+    if (std::find(names.begin(), names.end(), ToUtf8(action->text())) == names.end()) continue;
+    listed << action->text();
+    if (action->isChecked()) checked << action->text();
+  }
+  EXPECT_EQ(listed.size(), static_cast<qsizetype>(sim::PresetNames().size()));
+  EXPECT_EQ(checked, QStringList(QStringLiteral("tank")));
 }
 
 TEST(WindowPlaces, AreKeptFromRunToRun) {

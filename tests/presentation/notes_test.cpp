@@ -47,6 +47,7 @@ bool WantsNote(const Noted& field) {
     case RowKind::kStatus:
     case RowKind::kListRo:
     case RowKind::kListBox:
+    case RowKind::kWrite:
       return true;
     case RowKind::kLabel:
       return field.caption == "Status" || field.caption == "PV_VAL_ST" || field.role != RowRole::kNone;

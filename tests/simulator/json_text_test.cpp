@@ -36,9 +36,10 @@ TEST(JsonText, WhatIsNoOneJsonTextIsRefusedWithItsReason) {
   const Case cases[] = {
       {"", "the text is empty"},
       {" \t\r\n", "the text is empty"},
-      {"{} x", "the text is no JSON in UTF-8, from byte 4"},
-      {"{}{}", "the text is no JSON in UTF-8, from byte 3"},
-      {"{\"a\":\"\xFF\"}", "the text is no JSON in UTF-8, from byte 7"},
+      {"{} x", "the text is no JSON in UTF-8, from line 1, byte 4"},
+      {"{}{}", "the text is no JSON in UTF-8, from line 1, byte 3"},
+      {"{\n  \"a\": x\n}", "the text is no JSON in UTF-8, from line 2, byte 8"},
+      {"{\"a\":\"\xFF\"}", "the text is no JSON in UTF-8, from line 1, byte 7"},
       {"{}\0"sv, "the text is no JSON: it holds a NUL"},
       {"{\"a\":1e999}", "the text is no JSON: a number is out of range"},
       {nested, "the text is nested too deeply"},
@@ -80,7 +81,7 @@ TEST_F(SettingsFile, WhatIsNoSuchFileIsRefused) {
   Write("");
   EXPECT_EQ(Refusal([&] { ReadSettingsFile(file); }), "the text is empty");
   Write("{]");
-  EXPECT_EQ(Refusal([&] { ReadSettingsFile(file); }), "the text is no JSON in UTF-8, from byte 2");
+  EXPECT_EQ(Refusal([&] { ReadSettingsFile(file); }), "the text is no JSON in UTF-8, from line 1, byte 2");
 }
 
 }  // namespace

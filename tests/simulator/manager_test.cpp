@@ -269,6 +269,32 @@ TEST(Settings, ErrorsNameTheMember) {
   EXPECT_EQ(Bench(json::parse(R"({"device":{"parameters":{"gravity":"411ce80a"}}})")).Digits("gravity"), "411CE80A");
 }
 
+TEST(Settings, ErrorsTellTheNamesThatThereAre) {
+  const std::string longName(100, 'x');
+  const struct {
+    std::string settings;
+    std::string sentence;
+  } kCases[] = {
+      {R"({"device":{"primaryValueType":"Levl"}})",
+       R"(device.primaryValueType: there is no "Levl"; there are Pressure, Flow, Level, Density)"},
+      {R"({"device":{"sensorModel":"Gouge"}})",
+       R"(device.sensorModel: there is no "Gouge"; there are Gauge, Absolute)"},
+      {R"({"devise":{}})", R"(devise: there is no "devise"; there are device, faults, process, timing)"},
+      {R"({")" + longName + R"(":{}})",
+       longName + ": there is no such name; there are device, faults, process, timing"},
+      {R"({"device":{"height":1000}})", "device.height: the number goes from 0.05 to 100.0"},
+      {R"({"device":{"sensorRangeHi":8}})", "device.sensorRangeHi: the number goes from 1 to 7"},
+  };
+  for (const auto& one : kCases) {
+    try {
+      Parse(json::parse(one.settings));
+      ADD_FAILURE() << one.settings;
+    } catch (const SettingsError& error) {
+      EXPECT_EQ(error.what(), one.sentence);
+    }
+  }
+}
+
 TEST(Settings, PresetsRunAndHold) {
   const std::map<std::string, std::pair<std::int64_t, double>> pv{
       {"pressure", {1000, 10}}, {"flow", {1000, 50}},    {"level", {1000, 1.5}},

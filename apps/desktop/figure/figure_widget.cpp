@@ -184,9 +184,7 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
     painter.drawLine(QPointF(x, plot_.top()), QPointF(x, plot_.bottom()));
     painter.setPen(axisPen);
     painter.drawLine(QPointF(x, plot_.bottom()), QPointF(x, plot_.bottom() + gap / 2));
-    const QString text = ToQt(tick.text);
-    const double wide = metrics.horizontalAdvance(text) + gap;
-    painter.drawText(QRectF(x - wide / 2, plot_.bottom() + gap / 2, wide, line), Qt::AlignCenter, text);
+    painter.drawText(RoomOfX(tick), Qt::AlignCenter, ToQt(tick.text));
   }
   for (const FigureTick& tick : figure_.y.ticks) {
     const double y = std::round(plot_.bottom() - Share(figure_.y, tick.value) * plot_.height());
@@ -194,8 +192,7 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
     painter.drawLine(QPointF(plot_.left(), y), QPointF(plot_.right(), y));
     painter.setPen(axisPen);
     painter.drawLine(QPointF(plot_.left() - gap / 2, y), QPointF(plot_.left(), y));
-    painter.drawText(QRectF(0, y - line / 2, plot_.left() - gap, line), Qt::AlignRight | Qt::AlignVCenter,
-                     ToQt(tick.text));
+    painter.drawText(RoomOfY(tick), Qt::AlignRight | Qt::AlignVCenter, ToQt(tick.text));
   }
   painter.setPen(axisPen);
   painter.drawLine(plot_.bottomLeft(), plot_.bottomRight());
@@ -204,6 +201,21 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
                    Qt::AlignRight | Qt::AlignVCenter, ToQt(figure_.x.caption));
   painter.drawText(QRectF(above_.left(), above_.bottom(), above_.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                    ToQt(figure_.y.caption));
+}
+
+// Of the number of a tick below the plot, and before it.
+QRectF FigureWidget::RoomOfX(const FigureTick& tick) const {
+  const double gap = fontMetrics().averageCharWidth();
+  const double x = std::round(plot_.left() + Share(figure_.x, tick.value) * plot_.width());
+  const double wide = fontMetrics().horizontalAdvance(ToQt(tick.text)) + gap;
+  return {x - wide / 2, plot_.bottom() + gap / 2, wide, static_cast<double>(fontMetrics().lineSpacing())};
+}
+
+QRectF FigureWidget::RoomOfY(const FigureTick& tick) const {
+  const double line = fontMetrics().lineSpacing();
+  const double y = std::round(plot_.bottom() - Share(figure_.y, tick.value) * plot_.height());
+  const double wide = fontMetrics().horizontalAdvance(ToQt(tick.text)) + 1;
+  return {plot_.left() - fontMetrics().averageCharWidth() - wide, y - line / 2, wide, line};
 }
 
 void FigureWidget::PaintLines(QPainter& painter) const {
@@ -269,6 +281,13 @@ void FigureWidget::PaintTexts(QPainter& painter) const {
     const FigurePoint at = Pixel(marker.at);
     marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
   }
+  // The axes and their numbers are no place either.
+  const FigurePoint corner{plot_.left(), plot_.bottom()};
+  lines.push_back({corner, {plot_.left(), plot_.top()}});
+  lines.push_back({corner, {plot_.right(), plot_.bottom()}});
+  const auto keepOff = [&](const QRectF& rect) { marks.push_back({rect.x(), rect.y(), rect.width(), rect.height()}); };
+  for (const FigureTick& tick : figure_.x.ticks) keepOff(RoomOfX(tick));
+  for (const FigureTick& tick : figure_.y.ticks) keepOff(RoomOfY(tick));
   const figures::LabelRect room{0, above_.bottom(), static_cast<double>(width()), below_.top() - above_.bottom()};
   const auto places = PlaceLabels(
       wishes, {.room = room, .lines = lines, .marks = marks, .gap = static_cast<double>(metrics.averageCharWidth())});

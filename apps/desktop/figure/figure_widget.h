@@ -41,6 +41,8 @@ class FigureWidget final : public QWidget {
   void PaintTexts(QPainter& painter) const;
   void PaintWords(QPainter& painter) const;
   void PaintBar(QPainter& painter) const;
+  QRectF RoomOfX(const FigureTick& tick) const;
+  QRectF RoomOfY(const FigureTick& tick) const;
   FigurePoint Pixel(FigurePoint point) const;
   double Hairline() const;
   /// A line above the drawing: words, and for what the device says a shape before them.

@@ -4,7 +4,8 @@
 
 namespace htr60::desktop {
 
-/// The style below it with an edge around fields, lists and buttons that is seen on every ground.
+/// The style below it with an edge around fields, lists, buttons and groups, and a bar on the tab in front, that are
+/// seen on every ground.
 class OutlineStyle final : public QProxyStyle {
   Q_OBJECT
 
@@ -13,6 +14,8 @@ class OutlineStyle final : public QProxyStyle {
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override;
 };

@@ -229,6 +229,20 @@ void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalet
   painter.restore();
 }
 
+QIcon ShapeIcon(Shape shape, int side, const QPalette& palette) {
+  QIcon icon;
+  for (const int scale : {1, 2, 3}) {
+    QPixmap picture(QSize(side, side) * scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.scale(scale, scale);
+    PaintShape(painter, QRectF(0.5, 0.5, side - 1, side - 1), shape, palette);
+    painter.end();
+    icon.addPixmap(picture);
+  }
+  return icon;
+}
+
 ShapeSlot::ShapeSlot(QWidget* parent) : QWidget(parent) { setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); }
 
 void ShapeSlot::SetShape(Shape shape, std::string_view name) {

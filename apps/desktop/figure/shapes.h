@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QPainter>
 #include <QWidget>
 #include <cstdint>
@@ -38,6 +39,9 @@ Shape ShapeOf(presentation::Mark mark);
 Shape ShapeOf(presentation::HealthState health);
 
 void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette);
+
+/// The shape as a picture of an item, for every scale.
+QIcon ShapeIcon(Shape shape, int side, const QPalette& palette);
 
 /// Room for one shape, as high as a line of text.
 class ShapeSlot final : public QWidget {

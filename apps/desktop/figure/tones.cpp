@@ -106,6 +106,12 @@ QColor EdgeColor(const QPalette& palette) {
                  Against(window, palette.color(QPalette::Active, QPalette::Mid), kShapeContrast), kShapeContrast);
 }
 
+QColor BoxColor(const QPalette& palette) {
+  constexpr double kShare = 0.25;
+  return Mixed(palette.color(QPalette::Active, QPalette::Window), palette.color(QPalette::Active, QPalette::WindowText),
+               kShare);
+}
+
 QColor StrongColor(const QPalette& palette) {
   // A style may lighten a button towards its upper edge.
   constexpr double kMargin = 1.5;

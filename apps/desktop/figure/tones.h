@@ -25,6 +25,8 @@ QColor AlertColor(const QPalette& palette);
 QColor PaleColor(const QPalette& palette, QPalette::ColorRole ground);
 /// Edge of a field or a button.
 QColor EdgeColor(const QPalette& palette);
+/// Frame around a group: seen, and quieter than the fields in it.
+QColor BoxColor(const QPalette& palette);
 /// Ground of a button or of a selection on which `QPalette::HighlightedText` is readable.
 QColor StrongColor(const QPalette& palette);
 

@@ -39,6 +39,7 @@ FieldCell::FieldCell(PageContext context, const LayoutRow& row, bool second, int
   FieldWidth width = FieldWidth::Of(kind_, second ? row.secondWidth : row.width, numberWidth);
   if (tight && width.characters <= kMostTight) width.least = kTightCharacters;
   if (row_.large) width.characters = width.characters * kLargeShare / 16;
+  width.digits = row_.large;
   if (!IsButton()) shape_ = new ShapeSlot(parent);
   switch (kind_) {
     case RowKind::kList:
@@ -79,7 +80,7 @@ void FieldCell::FollowFont(const QFont& page) {
     font.setPixelSize(static_cast<int>(page.pixelSize() * kLargeText));
   }
   widget_->setFont(font);
-  if (shape_ != nullptr) shape_->setFont(font);
+  if (shape_ != nullptr && kind_ != RowKind::kValue) shape_->setFont(font);  // a value has none to show: it aligns
 }
 
 void FieldCell::MakeEntry(FieldWidth width, QWidget* parent) {
@@ -108,6 +109,7 @@ void FieldCell::MakeChoice(FieldWidth width, QWidget* parent) {
 void FieldCell::MakeButton(QWidget* parent) {
   auto* button = new QPushButton(parent);
   button->setAutoDefault(false);
+  button->setAccessibleDescription(ToQt(row_.note));
   button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   widget_ = button;
   Connect(button, &QPushButton::clicked, this, [this] { Q_EMIT Pressed(ButtonId{control_}); });
@@ -166,6 +168,7 @@ void FieldCell::RefreshState() {
   const QString hint = ToQt(row->hint);
   const bool same = described_ && shape == shape_->Current() && words == words_ && hint == hint_;
   words_ = words;
+  brief_ = row->state ? ToQt(presentation::NameOf(*row->state)) : QString();
   hint_ = hint;
   shape_->SetShape(shape, name);
   if (row != &kUnseen) {

@@ -48,6 +48,8 @@ class FieldCell final : public QObject {
   void SetMnemonic(char letter);
 
   QString Words() const { return words_; }
+  /// The name of its state, for where the words do not fit.
+  QString Brief() const { return brief_; }
   QString Hint() const { return hint_; }
   bool IsAlert() const { return alert_; }
   QString ToolTip() const;
@@ -83,6 +85,7 @@ class FieldCell final : public QObject {
   QString caption_;
   bool described_ = false;
   QString words_;
+  QString brief_;
   QString hint_;
   bool alert_ = false;
   bool pale_ = false;

@@ -18,6 +18,7 @@ namespace htr60::desktop {
 namespace {
 
 constexpr const char* kTooLong = "#####";
+constexpr int kTellingCharacters = 20;  // of words that do not fit, to be worth their beginning
 
 }  // namespace
 
@@ -49,7 +50,9 @@ int FieldWidth::Hint(const QWidget& widget) const {
 int FieldWidth::Least(const QWidget& widget) const {
   FieldWidth narrow = *this;
   narrow.characters = std::min(characters, least);
-  return narrow.Hint(widget);
+  const QFontMetrics metrics = widget.fontMetrics();
+  const int wider = digits ? metrics.horizontalAdvance(u'0') - metrics.averageCharWidth() : 0;
+  return narrow.Hint(widget) + narrow.characters * wider;
 }
 
 int FieldHeight(const QWidget& widget) {
@@ -122,7 +125,9 @@ void TextEntry::Paste() {
 }
 
 void TextEntry::paintEvent(QPaintEvent* event) {
-  if (!number_ || !isReadOnly() || !CutOff()) return QLineEdit::paintEvent(event);
+  // Words can be scrolled to where the focus is.
+  const bool scrolls = !number_ && (hasFocus() || echoMode() != QLineEdit::Normal);
+  if (!isReadOnly() || scrolls || !CutOff()) return QLineEdit::paintEvent(event);
   Guarded([this] { PaintTooLong(); });
 }
 
@@ -134,7 +139,9 @@ void TextEntry::PaintTooLong() {
   const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(2, 0, -2, 0);
   if (hasSelectedText()) painter.fillRect(room, palette().highlight());
   painter.setPen(palette().color(hasSelectedText() ? QPalette::HighlightedText : QPalette::Text));
-  painter.drawText(room, alignment() | Qt::TextSingleLine, QLatin1String(kTooLong));
+  const QString shown =
+      number_ ? QLatin1String(kTooLong) : fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+  painter.drawText(room, static_cast<int>(alignment()) | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 // ---- labels
@@ -145,13 +152,22 @@ WordsLabel::WordsLabel(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
-void WordsLabel::SetWords(const QString& words, const QString& brief, bool alert) {
-  if (words == words_ && brief == brief_ && alert == alert_) return;
+void WordsLabel::SetWords(const QString& words, const QString& brief, const QString& least, bool alert) {
+  if (words == words_ && brief == brief_ && least == least_ && alert == alert_) return;
   words_ = words;
   brief_ = brief;
+  least_ = least;
   alert_ = alert;
   updateGeometry();
   update();
+}
+
+QString WordsLabel::Shown() const {
+  if (Fits()) return words_;
+  if (width() >= kTellingCharacters * fontMetrics().averageCharWidth()) {
+    return fontMetrics().elidedText(words_, Qt::ElideRight, width());
+  }
+  return fontMetrics().horizontalAdvance(brief_) <= width() && !brief_.isEmpty() ? brief_ : least_;
 }
 
 bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <= width(); }
@@ -159,7 +175,7 @@ bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <
 QSize WordsLabel::sizeHint() const { return {fontMetrics().horizontalAdvance(words_), fontMetrics().height()}; }
 
 QSize WordsLabel::minimumSizeHint() const {
-  return {brief_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(brief_), fontMetrics().height()};
+  return {least_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(least_), fontMetrics().height()};
 }
 
 void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -167,7 +183,7 @@ void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void WordsLabel::Paint() {
-  const QString& text = Fits() ? words_ : brief_;
+  const QString text = Shown();
   if (text.isEmpty()) return;
   QPainter painter(this);
   painter.setPen(alert_ ? AlertColor(palette()) : palette().color(QPalette::WindowText));
@@ -200,21 +216,26 @@ ReadList::ReadList(FieldWidth width, QWidget* parent) : QListWidget(parent), wid
 }
 
 void ReadList::Show(RowRole role, const std::vector<std::string>& rows) {
+  role_ = role;
+  rows_ = rows;
+  Fill();
+}
+
+void ReadList::changeEvent(QEvent* event) {
+  QListWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Guarded([this] { Fill(); });
+}
+
+void ReadList::Fill() {
   clear();
   const int side = fontMetrics().ascent();
   setIconSize({side, side});
-  for (const std::string& row : rows) {
+  for (const std::string& row : rows_) {
     auto* item = new QListWidgetItem(ToQt(row), this);
     item->setToolTip(ToQt(row));
-    const auto shape = ShapeOf(presentation::MarkOf(role, RowKind::kListBox, row));
+    const auto shape = ShapeOf(presentation::MarkOf(role_, RowKind::kListBox, row));
     if (shape == desktop::Shape::kNone) continue;
-    QPixmap picture(QSize(side, side) * devicePixelRatioF());
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    PaintShape(painter, QRectF(0.5, 0.5, side - 1, side - 1), shape, palette());
-    painter.end();
-    item->setIcon(QIcon(picture));
+    item->setIcon(ShapeIcon(shape, side, palette()));
   }
 }
 

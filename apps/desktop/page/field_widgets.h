@@ -17,9 +17,10 @@ namespace htr60::desktop {
 /// Widths of fields, taken from the font: the same class is equally wide whatever widget it holds.
 struct FieldWidth {
   int characters = 16;
-  bool page = false;   ///< takes all there is
-  bool arrow = false;  ///< has room for a list's arrow
-  int least = 24;      ///< characters to which it shrinks on a narrow page
+  bool page = false;    ///< takes all there is
+  bool arrow = false;   ///< has room for a list's arrow
+  int least = 24;       ///< characters to which it shrinks on a narrow page
+  bool digits = false;  ///< shrunk, there is room for as many digits, which are wider than other characters
 
   static FieldWidth Of(RowKind kind, WidthClass width, int numberWidth);
   int Hint(const QWidget& widget) const;
@@ -36,7 +37,7 @@ class TextEntry final : public QLineEdit {
  public:
   TextEntry(FieldWidth width, bool readOnly, QWidget* parent);
   /// The form's text; the operator's cursor and selection stay as far as it allows. A number that is only read is
-  /// never cut: where it does not fit, "#####" stands for it.
+  /// never cut: where it does not fit, "#####" stands for it. Words end in dots there.
   void Show(const QString& text, bool number = false);
   bool CutOff() const;
   /// The selection, or the whole text.
@@ -71,14 +72,17 @@ class PlainLabel final : public QLabel {
   PlainLabel(const QString& text, QWidget* parent);
 };
 
-/// Words after a field: all of them where they fit, else the short form. They never take room from the field.
+/// Words after a field: all of them where they fit, else their beginning or the short form. They take no room from the
+/// field but for the least form.
 class WordsLabel final : public QWidget {
   Q_OBJECT
 
  public:
   explicit WordsLabel(QWidget* parent);
-  void SetWords(const QString& words, const QString& brief, bool alert);
+  void SetWords(const QString& words, const QString& brief, const QString& least, bool alert);
   const QString& Words() const { return words_; }
+  /// What is to be seen of them.
+  QString Shown() const;
   bool Fits() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -90,6 +94,7 @@ class WordsLabel final : public QWidget {
   void Paint();
   QString words_;
   QString brief_;
+  QString least_;
   bool alert_ = false;
 };
 
@@ -117,10 +122,15 @@ class ReadList final : public QListWidget {
   QSize minimumSizeHint() const override;
 
  protected:
+  void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void Fill();
+
   FieldWidth width_;
+  RowRole role_ = RowRole::kNone;
+  std::vector<std::string> rows_;
 };
 
 }  // namespace htr60::desktop

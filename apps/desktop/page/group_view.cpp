@@ -1,7 +1,9 @@
 #include "desktop/page/group_view.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
@@ -21,6 +23,13 @@ bool CanBeChanged(RowKind kind) { return kind == RowKind::kEdit || kind == RowKi
 
 bool Touches(const ControlSet& changed, ControlId control) { return control && changed.test(control.ordinal); }
 
+// What the side of a box takes: without one the fields stand in the same line.
+int BoxSide() {
+  const QGroupBox box;
+  box.ensurePolished();
+  return box.contentsMargins().left();
+}
+
 }  // namespace
 
 UnitLabel::UnitLabel(bool wide, bool pale, QWidget* parent) : QLabel(parent), wide_(wide), pale_(pale) {
@@ -28,14 +37,20 @@ UnitLabel::UnitLabel(bool wide, bool pale, QWidget* parent) : QLabel(parent), wi
   setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
 }
 
+void UnitLabel::SetClose(bool close) {
+  if (std::exchange(close_, close) != close) updateGeometry();
+}
+
 QSize UnitLabel::sizeHint() const {
   const QSize own = QLabel::sizeHint();
-  return {std::max(own.width(), wide_ ? kUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+  return {std::max(own.width(), wide_ && !close_ ? kUnitCharacters * fontMetrics().averageCharWidth() : 0),
+          own.height()};
 }
 
 QSize UnitLabel::minimumSizeHint() const {
   const QSize own = QLabel::sizeHint();
-  return {std::max(own.width(), wide_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0), own.height()};
+  return {std::max(own.width(), wide_ && !close_ ? kLeastUnitCharacters * fontMetrics().averageCharWidth() : 0),
+          own.height()};
 }
 
 void UnitLabel::paintEvent(QPaintEvent* event) {
@@ -81,7 +96,7 @@ void GroupView::Build() {
   const int gap = fontMetrics().averageCharWidth();
   const int above = box_ != nullptr ? gap : gap / 2;
   const int aside = page_.tight ? gap / 2 : gap;
-  grid_->setContentsMargins(aside, above, aside, above);
+  grid_->setContentsMargins(aside + (box_ == nullptr && !page_.tight ? BoxSide() : 0), above, aside, above);
   grid_->setHorizontalSpacing(IsTight() ? gap / 2 : gap);
   grid_->setVerticalSpacing(std::max(2, gap * 2 / 3));
   int lines = 0;
@@ -148,6 +163,12 @@ void GroupView::AddRow(const LayoutRow& row, QGridLayout& grid, int linesInColum
     hasCaptions_ = hasCaptions_ || !row.captionAbove;
     if (row.captionAbove) {
       line.column->insertWidget(0, made.caption);
+    } else if (joins && line.rows.size() == 1) {
+      line.before = new QSpacerItem(0, 0, QSizePolicy::Maximum);
+      line.after = new QSpacerItem(0, 0, QSizePolicy::Maximum);
+      line.box->addItem(line.before);
+      line.box->addWidget(made.caption);
+      line.box->addItem(line.after);
     } else if (joins) {
       line.box->addWidget(made.caption);
     } else {
@@ -201,6 +222,30 @@ void GroupView::Finish() {
   Refresh(all);
 }
 
+// They give way before anything else does.
+void GroupView::AlignJoined() {
+  const auto widthsOf = [this](const Line& line) {
+    const Row& first = rows_[line.rows[0]];
+    int width = first.cell->Widget()->sizeHint().width() + (first.unit == nullptr ? 0 : line.box->spacing());
+    if (first.cell->Slot() != nullptr) width += first.cell->Slot()->sizeHint().width();
+    if (first.unit != nullptr) width += first.unit->sizeHint().width();
+    return std::pair(width, rows_[line.rows[1]].caption->sizeHint().width());
+  };
+  std::pair<int, int> widest;
+  for (const Line& line : lines_) {
+    if (line.before == nullptr || line.widget->isHidden()) continue;
+    const auto [first, caption] = widthsOf(line);
+    widest = {std::max(widest.first, first), std::max(widest.second, caption)};
+  }
+  for (const Line& line : lines_) {
+    if (line.before == nullptr || line.widget->isHidden()) continue;
+    const auto [first, caption] = widthsOf(line);
+    line.before->changeSize(widest.first - first, 0, QSizePolicy::Maximum);
+    line.after->changeSize(widest.second - caption, 0, QSizePolicy::Maximum);
+    line.box->invalidate();
+  }
+}
+
 // ---- texts
 
 QString GroupView::Caption() const { return ToQt(presentation::TitleOf(context_.control.form, group_)); }
@@ -230,6 +275,7 @@ void GroupView::Refresh(const ControlSet& changed) {
     line.widget->setVisible(shown);
     RefreshWords(line);
   }
+  AlignJoined();
   if (box_ != nullptr) box_->setTitle(WithMnemonic(ToUtf8(Caption()), mnemonic_));
   if (openButtons_.size() > 1) {
     int widest = 0;
@@ -294,6 +340,7 @@ void GroupView::RefreshStates() {
 
 void GroupView::RefreshWords(const Line& line) {
   QStringList words;
+  QString brief;
   bool hinted = false;
   bool alert = false;
   int marked = 0;
@@ -301,7 +348,10 @@ void GroupView::RefreshWords(const Line& line) {
     for (const FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
       if (cell == nullptr || !cell->Shows()) continue;
       const auto before = words.size();
-      if (!cell->Words().isEmpty()) words << cell->Words();
+      if (!cell->Words().isEmpty()) {
+        words << cell->Words();
+        brief = cell->Brief();
+      }
       if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
       hinted = hinted || !cell->Hint().isEmpty();
       alert = alert || cell->IsAlert();
@@ -310,7 +360,13 @@ void GroupView::RefreshWords(const Line& line) {
   }
   // Two fields in one line that say the same say it once; their shapes tell them apart.
   if (marked > 1) words.removeDuplicates();
-  line.words->SetWords(words.join(QStringLiteral("  ")), hinted ? QStringLiteral("?") : QString(), alert);
+  const QString all = words.join(QStringLiteral("  "));
+  line.words->SetWords(all, marked == 1 ? brief : QString(), hinted ? QStringLiteral("?") : QString(), alert);
+  // Long words begin right behind the unit, short ones below each other.
+  for (const std::size_t i : line.rows) {
+    if (rows_[i].unit != nullptr && rows_[i].second == nullptr)
+      rows_[i].unit->SetClose(all.size() > presentation::kWordsCharacters);
+  }
 }
 
 // ---- widths

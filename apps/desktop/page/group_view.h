@@ -17,6 +17,8 @@ class UnitLabel final : public QLabel {
 
  public:
   UnitLabel(bool wide, bool pale, QWidget* parent);
+  /// Something follows that needs the room.
+  void SetClose(bool close);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -26,6 +28,7 @@ class UnitLabel final : public QLabel {
  private:
   bool wide_;
   bool pale_;
+  bool close_ = false;
 };
 
 /// One group of a page: its box, and its rows in a grid of captions and lines.
@@ -79,6 +82,10 @@ class GroupView final : public QWidget {
     WordsLabel* words = nullptr;
     std::vector<std::size_t> rows;
     bool changes = false;  // the operator can change a field in it
+    // Before and after the caption of what joins the line: captions and fields stand below each other where there is
+    // room.
+    QSpacerItem* before = nullptr;
+    QSpacerItem* after = nullptr;
     int gridColumn = 0;
   };
 
@@ -90,6 +97,7 @@ class GroupView final : public QWidget {
   FieldCell* AddCell(const LayoutRow& row, bool second, Line& line);
   void AddUnit(Row& made, Line& line);
   void Finish();
+  void AlignJoined();
   void RefreshRow(Row& row);
   int PlaceOfWords(const Line& line) const;
   void RefreshWords(const Line& line);

@@ -1,8 +1,10 @@
 #include "desktop/tour/tour.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QBuffer>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -11,8 +13,11 @@
 
 #include "desktop/edge.h"
 #include "desktop/page/choice_field.h"
+#include "desktop/page/field_widgets.h"
 #include "desktop/page/page_area.h"
+#include "desktop/page/page_bar.h"
 #include "desktop/qt_text.h"
+#include "desktop/window/action_area.h"
 #include "desktop/window/keys.h"
 #include "desktop/window/page_header.h"
 #include "desktop/window/tree_panel.h"
@@ -24,17 +29,6 @@ namespace {
 constexpr int kLayoutPasses = 3;
 constexpr int kPatienceMs = 20'000;
 constexpr int kMostTries = 1000;  // of what needs no time, but turns of the event loop
-
-struct Word {
-  TourDo what;
-  const char* word;
-};
-constexpr Word kWords[] = {
-    {TourDo::kNode, "node"},     {TourDo::kButton, "button"},     {TourDo::kTab, "tab"},
-    {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
-    {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
-    {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
-};
 
 void ClickAt(QWidget& widget, const QPoint& at) {
   const QPointF place = at;
@@ -56,17 +50,6 @@ Widget* Shown(QWidget& window, ControlId control) {
 
 }  // namespace
 
-QString Describe(const TourStep& step) {
-  QString line;
-  for (const Word& word : kWords) {
-    if (word.what == step.what) line = QLatin1String(word.word);
-  }
-  if (step.control) line += QLatin1Char(' ') + ToQt(NameOf(step.control));
-  if (step.what == TourDo::kTab) line += QLatin1Char(' ') + QString::number(step.number);
-  if (!step.text.empty() && step.what != TourDo::kCode) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
-  return line;
-}
-
 Tour::Tour(MainWindow& window, SteppedClock& clock, UserCntrl& control, std::span<const TourStep> steps,
            const QDir& folder, Print print)
     : window_(window), clock_(clock), control_(control), steps_(steps), folder_(folder), print_(std::move(print)) {
@@ -82,13 +65,16 @@ void Tour::Start() {
 
 // One step a tick, so that the window has its turn in between; a step that is not ready is tried again.
 void Tour::Tick() {
-  if (next_ == steps_.size()) return End(0);
+  if (next_ == steps_.size()) {
+    return End(QStringLiteral("Done: all %1 steps, %2 pictures in %3").arg(next_).arg(pictures_).arg(folder_.path()),
+               0);
+  }
   // Begun anew first: a timer in the middle of its own timeout would stand still in a box's event loop.
   ticks_.start();
   const TourStep& step = steps_[next_];
-  const auto number = static_cast<int>(next_ + 1);
   // A box that the step opens runs its own event loop: the ticks within it belong to the step after it.
-  ++next_;
+  const std::size_t number = ++next_;
+  if (!SayStep(number, step)) return End({}, 1);
   const Outcome outcome = Try(step);
   const bool late = outcome == Outcome::kNotYet;
   if (late) {
@@ -96,9 +82,13 @@ void Tour::Tick() {
     if (Wait()) return;
     ++next_;
   }
-  QString line = QStringLiteral("%1. %2").arg(number).arg(Describe(step));
-  if (outcome != Outcome::kDone) line += QLatin1String(late ? ": waited too long" : ": cannot be done");
-  if (!Say(line) || outcome != Outcome::kDone) return End(1);
+  if (outcome != Outcome::kDone) {
+    return End(QStringLiteral("Stopped at step %1 of %2: %3")
+                   .arg(number)
+                   .arg(steps_.size())
+                   .arg(QLatin1String(late ? "waited too long" : "it cannot be done")),
+               1);
+  }
   patientUntil_ = clock_.Now() + kPatienceMs;
   tries_ = 0;
 }
@@ -115,6 +105,13 @@ bool Tour::Say(const QString& line) {
   return false;
 }
 
+// Each step once, however often it is tried.
+bool Tour::SayStep(std::size_t number, const TourStep& step) {
+  if (number <= said_) return true;
+  said_ = number;
+  return Say(QStringLiteral("%1/%2  %3").arg(number, 3).arg(steps_.size()).arg(Words(step)));
+}
+
 // Numbers of the steps have a point, where the operator may have a comma.
 std::string Tour::Localized(std::string_view text) const {
   std::string localized(text);
@@ -124,9 +121,10 @@ std::string Tour::Localized(std::string_view text) const {
   return localized;
 }
 
-void Tour::End(int exitCode) {
+void Tour::End(const QString& verdict, int exitCode) {
   ticks_.stop();
   if (QWidget* box = QApplication::activeModalWidget()) box->close();
+  if (!verdict.isEmpty() && !Say(verdict)) exitCode = 1;
   Q_EMIT Finished(exitCode);
 }
 
@@ -145,10 +143,24 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       return Choose(step);
     case TourDo::kWrite:
       return Press(id::cmdWriteParameter);
+    case TourDo::kPaste:
+      return Paste(step);
+    case TourDo::kRevert:
+      window_.Actions().Revert()->click();
+      return Outcome::kDone;
     case TourDo::kBox:
       return PressBox(step);
+    case TourDo::kBar:
+      return PressBar(step);
+    case TourDo::kMenu:
+      return ChooseInMenu(step);
+    case TourDo::kClose:
+      window_.close();
+      return Outcome::kDone;
     case TourDo::kWait:
       return window_.Presented().Settled() ? Outcome::kDone : Outcome::kNotYet;
+    case TourDo::kPass:
+      return Pass(step);
     case TourDo::kExpect:
       return control_.form.TextOf(step.control) == Localized(step.text) ? Outcome::kDone : Outcome::kNotYet;
     case TourDo::kSmallest:
@@ -175,10 +187,21 @@ Tour::Outcome Tour::PressTab(const TourStep& step) {
   return strip->currentIndex() == step.number ? Outcome::kDone : Outcome::kCannot;
 }
 
+// Without a screen nobody gives the window the keyboard back when a list has closed.
+void Tour::Focus(QWidget& widget) {
+  if (QApplication::activeWindow() == nullptr) {
+    ticks_.stop();  // the next step is not to begin meanwhile
+    window_.activateWindow();
+    QApplication::processEvents();
+    ticks_.start();
+  }
+  widget.setFocus(Qt::MouseFocusReason);
+}
+
 Tour::Outcome Tour::Type(const TourStep& step) {
   auto* field = Shown<QLineEdit>(window_, step.control);
   if (field == nullptr || !field->isEnabled() || field->isReadOnly()) return Outcome::kCannot;
-  field->setFocus(Qt::OtherFocusReason);
+  Focus(*field);
   field->selectAll();
   SendKey(*field, Qt::Key_Delete);
   const QString text = ToQt(Localized(step.text));
@@ -189,7 +212,7 @@ Tour::Outcome Tour::Type(const TourStep& step) {
 Tour::Outcome Tour::Choose(const TourStep& step) {
   auto* field = Shown<ChoiceField>(window_, step.control);
   if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
-  field->setFocus(Qt::OtherFocusReason);
+  Focus(*field);
   field->showPopup();
   if (field->Popup() == nullptr) return Outcome::kCannot;
   QListView* list = field->Popup()->List();
@@ -216,12 +239,55 @@ Tour::Outcome Tour::PressBox(const TourStep& step) {
   return Outcome::kDone;
 }
 
+Tour::Outcome Tour::PressBar(const TourStep& step) {
+  for (QPushButton* button : window_.Page().Bar().Buttons()) {
+    if (!button->isVisible() || button->text().remove(u'&') != ToQt(step.text)) continue;
+    button->click();
+    return Outcome::kDone;
+  }
+  return Outcome::kNotYet;
+}
+
+Tour::Outcome Tour::ChooseInMenu(const TourStep& step) {
+  for (QAction* action : window_.findChildren<QAction*>()) {
+    if (action->text() != ToQt(step.text)) continue;
+    action->trigger();
+    return Outcome::kDone;
+  }
+  return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Paste(const TourStep& step) {
+  auto* field = Shown<TextEntry>(window_, step.control);
+  if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
+  Focus(*field);
+  QApplication::clipboard()->setText(ToQt(step.text));
+  SendKey(*field, Qt::Key_V, Qt::ControlModifier);
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::Pass(const TourStep& step) {
+  ticks_.stop();  // the next step is not to begin meanwhile
+  const std::int64_t until = clock_.Now() + std::int64_t{step.number} * 1000;
+  while (clock_.Now() < until) {
+    clock_.StepUntil(until);
+    QApplication::processEvents();
+  }
+  ticks_.start();
+  return Outcome::kDone;
+}
+
+QString Tour::NameOfPicture(const TourStep& step) const {
+  return QStringLiteral("%1-%2.png")
+      .arg(pictures_ + 1, 3, 10, QLatin1Char('0'))
+      .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+}
+
 Tour::Outcome Tour::TakePicture(const TourStep& step) {
   // A page that has just come is laid out in several passes.
   for (int i = 0; i < kLayoutPasses; ++i) QApplication::sendPostedEvents();
-  const QString name = QStringLiteral("%1-%2.png")
-                           .arg(++pictures_, 2, 10, QLatin1Char('0'))
-                           .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+  const QString name = NameOfPicture(step);
+  ++pictures_;
   QBuffer picture;
   if (!picture.open(QIODevice::WriteOnly) || !window_.grab().save(&picture, "PNG")) return Outcome::kCannot;
   // A picture that is not written to its end leaves no file.

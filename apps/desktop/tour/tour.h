@@ -14,7 +14,8 @@
 namespace htr60::desktop {
 
 /// Goes through the window by a table of steps, with the operator's own means: presses, keys and picks of widgets.
-/// Each step is printed; the first that cannot be done, or not be printed, ends the tour.
+/// Each step is printed in the operator's words when its turn comes, and at the end how it went; the first that cannot
+/// be done, or not be printed, ends the tour.
 class Tour final : public QObject {
   Q_OBJECT
 
@@ -39,15 +40,24 @@ class Tour final : public QObject {
   void Tick();
   bool Wait();
   Outcome Try(const TourStep& step);
+  QString Words(const TourStep& step) const;
+  QString NameOfField(ControlId control) const;
+  QString NameOfPicture(const TourStep& step) const;
   Outcome Press(ButtonId button);
   Outcome PressTab(const TourStep& step);
   Outcome Type(const TourStep& step);
   Outcome Choose(const TourStep& step);
   Outcome PressBox(const TourStep& step);
+  Outcome PressBar(const TourStep& step);
+  Outcome ChooseInMenu(const TourStep& step);
+  Outcome Paste(const TourStep& step);
+  Outcome Pass(const TourStep& step);
   Outcome TakePicture(const TourStep& step);
+  void Focus(QWidget& widget);
   bool Say(const QString& line);
+  bool SayStep(std::size_t number, const TourStep& step);
   std::string Localized(std::string_view text) const;
-  void End(int exitCode);
+  void End(const QString& verdict, int exitCode);
 
   MainWindow& window_;
   SteppedClock& clock_;
@@ -60,11 +70,9 @@ class Tour final : public QObject {
   std::int64_t patientUntil_ = 0;
   int tries_ = 0;  // of the step, in which nothing was to be waited for
   std::size_t next_ = 0;
+  std::size_t said_ = 0;  // steps printed
   int pictures_ = 0;
   QSize size_;  // before the window was made small
 };
-
-/// One line that says what a step does.
-QString Describe(const TourStep& step);
 
 }  // namespace htr60::desktop

@@ -39,6 +39,12 @@ inline constexpr TourStep kAnalogInputSteps[] = {
     {TourDo::kTab, id::SSTabAI, {}, 6},
     {TourDo::kButton, id::cmdAIGraphic},
     {TourDo::kPicture, {}, "analog input limits out of order"},
+    {TourDo::kNode, {}, "Analog Input 2"},
+    {TourDo::kWait},
+    {TourDo::kTab, id::SSTabAI, {}, 2},
+    {TourDo::kWait},
+    {TourDo::kPicture, {}, "analog input limits replaced"},
+    {TourDo::kPass, {}, {}, 11},
 };
 
 }  // namespace htr60::desktop

@@ -14,10 +14,16 @@ enum class TourDo : std::uint8_t {
   kTab,       ///< presses tab `number` of the strip `control`
   kType,      ///< replaces the text of the field `control` by `text`; a number has a point in every locale
   kCode,      ///< as kType, and the text is printed nowhere
+  kPaste,     ///< pastes `text` into the field `control`
   kChoose,    ///< picks the row `text` of the list `control`
   kWrite,     ///< presses Write
+  kRevert,    ///< presses Revert
   kBox,       ///< waits for a message box and presses "OK", "Yes" or "No" in it
+  kBar,       ///< presses the button `text` of the bar across the page
+  kMenu,      ///< chooses `text` in a menu
+  kClose,     ///< closes the window
   kWait,      ///< waits until the page is read and nothing is under way
+  kPass,      ///< lets `number` seconds go by
   kExpect,    ///< waits until the form shows `text` in `control`; a number has a point in every locale
   kSmallest,  ///< makes the window as small as it can be, or with `text` "no" as large as it was
   kPicture,   ///< leaves a picture of the window under the name `text`

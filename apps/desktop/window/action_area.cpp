@@ -20,6 +20,8 @@ ActionArea::ActionArea(QWidget* parent)
   back_->setObjectName(QStringLiteral("cmdBack"));
   save_->setObjectName(QStringLiteral("cmdSave"));
   write_->setObjectName(QStringLiteral("cmdWriteParameter"));
+  back_->setToolTip(ToQt(presentation::kBackTip));
+  write_->setToolTip(ToQt(presentation::kWriteTip));
   save_->setToolTip(ToQt(presentation::kSaveTip));
   revert_->setObjectName(QStringLiteral("revert"));
   revert_->setToolTip(ToQt(presentation::kRevertTip));

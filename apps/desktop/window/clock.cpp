@@ -32,4 +32,12 @@ bool SteppedClock::Step() {
   return true;
 }
 
+void SteppedClock::StepUntil(std::int64_t latest) {
+  if (!alarm_ || *alarm_ > latest) {
+    now_ = std::max(now_, latest);
+  } else {
+    Step();
+  }
+}
+
 }  // namespace htr60::desktop

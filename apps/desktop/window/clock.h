@@ -49,6 +49,8 @@ class SteppedClock final : public Clock {
   std::int64_t Now() const override { return now_; }
   QDateTime Start() const override { return {QDate(2026, 1, 1), QTime(10, 0)}; }
   void SetAlarm(std::optional<std::int64_t> at) override { alarm_ = at; }
+  /// Goes on to the alarm where that is due by then, else to that time.
+  void StepUntil(std::int64_t latest);
   /// Goes on to the alarm, which sounds within the call; false where none is set.
   bool Step();
 

@@ -35,6 +35,8 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
   const Clock& Time() const { return clock_; }
   /// "SIMULATED", with ready-made settings "SIMULATED: tank".
   std::string Simulated() const;
+  /// Name of the ready-made settings, or empty.
+  const QString& Preset() const { return preset_; }
   /// Message boxes stand before `window`.
   void SetBoxParent(QWidget* window) { boxParent_ = window; }
   /// A turn is due, whether the form has changed or not.

@@ -15,6 +15,8 @@ namespace {
 
 using presentation::kIdentityParts;
 
+constexpr int kWholeCharacters = 24;  // of the tag and the health, where the rest gives way
+
 }  // namespace
 
 CopyLabel::CopyLabel(QWidget* parent) : FittedText(parent) {
@@ -65,11 +67,15 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
     AddBar(*line);
     if (i == presentation::kLockPart) line->addWidget(padlock_);
     auto* label = new CopyLabel(this);
-    if (i == presentation::kTagPart) label->setFont(bold);
+    if (i == presentation::kTagPart) {
+      label->setFont(bold);
+      label->SetLeast(kWholeCharacters);
+    }
     line->addWidget(label);
     labels_.push_back(label);
   }
   line->addStretch(1);
+  health_->SetLeast(kWholeCharacters);
   health_->setObjectName(QStringLiteral("health"));
   health_->setAccessibleName(ToQt(presentation::kHealthName));
   Connect(health_, &HealthButton::clicked, this, [this] { Q_EMIT HealthPressed(); });
@@ -80,6 +86,11 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
 void IdentificationStrip::ShowPadlock() {
   const QColor ink = palette().color(QPalette::Active, QPalette::Text);
   padlock_->setPixmap(Drawing(QStringLiteral("padlock"), fontMetrics().height(), devicePixelRatioF(), ink));
+}
+
+bool IdentificationStrip::event(QEvent* event) {
+  if (event->type() == QEvent::ScreenChangeInternal) Guarded([this] { ShowPadlock(); });
+  return QFrame::event(event);
 }
 
 void IdentificationStrip::changeEvent(QEvent* event) {

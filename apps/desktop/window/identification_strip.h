@@ -27,13 +27,15 @@ class FittedText : public Widget {
     Fit();
   }
   const QString& FullText() const { return full_; }
+  /// Characters that it shows at least, where it has as many.
+  void SetLeast(int characters) { least_ = characters; }
   QSize sizeHint() const override {
     const QFontMetrics metrics = this->fontMetrics();
     return {metrics.horizontalAdvance(full_) + (kAside + 1) * metrics.averageCharWidth(), metrics.height()};
   }
   QSize minimumSizeHint() const override {
     const QSize wanted = sizeHint();
-    return {qMin(wanted.width(), 8 * this->fontMetrics().averageCharWidth()), wanted.height()};
+    return {qMin(wanted.width(), least_ * this->fontMetrics().averageCharWidth()), wanted.height()};
   }
 
  protected:
@@ -49,6 +51,7 @@ class FittedText : public Widget {
   }
 
   QString full_;
+  int least_ = 8;
 };
 
 /// Can be copied whole, also where only its beginning fits.
@@ -82,6 +85,7 @@ class IdentificationStrip final : public QFrame {
   void HealthPressed();
 
  protected:
+  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:

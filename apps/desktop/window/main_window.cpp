@@ -165,7 +165,10 @@ void MainWindow::MakeMenus() {
   QMenu* presets = simulator->addMenu(tr("Start Anew With"));
   for (const std::string_view name : sim::PresetNames()) {
     const QString preset = ToQt(name);
-    presets->addAction(preset, this, AtEdge(this, [this, preset] { Q_EMIT TransmitterWanted(preset); }));
+    QAction* action =
+        presets->addAction(preset, this, AtEdge(this, [this, preset] { Q_EMIT TransmitterWanted(preset); }));
+    action->setCheckable(true);
+    action->setChecked(preset == host_.Preset());
   }
   simulator->addSeparator();
   simulator->addAction(tr("Quit"), this, &MainWindow::close);

@@ -63,6 +63,11 @@ void StatusPanels::ShowPicture() {
   picture_->setPixmap(Drawing(ConnectionPicture(shownPicture_), fontMetrics().height(), devicePixelRatioF(), ink));
 }
 
+bool StatusPanels::event(QEvent* event) {
+  if (event->type() == QEvent::ScreenChangeInternal) Guarded([this] { ShowPicture(); });
+  return QFrame::event(event);
+}
+
 void StatusPanels::changeEvent(QEvent* event) {
   QFrame::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) Guarded([this] { ShowPicture(); });

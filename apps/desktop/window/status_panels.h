@@ -21,6 +21,7 @@ class StatusPanels final : public QFrame {
   void Apply(const StatusBar& bar);
 
  protected:
+  bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:

@@ -18,6 +18,8 @@ constexpr int kPosition = Qt::UserRole;
 constexpr int kOpen = Qt::UserRole + 1;
 constexpr int kUnwritten = Qt::UserRole + 2;
 
+QString TextOf(const QTreeWidgetItem* item) { return item == nullptr ? QString() : item->text(0); }
+
 }  // namespace
 
 TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tree_(tree) {
@@ -26,7 +28,7 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tre
   BearSpot(*this, presentation::Spot::Part::kTree);
   setExpandsOnDoubleClick(false);  // a double click is two activations, and the branch stays as it is
   setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setIndentation(fontMetrics().averageCharWidth() * 5 / 2);
+  setIndentation(fontMetrics().averageCharWidth() * 2);
   const int side = fontMetrics().height();
   setIconSize(QSize(side, side));
   setUniformRowHeights(true);
@@ -37,7 +39,10 @@ TreePanel::TreePanel(TreeView& tree, QWidget* parent) : QTreeWidget(parent), tre
 }
 
 void TreePanel::Apply() {
-  if (tree_.Generation() != generation_ || items_.size() != tree_.Nodes().size() + 1) Rebuild();
+  const bool anew = tree_.Generation() != generation_ || items_.size() != tree_.Nodes().size() + 1;
+  const QString top = TextOf(itemAt(0, 0));
+  const int place = verticalScrollBar()->value();
+  if (anew) Rebuild();
   int selected = 0;
   for (std::size_t i = 0; i < tree_.Nodes().size(); ++i) {
     const TreeNode& node = tree_.Nodes()[i];
@@ -48,13 +53,15 @@ void TreePanel::Apply() {
   }
   // The arrows may have moved the operator's selection meanwhile: the program's comes back with every activation.
   if (selected != 0) setCurrentItem(items_[static_cast<std::size_t>(selected)]);
+  if (!anew) return;
+  // Last, for a cursor that is set scrolls to itself. A node that is gone leaves its place.
+  QTreeWidgetItem* const item = ItemOf(top);
+  item != nullptr ? scrollToItem(item, PositionAtTop) : verticalScrollBar()->setValue(place);
 }
 
-// Cursor and scroll place stay by text.
+// The cursor stays by its text.
 void TreePanel::Rebuild() {
-  const auto textOf = [](const QTreeWidgetItem* item) { return item == nullptr ? QString() : item->text(0); };
-  const QString cursor = textOf(currentItem());
-  const QString top = textOf(itemAt(0, 0));
+  const QString cursor = TextOf(currentItem());
   generation_ = tree_.Generation();
   clear();
   items_.assign(1, nullptr);
@@ -69,7 +76,6 @@ void TreePanel::Rebuild() {
     expanded_.push_back(node.expanded);
   }
   expandAll();  // for the operator; the program's own flags stay as they are
-  if (QTreeWidgetItem* item = ItemOf(top)) scrollToItem(item, PositionAtTop);
   if (QTreeWidgetItem* item = ItemOf(cursor)) setCurrentItem(item);
   updateGeometry();
 }
