@@ -9,6 +9,7 @@
 #include "presentation/field_help.h"
 #include "presentation/flow.h"
 #include "presentation/frame_texts.h"
+#include "presentation/line_words.h"
 #include "presentation/page_rows.h"
 #include "presentation/presentation.h"
 #include "shell/ports.h"

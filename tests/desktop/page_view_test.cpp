@@ -97,7 +97,7 @@ TEST_F(PageAreaTest, TypingReachesTheFormAndEscTakesItBack) {
 TEST(Words, ThatDoNotFitShowTheirBeginningThenTheStateThenTheHint) {
   WordsLabel label(nullptr);
   const QString words = QStringLiteral("device: HTR60-1, sent: HTR60-2, the instrument is write locked");
-  label.SetWords(words, QStringLiteral("differs"), QStringLiteral("?"), true);
+  label.SetWords({.words = ToUtf8(words), .state = "differs", .least = "?", .alert = true});
   const auto shownIn = [&](int characters) {
     label.resize(characters * label.fontMetrics().averageCharWidth(), label.fontMetrics().height());
     return label.Shown();

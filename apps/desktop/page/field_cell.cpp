@@ -158,17 +158,14 @@ void FieldCell::RefreshState() {
   const presentation::ScreenRow* row = context_.presented.Row(control_);
   static const presentation::ScreenRow kUnseen;
   if (row == nullptr) row = &kUnseen;
-  using presentation::FieldState;
   Shape shape = Shape::kNone;
   std::string_view name;
   if (row->state && (shape = ShapeOf(*row->state)) != Shape::kNone) name = presentation::NameOf(*row->state);
   if (shape == Shape::kNone && (shape = ShapeOf(row->mark)) != Shape::kNone) name = presentation::NameOf(row->mark);
-  alert_ = row->state == FieldState::kDiffers || row->state == FieldState::kReplaced;
   const QString words = ToQt(row->words);
   const QString hint = ToQt(row->hint);
   const bool same = described_ && shape == shape_->Current() && words == words_ && hint == hint_;
   words_ = words;
-  brief_ = row->state ? ToQt(presentation::NameOf(*row->state)) : QString();
   hint_ = hint;
   shape_->SetShape(shape, name);
   if (row != &kUnseen) {

@@ -49,9 +49,7 @@ class FieldCell final : public QObject {
 
   QString Words() const { return words_; }
   /// The name of its state, for where the words do not fit.
-  QString Brief() const { return brief_; }
   QString Hint() const { return hint_; }
-  bool IsAlert() const { return alert_; }
   QString ToolTip() const;
   /// What can be done with the field; none for buttons.
   std::unique_ptr<QMenu> MakeMenu();
@@ -85,9 +83,7 @@ class FieldCell final : public QObject {
   QString caption_;
   bool described_ = false;
   QString words_;
-  QString brief_;
   QString hint_;
-  bool alert_ = false;
   bool pale_ = false;
   char mnemonic_ = '\0';
   std::function<bool()> wordsFit_;

@@ -9,6 +9,7 @@
 #include <QStylePainter>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/edge.h"
 #include "desktop/figure/shapes.h"
@@ -18,7 +19,6 @@ namespace htr60::desktop {
 namespace {
 
 constexpr const char* kTooLong = "#####";
-constexpr int kTellingCharacters = 20;  // of words that do not fit, to be worth their beginning
 
 }  // namespace
 
@@ -152,30 +152,29 @@ WordsLabel::WordsLabel(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
-void WordsLabel::SetWords(const QString& words, const QString& brief, const QString& least, bool alert) {
-  if (words == words_ && brief == brief_ && least == least_ && alert == alert_) return;
-  words_ = words;
-  brief_ = brief;
-  least_ = least;
-  alert_ = alert;
+void WordsLabel::SetWords(presentation::LineWords words) {
+  if (words == words_) return;
+  words_ = std::move(words);
   updateGeometry();
   update();
 }
 
+QString WordsLabel::Words() const { return ToQt(words_.words); }
+
 QString WordsLabel::Shown() const {
-  if (Fits()) return words_;
-  if (width() >= kTellingCharacters * fontMetrics().averageCharWidth()) {
-    return fontMetrics().elidedText(words_, Qt::ElideRight, width());
-  }
-  return fontMetrics().horizontalAdvance(brief_) <= width() && !brief_.isEmpty() ? brief_ : least_;
+  const QFontMetrics metrics = fontMetrics();
+  const std::string_view fitting =
+      presentation::FittingIn(words_, width(), metrics.averageCharWidth(),
+                              [&](std::string_view text) { return metrics.horizontalAdvance(ToQt(text)); });
+  return metrics.elidedText(ToQt(fitting), Qt::ElideRight, width());
 }
 
-bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(words_) <= width(); }
+bool WordsLabel::Fits() const { return fontMetrics().horizontalAdvance(Words()) <= width(); }
 
-QSize WordsLabel::sizeHint() const { return {fontMetrics().horizontalAdvance(words_), fontMetrics().height()}; }
+QSize WordsLabel::sizeHint() const { return {fontMetrics().horizontalAdvance(Words()), fontMetrics().height()}; }
 
 QSize WordsLabel::minimumSizeHint() const {
-  return {least_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(least_), fontMetrics().height()};
+  return {words_.least.empty() ? 0 : fontMetrics().horizontalAdvance(ToQt(words_.least)), fontMetrics().height()};
 }
 
 void WordsLabel::paintEvent(QPaintEvent* /*event*/) {
@@ -186,7 +185,7 @@ void WordsLabel::Paint() {
   const QString text = Shown();
   if (text.isEmpty()) return;
   QPainter painter(this);
-  painter.setPen(alert_ ? AlertColor(palette()) : palette().color(QPalette::WindowText));
+  painter.setPen(words_.alert ? AlertColor(palette()) : palette().color(QPalette::WindowText));
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
 

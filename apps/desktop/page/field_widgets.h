@@ -79,8 +79,8 @@ class WordsLabel final : public QWidget {
 
  public:
   explicit WordsLabel(QWidget* parent);
-  void SetWords(const QString& words, const QString& brief, const QString& least, bool alert);
-  const QString& Words() const { return words_; }
+  void SetWords(presentation::LineWords words);
+  QString Words() const;
   /// What is to be seen of them.
   QString Shown() const;
   bool Fits() const;
@@ -92,10 +92,7 @@ class WordsLabel final : public QWidget {
 
  private:
   void Paint();
-  QString words_;
-  QString brief_;
-  QString least_;
-  bool alert_ = false;
+  presentation::LineWords words_;
 };
 
 /// A strip that the wheel does not turn.

@@ -7,6 +7,7 @@
 
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
+#include "presentation/line_words.h"
 
 namespace htr60::desktop {
 namespace {
@@ -339,29 +340,15 @@ void GroupView::RefreshStates() {
 }
 
 void GroupView::RefreshWords(const Line& line) {
-  QStringList words;
-  QString brief;
-  bool hinted = false;
-  bool alert = false;
-  int marked = 0;
+  std::vector<const presentation::ScreenRow*> fields;
   for (const std::size_t i : line.rows) {
     for (const FieldCell* cell : {rows_[i].cell, rows_[i].second}) {
-      if (cell == nullptr || !cell->Shows()) continue;
-      const auto before = words.size();
-      if (!cell->Words().isEmpty()) {
-        words << cell->Words();
-        brief = cell->Brief();
-      }
-      if (!cell->Hint().isEmpty()) words << QStringLiteral("? ") + cell->Hint();
-      hinted = hinted || !cell->Hint().isEmpty();
-      alert = alert || cell->IsAlert();
-      if (words.size() > before) ++marked;
+      if (cell == nullptr || !cell->Shows() || !cell->Control()) continue;
+      if (const presentation::ScreenRow* row = context_.presented.Row(cell->Control())) fields.push_back(row);
     }
   }
-  // Two fields in one line that say the same say it once; their shapes tell them apart.
-  if (marked > 1) words.removeDuplicates();
-  const QString all = words.join(QStringLiteral("  "));
-  line.words->SetWords(all, marked == 1 ? brief : QString(), hinted ? QStringLiteral("?") : QString(), alert);
+  line.words->SetWords(presentation::WordsOf(fields));
+  const QString all = line.words->Words();
   // Long words begin right behind the unit, short ones below each other.
   for (const std::size_t i : line.rows) {
     if (rows_[i].unit != nullptr && rows_[i].second == nullptr)

@@ -54,6 +54,9 @@ ControlView::ControlView(IUnknown& owner, IViewHolder& holder, UserCntrl& contro
   save_ = button(ControlId(id::cmdSave));
   write_ = button(ControlId(id::cmdWriteParameter), BS_OWNERDRAW);
   reopen_ = button(Spot::Part::kReopen);
+  for (ButtonField* one : {back_.get(), footer_.get(), revert_.get(), save_.get(), write_.get()}) {
+    tips_.Add(one->Own().Handle());
+  }
 }
 
 ControlView::~ControlView() {
@@ -107,11 +110,11 @@ PlannedField ControlView::Planned(std::wstring text, bool enabled, char mnemonic
 void ControlView::TakeButtons() {
   Form& form = control_.form;
   const presentation::Screen& screen = presented_.Shown();
-  back_->Take(Planned(L"Back", form.cmdBack.Enabled(), 'B', {}), *look_);
+  back_->Take(Planned(L"Back", form.cmdBack.Enabled(), 'B', presentation::kBackTip), *look_);
   back_->Own().Show(form.cmdBack.Visible());
   save_->Take(Planned(L"Save", form.cmdSave.Enabled(), 'S', presentation::kSaveTip), *look_);
   save_->Own().Show(form.cmdSave.Visible());
-  write_->Take(Planned(L"Write", form.cmdWriteParameter.Enabled(), 'W', {}), *look_);
+  write_->Take(Planned(L"Write", form.cmdWriteParameter.Enabled(), 'W', presentation::kWriteTip), *look_);
   write_->Own().Show(form.cmdWriteParameter.Visible());
   InvalidateRect(write_->Own().Handle(), nullptr, FALSE);
   revert_->Take(Planned(Wide(presentation::kRevertName), screen.revertable > 0, '\0', presentation::kRevertTip),
@@ -470,6 +473,11 @@ void ControlView::ShowHelp() {
 }
 
 LRESULT ControlView::OnNotify(NMHDR& header) {
+  const auto tip = [](HWND window) {
+    const Child* child = Child::Of(window);
+    return child == nullptr ? std::wstring() : child->Description();
+  };
+  if (tips_.Answer(header, tip)) return 0;
   if (header.hwndFrom == tree_->Own().Handle()) {
     if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
       return tree_->OnCustomDraw(reinterpret_cast<NMTVCUSTOMDRAW&>(header), *look_);

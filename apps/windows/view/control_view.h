@@ -101,6 +101,7 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   UserCntrl& control_;
   presentation::Presentation& presented_;
   std::unique_ptr<Look> look_;
+  Tips tips_{Handle()};
   Places places_;
   std::string iconName_;  // of the connection
   HICON icon_ = nullptr;

@@ -97,6 +97,8 @@ class Painter {
   void Texts(const RECT& room) const;
 
  private:
+  RECT RoomOfX(const FigureTick& tick) const;
+  RECT RoomOfY(const FigureTick& tick) const;
   int Hairline() const { return std::max(1, look_.Pixels(1)); }
   Canvas::Stroke StrokeOf(LineStyle style) const;
 
@@ -126,6 +128,20 @@ void Painter::Words() const {
   }
 }
 
+RECT Painter::RoomOfX(const FigureTick& tick) const {
+  const LONG x = places_.At({tick.value, figure_.y.from}).x;
+  const LONG half = (look_.WidthOf(Wide(tick.text)) + 1) / 2;
+  const LONG top = places_.plot.bottom + look_.Character() / 2;
+  return {x - half, top, x + half, top + look_.Line()};
+}
+
+RECT Painter::RoomOfY(const FigureTick& tick) const {
+  const LONG y = places_.At({figure_.x.from, tick.value}).y;
+  const LONG right = places_.plot.left - look_.Character();
+  const LONG top = y - look_.Line() / 2;
+  return {right - look_.WidthOf(Wide(tick.text)), top, right, top + look_.Line()};
+}
+
 void Painter::Axes() const {
   const RECT& plot = places_.plot;
   const int line = look_.Line();
@@ -134,17 +150,13 @@ void Painter::Axes() const {
     const LONG x = places_.At({tick.value, figure_.y.from}).x;
     canvas_.Fill({x, plot.top, x + 1, plot.bottom}, look_.grid);
     canvas_.Fill({x, plot.bottom, x + 1, plot.bottom + gap / 2}, look_.windowText);
-    const std::wstring text = Wide(tick.text);
-    const LONG half = look_.WidthOf(text) / 2 + gap;
-    canvas_.Text({x - half, plot.bottom + gap / 2, x + half, plot.bottom + gap / 2 + line}, text, look_.windowText,
-                 DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+    canvas_.Text(RoomOfX(tick), Wide(tick.text), look_.windowText, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
   }
   for (const FigureTick& tick : figure_.y.ticks) {
     const LONG y = places_.At({figure_.x.from, tick.value}).y;
     canvas_.Fill({plot.left, y, plot.right, y + 1}, look_.grid);
     canvas_.Fill({plot.left - gap / 2, y, plot.left, y + 1}, look_.windowText);
-    canvas_.Text({places_.above.left, y - line / 2, plot.left - gap, y - line / 2 + line}, Wide(tick.text),
-                 look_.windowText, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
+    canvas_.Text(RoomOfY(tick), Wide(tick.text), look_.windowText, DT_RIGHT | DT_VCENTER | DT_SINGLELINE | DT_NOCLIP);
   }
   canvas_.Fill({plot.left, plot.bottom, plot.right + 1, plot.bottom + 1}, look_.windowText);
   canvas_.Fill({plot.left, plot.top, plot.left + 1, plot.bottom + 1}, look_.windowText);
@@ -243,6 +255,17 @@ void Painter::Texts(const RECT& room) const {
     const FigurePoint at = place(marker.at);
     marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
   }
+  // The axes and their numbers are no place either.
+  const RECT& plot = places_.plot;
+  const FigurePoint corner{static_cast<double>(plot.left), static_cast<double>(plot.bottom)};
+  lines.push_back({corner, {corner.x, static_cast<double>(plot.top)}});
+  lines.push_back({corner, {static_cast<double>(plot.right), corner.y}});
+  const auto keepOff = [&](const RECT& rect) {
+    marks.push_back({static_cast<double>(rect.left), static_cast<double>(rect.top),
+                     static_cast<double>(rect.right - rect.left), static_cast<double>(rect.bottom - rect.top)});
+  };
+  for (const FigureTick& tick : figure_.x.ticks) keepOff(RoomOfX(tick));
+  for (const FigureTick& tick : figure_.y.ticks) keepOff(RoomOfY(tick));
   const figures::LabelRect inside{static_cast<double>(room.left), static_cast<double>(places_.above.bottom),
                                   static_cast<double>(room.right - room.left),
                                   static_cast<double>(places_.below.top - places_.above.bottom)};

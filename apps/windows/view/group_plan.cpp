@@ -4,7 +4,6 @@
 #include <numeric>
 
 #include "presentation/field_help.h"
-#include "presentation/line_words.h"
 #include "presentation/page_rows.h"
 #include "text/numbers.h"
 #include "windows/base/text.h"
@@ -205,10 +204,12 @@ void GroupPlan::AddWords(Line& line) {
     const bool ofChanged = CanBeChanged(at->row->kind) && !stateless;
     if (ofChanged && (at->what == Cell::What::kField || at->what == Cell::What::kUnit)) place = at + 1;
   }
-  const presentation::LineWords said = presentation::WordsOf(rows);
-  Cell words{.what = Cell::What::kWords, .row = line.rows.front(), .text = Wide(said.words), .alert = said.alert};
+  Cell words;
+  words.what = Cell::What::kWords;
+  words.row = line.rows.front();
+  words.words = presentation::WordsOf(rows);
   if (!rows.empty()) words.control = rows.front()->control;
-  words.wanted = look_.WidthOf(words.text);
+  words.wanted = look_.WidthOf(Wide(words.words.words));
   if (group_.columns == 1 && line.changes) {
     words.wanted = std::max(words.wanted, presentation::kWordsCharacters * look_.Character());
   }
@@ -402,10 +403,13 @@ void GroupPlan::PlaceLine(const Line& line, RECT room, int captions, PagePlan& p
                               .field = cell.control});
         break;
       case Cell::What::kWords:
-        if (!cell.text.empty()) {
+        if (!cell.words.words.empty()) {
+          const std::string_view fitting =
+              presentation::FittingIn(cell.words, width, look_.Character(),
+                                      [this](std::string_view text) { return look_.WidthOf(Wide(text)); });
           plan.texts.push_back({.rect = rect,
-                                .text = cell.text,
-                                .style = cell.alert ? PlannedText::Style::kAlert : PlannedText::Style::kWords,
+                                .text = Wide(fitting),
+                                .style = cell.words.alert ? PlannedText::Style::kAlert : PlannedText::Style::kWords,
                                 .field = cell.control});
         }
         break;

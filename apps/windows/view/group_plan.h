@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "presentation/line_words.h"
 #include "windows/view/page_plan.h"
 
 namespace htr60::view {
@@ -38,7 +39,7 @@ class GroupPlan {
     int least = 0;
     bool page = false;  ///< takes all the width there is
     bool pale = false;
-    bool alert = false;
+    presentation::LineWords words{};
   };
   struct Line {
     std::wstring caption;  ///< in the column of captions

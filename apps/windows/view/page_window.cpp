@@ -26,6 +26,7 @@ PageWindow::PageWindow(IViewActs& acts, UserCntrl& control, presentation::Presen
 void PageWindow::Take(const Look& look) {
   if (page_ != presented_.Page()) {
     page_ = presented_.Page();
+    for (const Placed& placed : fields_) tips_.Remove(placed.window->Own().Handle());
     fields_.clear();
     offset_ = {};
   }
@@ -69,6 +70,7 @@ FieldWindow& PageWindow::WindowFor(const PlannedField& field) {
           acts_, Handle(), field, IsTypedInto(field.kind) ? control_.form.At(TextId{field.control}).MaxLength() : 0);
       break;
   }
+  tips_.Add(made->Own().Handle());
   fields_.push_back({field.control, field.kind, field.number, std::move(made), true});
   return *fields_.back().window;
 }
@@ -242,6 +244,9 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
         }
       }
       return 0;
+    case WM_NOTIFY:
+      tips_.Answer(*reinterpret_cast<NMHDR*>(number), [this](HWND window) { return TipOf(window); });
+      return 0;
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(number);
       if (Child* child = Child::Of(item.hwndItem)) {
@@ -252,6 +257,14 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
     default:
       return Window::OnMessage(message, word, number);
   }
+}
+
+std::wstring PageWindow::TipOf(HWND window) const {
+  const Child* child = Child::Of(window);
+  for (const PlannedField& field : plan_.fields) {
+    if (child != nullptr && child->Spot() == presentation::Spot(field.control)) return field.tip;
+  }
+  return {};
 }
 
 // A frame line without a field's ground tells reading from typing.
@@ -284,6 +297,7 @@ void PageWindow::PaintText(const Canvas& canvas, const PlannedText& text) const 
   Look::Font font = Look::Font::kPlain;
   switch (text.style) {
     case Style::kPlain:
+    case Style::kWords:
       break;
     case Style::kTitle: {
       font = Look::Font::kBold;
@@ -294,9 +308,6 @@ void PageWindow::PaintText(const Canvas& canvas, const PlannedText& text) const 
     }
     case Style::kPale:
       color = look_->PaleOn(look_->window);
-      break;
-    case Style::kWords:
-      color = look_->accent;
       break;
     case Style::kAlert:
       color = look_->alert;

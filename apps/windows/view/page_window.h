@@ -6,6 +6,7 @@
 #include "windows/view/choice_field.h"
 #include "windows/view/fields.h"
 #include "windows/view/page_plan.h"
+#include "windows/view/tips.h"
 #include "windows/view/window.h"
 
 namespace htr60::view {
@@ -48,12 +49,14 @@ class PageWindow final : public Window {
   void PaintText(const Canvas& canvas, const PlannedText& text) const;
   void ColourField(HDC context, HWND window, bool readOnly, LRESULT& brush) const;
   void Clicked(int x, int y);
+  std::wstring TipOf(HWND window) const;
 
   IViewActs& acts_;
   UserCntrl& control_;
   presentation::Presentation& presented_;
   const Look* look_ = nullptr;
   const PageLayout* page_ = nullptr;
+  Tips tips_{Handle()};
   PagePlan plan_;
   std::vector<Placed> fields_;
   POINT offset_{};  // what is scrolled away
