@@ -12,6 +12,7 @@
 #include "presentation/line_words.h"
 #include "presentation/page_rows.h"
 #include "presentation/presentation.h"
+#include "presentation/shapes.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
 #endif

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "cases.h"
@@ -70,6 +71,62 @@ inline std::vector<HWND> MessageWindows() {
     if (process == GetCurrentProcessId()) windows.push_back(window);
   }
   return windows;
+}
+
+/// Objects of GDI, counted in the table that the process shares with the system: the function that tells their number
+/// answers 0 in Wine.
+inline std::size_t GdiObjects() {
+  struct Entry {
+    std::uint64_t object;
+    std::uint16_t process;
+    std::uint16_t count;
+    std::uint16_t unique;
+    std::uint8_t type;
+    std::uint8_t flags;
+    std::uint64_t user;
+  };
+  static_assert(sizeof(Entry) == 24);
+  constexpr std::size_t kEntries = 65536;
+  constexpr std::size_t kTable = sizeof(void*) == 8 ? 0xF8 : 0x94;  // in the block of the process
+  struct Basics {
+    void* exit;
+    const std::byte* block;
+    void* more[4];
+  };
+  using Ask = LONG(WINAPI*)(HANDLE process, ULONG what, void* buffer, ULONG size, ULONG* needed);
+  const auto ask = reinterpret_cast<Ask>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQueryInformationProcess")));
+  Basics basics{};
+  CHECK(ask != nullptr && ask(GetCurrentProcess(), 0, &basics, sizeof basics, nullptr) >= 0);
+  const std::byte* block = basics.block;
+  const auto* table = *reinterpret_cast<const Entry* const*>(block + kTable);
+  CHECK(table != nullptr);
+  std::size_t used = 0;
+  for (std::size_t i = 0; i < kEntries; ++i) {
+    if (table[i].type != 0) ++used;
+  }
+  return used;
+}
+
+/// All windows of this thread, those below others too.
+inline std::size_t Windows() {
+  std::size_t count = 0;
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM number) -> BOOL {
+        auto& all = *reinterpret_cast<std::size_t*>(number);
+        ++all;
+        EnumChildWindows(
+            window,
+            [](HWND, LPARAM below) -> BOOL {
+              ++*reinterpret_cast<std::size_t*>(below);
+              return TRUE;
+            },
+            number);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&count));
+  return count;
 }
 
 }  // namespace htr60::client

@@ -171,6 +171,48 @@ class Shown {
   Control control;
 };
 
+inline const Library* theManager;  ///< the DLL of the simulated one; lives in main
+
+/// A simulated manager with ready-made settings.
+inline ComPtr<IDispatch> ManagerWith(std::wstring_view preset) {
+  auto made = theManager->Create<IDispatch>(com::kManagerClass, IID_IDispatch);
+  const auto call = [&](const wchar_t* name, std::wstring_view argument) {
+    auto* asked = const_cast<wchar_t*>(name);
+    DISPID id = DISPID_UNKNOWN;
+    CHECK(made->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_NEUTRAL, &id) == S_OK);
+    const Bstr text(argument);
+    VARIANT variant = TextVariant(text);
+    DISPPARAMS params{&variant, nullptr, 1, 0};
+    CHECK(made->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &params, nullptr, nullptr, nullptr) == S_OK);
+  };
+  call(L"UsePreset", preset);
+  call(L"Set", LR"({"timing": {"answerMs": 0}})");
+  return made;
+}
+
+/// Attached, with the identification on its page.
+inline void Start(const Shown& shown, std::wstring_view preset = L"pressure") {
+  const auto its = ManagerWith(preset);
+  VARIANT_BOOL attached = VARIANT_FALSE;
+  CHECK(shown.control.object->Init(nullptr, nullptr, its.Get(), &attached) == S_OK && attached == VARIANT_TRUE);
+  shown.control.Inside().TimerDue(static_cast<int>(TimerId::TimerInit));
+  for (const ULONGLONG end = GetTickCount64() + 10000; shown.control.Tag().empty(); Pump(20)) {
+    CHECK(GetTickCount64() < end);
+  }
+  Pump(50);
+}
+
+inline void Open(const Shown& shown, std::string_view node) {
+  const auto& nodes = shown.control.Inside().form.treeView.Nodes();
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    if (nodes[i].text != node) continue;
+    shown.Presented().Activate(std::string(node), static_cast<int>(i) + 1);
+    Pump(60);
+    return;
+  }
+  CHECK_FOR(std::string(node), false);
+}
+
 /// The windows below one, all of them.
 inline std::vector<HWND> Below(HWND root) {
   std::vector<HWND> windows;

@@ -11,50 +11,8 @@
 namespace htr60::client {
 namespace {
 
-const Library* manager;  // the DLL; lives in main
-
 using presentation::Screen;
 using presentation::ScreenRow;
-
-/// A simulated manager with ready-made settings.
-ComPtr<IDispatch> ManagerWith(std::wstring_view preset) {
-  auto made = manager->Create<IDispatch>(com::kManagerClass, IID_IDispatch);
-  const auto call = [&](const wchar_t* name, std::wstring_view argument) {
-    auto* asked = const_cast<wchar_t*>(name);
-    DISPID id = DISPID_UNKNOWN;
-    CHECK(made->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_NEUTRAL, &id) == S_OK);
-    const Bstr text(argument);
-    VARIANT variant = TextVariant(text);
-    DISPPARAMS params{&variant, nullptr, 1, 0};
-    CHECK(made->Invoke(id, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &params, nullptr, nullptr, nullptr) == S_OK);
-  };
-  call(L"UsePreset", preset);
-  call(L"Set", LR"({"timing": {"answerMs": 0}})");
-  return made;
-}
-
-/// Attached, with the identification on its page.
-void Start(const Shown& shown, std::wstring_view preset = L"pressure") {
-  const auto its = ManagerWith(preset);
-  VARIANT_BOOL attached = VARIANT_FALSE;
-  CHECK(shown.control.object->Init(nullptr, nullptr, its.Get(), &attached) == S_OK && attached == VARIANT_TRUE);
-  shown.control.Inside().TimerDue(static_cast<int>(TimerId::TimerInit));
-  for (const ULONGLONG end = GetTickCount64() + 10000; shown.control.Tag().empty(); Pump(20)) {
-    CHECK(GetTickCount64() < end);
-  }
-  Pump(50);
-}
-
-void Open(const Shown& shown, std::string_view node) {
-  const auto& nodes = shown.control.Inside().form.treeView.Nodes();
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    if (nodes[i].text != node) continue;
-    shown.Presented().Activate(std::string(node), static_cast<int>(i) + 1);
-    Pump(60);
-    return;
-  }
-  CHECK_FOR(std::string(node), false);
-}
 
 std::string Utf8(const std::wstring& text) { return com::Utf8WithMarks(text); }
 
@@ -399,6 +357,6 @@ int main(int count, char** arguments) {
   if (count < 2) return 2;
   const Apartment apartment;
   const Library library(arguments[1]);
-  manager = &library;
+  theManager = &library;
   return RunCases(kCases);
 }

@@ -106,62 +106,6 @@ void PaintHealth(const Pen& pen, const QRectF& square, Shape shape, const QPen& 
 
 }  // namespace
 
-Shape ShapeOf(presentation::FieldState state) {
-  using presentation::FieldState;
-  switch (state) {
-    case FieldState::kNotRead:
-      return Shape::kCircle;
-    case FieldState::kNotWritten:
-      return Shape::kPencil;
-    case FieldState::kSent:
-      return Shape::kHourglass;
-    case FieldState::kConfirmed:
-      return Shape::kCheck;
-    case FieldState::kStored:
-      return Shape::kCheckOverLine;
-    case FieldState::kDiffers:
-      return Shape::kNotEqual;
-    case FieldState::kReplaced:
-      return Shape::kDottedNotEqual;
-    case FieldState::kChanged:
-      return Shape::kFilledTriangle;
-    case FieldState::kNotReadBack:
-      return Shape::kCrossedHourglass;
-    case FieldState::kAsRead:
-    case FieldState::kShown:
-      break;
-  }
-  return Shape::kNone;
-}
-
-Shape ShapeOf(presentation::Mark mark) {
-  switch (mark) {
-    case presentation::Mark::kUncertain:
-      return Shape::kWarning;
-    case presentation::Mark::kBad:
-      return Shape::kFault;
-    case presentation::Mark::kNone:
-      break;
-  }
-  return Shape::kNone;
-}
-
-Shape ShapeOf(presentation::HealthState health) {
-  using presentation::HealthState;
-  switch (health) {
-    case HealthState::kFailure:
-      return Shape::kFailure;
-    case HealthState::kFunctionCheck:
-      return Shape::kFunctionCheck;
-    case HealthState::kOutOfSpecification:
-      return Shape::kQuestion;
-    case HealthState::kGood:
-    case HealthState::kNotRead:
-      break;
-  }
-  return Shape::kNone;
-}
-
 void PaintShape(QPainter& painter, const QRectF& room, Shape shape, const QPalette& palette) {
   if (shape == Shape::kNone) return;
   const QColor color = ColorOf(shape, palette);

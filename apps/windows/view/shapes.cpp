@@ -71,6 +71,9 @@ void Paint(const Pen& pen, Shape shape, int side) {
   const COLORREF color = pen.Drawn().color;
   switch (shape) {
     case Shape::kNone:
+    case Shape::kQuestion:
+    case Shape::kFunctionCheck:
+    case Shape::kFailure:
       return;
     case Shape::kCircle:
       return pen.Circle(0.15);
@@ -105,46 +108,6 @@ void Paint(const Pen& pen, Shape shape, int side) {
 }
 
 }  // namespace
-
-Shape ShapeOf(presentation::FieldState state) {
-  using presentation::FieldState;
-  switch (state) {
-    case FieldState::kNotRead:
-      return Shape::kCircle;
-    case FieldState::kNotWritten:
-      return Shape::kPencil;
-    case FieldState::kSent:
-      return Shape::kHourglass;
-    case FieldState::kConfirmed:
-      return Shape::kCheck;
-    case FieldState::kStored:
-      return Shape::kCheckOverLine;
-    case FieldState::kDiffers:
-      return Shape::kNotEqual;
-    case FieldState::kReplaced:
-      return Shape::kDottedNotEqual;
-    case FieldState::kChanged:
-      return Shape::kFilledTriangle;
-    case FieldState::kNotReadBack:
-      return Shape::kCrossedHourglass;
-    case FieldState::kAsRead:
-    case FieldState::kShown:
-      break;
-  }
-  return Shape::kNone;
-}
-
-Shape ShapeOf(presentation::Mark mark) {
-  switch (mark) {
-    case presentation::Mark::kUncertain:
-      return Shape::kWarning;
-    case presentation::Mark::kBad:
-      return Shape::kFault;
-    case presentation::Mark::kNone:
-      break;
-  }
-  return Shape::kNone;
-}
 
 void PaintShape(const Canvas& canvas, const RECT& room, Shape shape) {
   const LONG side = std::min(room.right - room.left, room.bottom - room.top);

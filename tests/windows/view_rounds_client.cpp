@@ -1,0 +1,96 @@
+// Round after round of a control's window, and what is left of them: view_rounds_client MANAGER ROUNDS [LEAK]
+// LEAK is left behind once, for to see that it is found: font, brush, window or menu. Needs a display.
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "measures.h"
+#include "view_bench.h"
+
+namespace htr60::client {
+namespace {
+
+constexpr int kSettled = 3;
+
+/// Opened, activated, every page of the tree looked at, closed.
+void Round() {
+  const Shown shown;
+  const auto its = ManagerWith(L"pressure");
+  VARIANT_BOOL attached = VARIANT_FALSE;
+  CHECK(shown.control.object->Init(nullptr, nullptr, its.Get(), &attached) == S_OK && attached == VARIANT_TRUE);
+  CHECK(shown.Verb(OLEIVERB_UIACTIVATE) == S_OK);
+  shown.control.Inside().TimerDue(static_cast<int>(TimerId::TimerInit));
+  Pump(15);
+  std::vector<std::string> names;
+  for (const TreeNode& node : shown.control.Inside().form.treeView.Nodes()) names.emplace_back(node.text);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    shown.Presented().Activate(names[i], static_cast<int>(i) + 1);
+    shown.Object().Presented().Turn();
+    Pump(0);
+  }
+  RECT all{};
+  GetClientRect(shown.Root(), &all);
+  RedrawWindow(shown.Root(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  VARIANT_BOOL done = VARIANT_FALSE;
+  CHECK(shown.control.object->PrepareToRelease(&done) == S_OK);
+}
+
+void Leave(std::string_view what) {
+  if (what == "font") CreateFontW(12, 0, 0, 0, FW_BOLD, 0, 0, 0, 0, 0, 0, 0, 0, L"Tahoma");
+  if (what == "brush") CreateSolidBrush(RGB(1, 2, 3));
+  if (what == "window") {
+    CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  }
+  if (what == "heap") *static_cast<char*>(HeapAlloc(GetProcessHeap(), 0, 1)) = 1;
+}
+
+struct Measured {
+  const char* name;
+  std::size_t (*measure)();
+  std::size_t before = 0;
+};
+
+std::size_t LiveObjects() { return static_cast<std::size_t>(com::LiveObjects()); }
+
+int Run(int rounds, std::string_view leak) {
+  Measured all[] = {
+      {"GDI objects", &GdiObjects}, {"windows", &Windows}, {"message windows", [] { return MessageWindows().size(); }},
+      {"objects", &LiveObjects},    {"handles", &Handles}, {"heap bytes", &HeapBytes}};
+  for (int number = 1; number <= rounds; ++number) {
+    Round();
+    Pump(0);
+    if (number == kSettled) {
+      for (Measured& m : all) m.before = m.measure();
+      Leave(leak);
+    }
+  }
+  int grown = 0;
+  std::printf("ok %d rounds\n", rounds);
+  for (const Measured& m : all) {
+    const std::size_t after = m.measure();
+    if (after > m.before) ++grown;
+    std::printf("%s %s\n", after > m.before ? "GROWN" : "ok", m.name);
+    std::fprintf(stderr, "%s: %zu after round %d, %zu after round %d\n", m.name, m.before, kSettled, after, rounds);
+  }
+  return grown;
+}
+
+}  // namespace
+}  // namespace htr60::client
+
+int main(int count, char** arguments) {
+  using namespace htr60::client;
+  if (count < 3) return 2;
+  const Apartment apartment;
+  const std::string_view leak = count > 3 ? arguments[3] : "";
+  try {
+    const Library library(arguments[1]);
+    theManager = &library;
+    const int grown = Run(std::atoi(arguments[2]), leak);
+    return (grown != 0) == !leak.empty() ? 0 : 1;
+  } catch (const Failure& failure) {
+    std::printf("FAILED %s\n", failure.what.c_str());
+    return 1;
+  }
+}
