@@ -1,7 +1,7 @@
 #!/bin/bash
 # Runs what is built for Windows by Wine: wine.sh FOLDER WORD ARGUMENT...
 # FOLDER holds the prefix and what else is needed. The words are functions below. 77: it cannot be run here.
-# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that one program may take.
+# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that all of it may take.
 set -euo pipefail
 folder=$1
 word=$2
@@ -15,18 +15,20 @@ skip() {
   exit 77
 }
 
-# Debian's package puts neither program where programs are looked for.
+# find_program NAME: where it is. Debian's packages put it where programs are not looked for.
 find_program() {
-  command -v "$1" || for place in /usr/lib/wine /usr/lib/wine-development; do
-    if [ -x "$place/$1" ]; then
-      echo "$place/$1"
+  local place
+  for place in $(command -v "$1") /usr/lib/wine/"$1" /usr/lib/wine-development/"$1"; do
+    if [ -x "$place" ]; then
+      echo "$place"
       return
     fi
   done
+  return 1
 }
 
-wine=$(find_program wine64) || wine=$(find_program wine) || true
-server=$(find_program wineserver) || true
+wine=$(find_program wine64) || wine=$(find_program wine) || wine=
+server=$(find_program wineserver) || server=
 if [ -z "$wine" ] || [ -z "$server" ]; then
   skip "there is no Wine (Debian: wine64)"
 fi
@@ -52,13 +54,18 @@ end_wine() {
 }
 trap end_wine EXIT
 
+# seconds_left: at least one.
+seconds_left() {
+  echo $((limit > SECONDS ? limit - SECONDS : 1))
+}
+
 # run COMMAND...: in the prefix, for as long as the limit allows; what it writes ends its lines as everywhere here.
 run() {
   local status=0
-  timeout "$limit" "$wine" "$@" </dev/null >"$folder/output" 2>"$folder/errors" || status=$?
+  timeout -k 10 "$(seconds_left)" "$wine" "$@" </dev/null >"$folder/output" 2>"$folder/errors" || status=$?
   tr -d '\r' <"$folder/output"
   tr -d '\r' <"$folder/errors" >&2
-  if [ "$status" = 124 ]; then echo "FAILED: not done after $limit s: $*" >&2; fi
+  if [ "$status" = 124 ] || [ "$status" = 137 ]; then echo "FAILED: not done after $limit s: $*" >&2; fi
   return "$status"
 }
 
@@ -79,11 +86,19 @@ fetch_wine32() {
   if [ "$(id -u)" = 0 ]; then options+=(-o APT::Sandbox::User=root); fi
   mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial"
   # Lists that are not needed may fail.
-  timeout "$limit" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
-  (cd "$apt" && timeout "$limit" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
+  timeout "$(seconds_left)" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
+  (cd "$apt" && timeout "$(seconds_left)" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
   rm -rf "$folder/wine32.part"
   mkdir "$folder/wine32.part"
   dpkg-deb --fsys-tarfile "$apt"/libwine_*.deb | tar -x -C "$folder/wine32.part" --wildcards '*/i386-windows/*' || return 1
+  # What they ask of the host stands beside those of 64 bits, and is looked for here.
+  local place
+  for place in /usr/lib/x86_64-linux-gnu/wine /usr/lib64/wine /usr/lib/wine; do
+    if [ -d "$place/x86_64-unix" ]; then
+      ln -s "$place/x86_64-unix" "$folder/wine32.part/usr/lib/i386-linux-gnu/wine/"
+      break
+    fi
+  done
   mv "$folder/wine32.part" "$folder/wine32"
   rm -rf "$apt"
 }
@@ -214,7 +229,7 @@ script() {
 
 # manual CHECK PROGRAM MANUAL: the examples of a manual, by the script that checks them.
 manual() {
-  printf '#!/bin/bash\nexec timeout %q %q %q\n' "$limit" "$wine" "$2" >"$folder/program.sh"
+  printf '#!/bin/bash\nexec timeout -k 10 %q %q %q\n' "$(seconds_left)" "$wine" "$2" >"$folder/program.sh"
   chmod +x "$folder/program.sh"
   "$1" "$folder/program.sh" "$3"
 }
