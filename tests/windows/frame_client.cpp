@@ -330,6 +330,9 @@ void BesideIt() {
   std::wstring folder = file;
   folder.resize(folder.find_last_of(L'\\') + 1);
   for (const wchar_t* icon : {L"connected.ico", L"no connection.ico"}) {
+    CHECK(GetFileAttributesW((folder + icon).c_str()) != INVALID_FILE_ATTRIBUTES);
+    // Wine's emulation of 32 bits loads no icon at all, not even the system's own.
+    if (sizeof(void*) == 4 && LoadIconW(nullptr, reinterpret_cast<LPCWSTR>(IDI_APPLICATION)) == nullptr) continue;
     const HANDLE loaded =
         LoadImageW(nullptr, (folder + icon).c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE);
     CHECK(loaded != nullptr);
