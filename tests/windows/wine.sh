@@ -36,6 +36,8 @@ fi
 # Nothing of the user's own is read or written, no window is opened, and no browser is asked for.
 export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Numbers and code pages are alike wherever this runs.
+export LC_ALL=C.UTF-8
 # Texts are freed when they are let go, not kept for the next.
 export OANOCACHE=1
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
@@ -153,7 +155,11 @@ register() {
   install "" "$@"
 }
 
-# registry_state FILE: the whole registry, each key and each value a line. Wine keeps times of its own in it.
+# Fonts, drivers and menus, which Wine looks after anew in each session.
+own_upkeep='^system\.reg System\\\\CurrentControlSet\\\\(Control\\\\Class|Hardware Profiles)'
+own_upkeep+='|^system\.reg Software\\\\Microsoft\\\\Windows( NT)?\\\\CurrentVersion\\\\Fonts|^user\.reg Software\\\\Wine'
+
+# registry_state FILE: the whole registry but for Wine's own upkeep, each key and each value a line.
 registry_state() {
   end_wine
   (cd "$WINEPREFIX" && LC_ALL=C awk '
@@ -170,7 +176,7 @@ registry_state() {
       next
     }
     { print key " " $0 }' system.reg user.reg userdef.reg) |
-    grep -vE '"DriverDateData"=|^user.reg Software\\\\Wine\\\\(FileOpenAssociations|MenuFiles)$' | LC_ALL=C sort >"$1"
+    grep -vE "$own_upkeep" | LC_ALL=C sort >"$1"
 }
 
 # expect_added EXPECTED WHAT: since `clean` the lines of the file have been added, and nothing else has changed.
