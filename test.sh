@@ -83,6 +83,7 @@ foreign=none
 if [ -n "$windows" ]; then
   run_tests windows
   foreign="$tests in $seconds s"
+  sed -n 's/^SKIPPED/    &/p' build/windows/Testing/Temporary/LastTest.log | sort -u
 fi
 echo "Install $((installed - started)) s, check and build $((built - installed)) s, release tests $release," \
   "sanitizer tests $sanitize, tests for Windows $foreign, together $(($(now) - started)) s."

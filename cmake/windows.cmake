@@ -11,6 +11,10 @@ add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)
 target_include_directories(nlohmann_json::nlohmann_json SYSTEM INTERFACE ${CMAKE_BINARY_DIR}/json)
 
 add_compile_definitions(UNICODE _UNICODE _WIN32_WINNT=0x0601)
+# The oldest registers of that processor calculate with more digits than a number has, and give other results.
+if(HTR60_TRIPLET MATCHES "^i686")
+  add_compile_options(-msse2 -mfpmath=sse)
+endif()
 # Nothing but the system's own libraries is loaded.
 add_link_options(-static)
 

@@ -323,6 +323,23 @@ void AttachedByName() {
   CHECK(manager.References() == 1);
 }
 
+void BesideIt() {
+  CHECK(FindResourceW(control->Module(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(16)) != nullptr);  // its version
+  wchar_t file[1024] = {};
+  CHECK(GetModuleFileNameW(control->Module(), file, 1024) > 0);
+  std::wstring folder = file;
+  folder.resize(folder.find_last_of(L'\\') + 1);
+  for (const wchar_t* icon : {L"connected.ico", L"no connection.ico"}) {
+    CHECK(GetFileAttributesW((folder + icon).c_str()) != INVALID_FILE_ATTRIBUTES);
+    // Wine's emulation of 32 bits loads no icon at all, not even the system's own.
+    if (sizeof(void*) == 4 && LoadIconW(nullptr, reinterpret_cast<LPCWSTR>(IDI_APPLICATION)) == nullptr) continue;
+    const HANDLE loaded =
+        LoadImageW(nullptr, (folder + icon).c_str(), IMAGE_ICON, 0, 0, LR_LOADFROMFILE | LR_DEFAULTSIZE);
+    CHECK(loaded != nullptr);
+    DestroyIcon(static_cast<HICON>(loaded));
+  }
+}
+
 // The last one, for all the others.
 void NothingIsLeft() {
   CHECK(control->LiveObjects() == 0);
@@ -343,6 +360,7 @@ constexpr Case kCases[] = {
     {"names", &Names},
     {"arguments by reference", &References},
     {"attached by name", &AttachedByName},
+    {"its version and the icons beside it", &BesideIt},
     {"nothing is left", &NothingIsLeft},
 };
 

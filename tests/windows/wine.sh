@@ -1,7 +1,7 @@
 #!/bin/bash
 # Runs what is built for Windows by Wine: wine.sh FOLDER WORD ARGUMENT...
 # FOLDER holds the prefix and what else is needed. The words are functions below. 77: it cannot be run here.
-# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that one program may take.
+# HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that all of it may take.
 set -euo pipefail
 folder=$1
 word=$2
@@ -15,18 +15,20 @@ skip() {
   exit 77
 }
 
-# Debian's package puts neither program where programs are looked for.
+# find_program NAME: where it is. Debian's packages put it where programs are not looked for.
 find_program() {
-  command -v "$1" || for place in /usr/lib/wine /usr/lib/wine-development; do
-    if [ -x "$place/$1" ]; then
-      echo "$place/$1"
+  local place
+  for place in $(command -v "$1") /usr/lib/wine/"$1" /usr/lib/wine-development/"$1"; do
+    if [ -x "$place" ]; then
+      echo "$place"
       return
     fi
   done
+  return 1
 }
 
-wine=$(find_program wine64) || wine=$(find_program wine) || true
-server=$(find_program wineserver) || true
+wine=$(find_program wine64) || wine=$(find_program wine) || wine=
+server=$(find_program wineserver) || server=
 if [ -z "$wine" ] || [ -z "$server" ]; then
   skip "there is no Wine (Debian: wine64)"
 fi
@@ -34,6 +36,8 @@ fi
 # Nothing of the user's own is read or written, no window is opened, and no browser is asked for.
 export WINEPREFIX=$folder/prefix HOME=$folder/home WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Numbers and code pages are alike wherever this runs.
+export LC_ALL=C.UTF-8
 # Texts are freed when they are let go, not kept for the next.
 export OANOCACHE=1
 unset DISPLAY WAYLAND_DISPLAY XDG_CACHE_HOME XDG_CONFIG_HOME XDG_DATA_HOME
@@ -67,13 +71,18 @@ end_wine() {
 }
 trap end_wine EXIT
 
+# seconds_left: at least one.
+seconds_left() {
+  echo $((limit > SECONDS ? limit - SECONDS : 1))
+}
+
 # run COMMAND...: in the prefix, for as long as the limit allows; what it writes ends its lines as everywhere here.
 run() {
   local status=0
-  timeout "$limit" "$wine" "$@" </dev/null >"$folder/output" 2>"$folder/errors" || status=$?
+  timeout -k 10 "$(seconds_left)" "$wine" "$@" </dev/null >"$folder/output" 2>"$folder/errors" || status=$?
   tr -d '\r' <"$folder/output"
   tr -d '\r' <"$folder/errors" >&2
-  if [ "$status" = 124 ]; then echo "FAILED: not done after $limit s: $*" >&2; fi
+  if [ "$status" = 124 ] || [ "$status" = 137 ]; then echo "FAILED: not done after $limit s: $*" >&2; fi
   return "$status"
 }
 
@@ -94,11 +103,19 @@ fetch_wine32() {
   if [ "$(id -u)" = 0 ]; then options+=(-o APT::Sandbox::User=root); fi
   mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial"
   # Lists that are not needed may fail.
-  timeout "$limit" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
-  (cd "$apt" && timeout "$limit" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
+  timeout "$(seconds_left)" apt-get "${options[@]}" update >"$apt/log" 2>&1 || true
+  (cd "$apt" && timeout "$(seconds_left)" apt-get "${options[@]}" download libwine >>"$apt/log" 2>&1) || return 1
   rm -rf "$folder/wine32.part"
   mkdir "$folder/wine32.part"
   dpkg-deb --fsys-tarfile "$apt"/libwine_*.deb | tar -x -C "$folder/wine32.part" --wildcards '*/i386-windows/*' || return 1
+  # What they ask of the host stands beside those of 64 bits, and is looked for here.
+  local place
+  for place in /usr/lib/x86_64-linux-gnu/wine /usr/lib64/wine /usr/lib/wine; do
+    if [ -d "$place/x86_64-unix" ]; then
+      ln -s "$place/x86_64-unix" "$folder/wine32.part/usr/lib/i386-linux-gnu/wine/"
+      break
+    fi
+  done
   mv "$folder/wine32.part" "$folder/wine32"
   rm -rf "$apt"
 }
@@ -153,7 +170,11 @@ register() {
   install "" "$@"
 }
 
-# registry_state FILE: the whole registry, each key and each value a line. Wine keeps times of its own in it.
+# Fonts, drivers and menus, which Wine looks after anew in each session.
+own_upkeep='^system\.reg System\\\\CurrentControlSet\\\\(Control\\\\Class|Hardware Profiles)'
+own_upkeep+='|^system\.reg Software\\\\Microsoft\\\\Windows( NT)?\\\\CurrentVersion\\\\Fonts|^user\.reg Software\\\\Wine'
+
+# registry_state FILE: the whole registry but for Wine's own upkeep, each key and each value a line.
 registry_state() {
   end_wine
   (cd "$WINEPREFIX" && LC_ALL=C awk '
@@ -170,7 +191,7 @@ registry_state() {
       next
     }
     { print key " " $0 }' system.reg user.reg userdef.reg) |
-    grep -vE '"DriverDateData"=|^user.reg Software\\\\Wine\\\\(FileOpenAssociations|MenuFiles)$' | LC_ALL=C sort >"$1"
+    grep -vE "$own_upkeep" | LC_ALL=C sort >"$1"
 }
 
 # expect_added EXPECTED WHAT: since `clean` the lines of the file have been added, and nothing else has changed.
@@ -229,7 +250,7 @@ script() {
 
 # manual CHECK PROGRAM MANUAL: the examples of a manual, by the script that checks them.
 manual() {
-  printf '#!/bin/bash\nexec timeout %q %q %q\n' "$limit" "$wine" "$2" >"$folder/program.sh"
+  printf '#!/bin/bash\nexec timeout -k 10 %q %q %q\n' "$(seconds_left)" "$wine" "$2" >"$folder/program.sh"
   chmod +x "$folder/program.sh"
   "$1" "$folder/program.sh" "$3"
 }
