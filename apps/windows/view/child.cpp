@@ -25,12 +25,12 @@ Child::Child(IViewActs& acts, HWND parent, const Kind& kind, presentation::Spot 
       SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Child::Procedure)));
 }
 
-// The frame may have destroyed the window with its own.
+// The frame may have destroyed the window with its own. The procedure stays to the end: tooltips have put theirs before
+// it, and let go of it when the window goes.
 Child::~Child() {
   if (window_ == nullptr) return;
+  going_ = true;
   Forget(window_);
-  SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before_));
-  RemovePropW(window_, kProperty);
   DestroyWindow(window_);
 }
 
@@ -105,6 +105,7 @@ LRESULT Child::Handle(UINT message, WPARAM word, LPARAM number) {
     window_ = nullptr;
     return CallWindowProcW(before_, window, message, word, number);
   }
+  if (going_) return Default(message, word, number);
   if (IsKey(message) || IsCharacter(message)) {
     if (IsCharacter(message) && eats_) return 0;
     const bool taken = acts_.TakeKey({window, message, word, number, 0, {}});

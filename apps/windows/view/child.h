@@ -83,6 +83,7 @@ class Child {
   RECT rect_{};
   bool shown_ = false;
   bool enabled_ = true;
+  bool going_ = false;
   bool eats_ = false;  // the character of a key that was taken
   std::wstring name_;
   std::wstring description_;

@@ -61,6 +61,9 @@ ControlView::ControlView(IUnknown& owner, IViewHolder& holder, UserCntrl& contro
 
 ControlView::~ControlView() {
   Close();
+  for (ButtonField* button : {back_.get(), footer_.get(), revert_.get(), save_.get(), write_.get()}) {
+    tips_.Remove(button->Own().Handle());
+  }
   if (icon_ != nullptr) DestroyIcon(icon_);
 }
 

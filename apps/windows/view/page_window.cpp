@@ -26,8 +26,7 @@ PageWindow::PageWindow(IViewActs& acts, UserCntrl& control, presentation::Presen
 void PageWindow::Take(const Look& look) {
   if (page_ != presented_.Page()) {
     page_ = presented_.Page();
-    for (const Placed& placed : fields_) tips_.Remove(placed.window->Own().Handle());
-    fields_.clear();
+    Forget();
     offset_ = {};
   }
   look_ = &look;
@@ -44,6 +43,12 @@ void PageWindow::Take(const Look& look) {
   SetBars();
   PlaceFields();
   Invalidate();
+}
+
+// A window that goes while it has a tooltip leaves something of that behind.
+void PageWindow::Forget() {
+  for (const Placed& placed : fields_) tips_.Remove(placed.window->Own().Handle());
+  fields_.clear();
 }
 
 FieldWindow& PageWindow::WindowFor(const PlannedField& field) {

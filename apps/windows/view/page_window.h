@@ -17,6 +17,8 @@ class PageWindow final : public Window {
  public:
   PageWindow(IViewActs& acts, UserCntrl& control, presentation::Presentation& presented, HWND parent);
 
+  ~PageWindow() override { Forget(); }
+
   /// Takes what is shown now, in the style of `look`, which outlives the next call.
   void Take(const Look& look);
   /// The window of a control; null where it is not to be seen.
@@ -40,6 +42,7 @@ class PageWindow final : public Window {
   Hold Held() override { return acts_.Held(); }
   LRESULT OnMessage(UINT message, WPARAM word, LPARAM number) override;
   FieldWindow& WindowFor(const PlannedField& field);
+  void Forget();
   void PlaceFields();
   void SetBars();
   void ScrollBy(int bar, int request, int track);
