@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "pages/pages.h"
+#include "presentation/page_in_words.h"
 
 namespace htr60::automation {
 namespace {
@@ -69,8 +70,12 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   std::shared_ptr<sim::Manager> simulator;
   if (options_.simulator) simulator = sim::Manager::Create(*options_.simulator, [this] { return now_; });
   dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
+  observer_ = std::make_shared<observe::Observer>([this] { return now_; });
+  watchedDtm_ = std::make_shared<observe::ObservingDtm>(dtm_, observer_);
+  traffic_.emplace(*observer_);
   const Ports ports{.boxes = *this, .timers = *this, .icons = *this, .decimalSeparator = options_.decimalSeparator};
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
+  observer_->page = [this] { return presentation::PageInWords(*control_); };
   std::string simulated;
   if (options_.simulator) simulated = options_.preset.empty() ? "SIMULATED" : "SIMULATED: " + options_.preset;
   presentation_.emplace(
@@ -80,9 +85,19 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
 
 // The control goes first: it still disarms its timers here.
 VirtualHost::~VirtualHost() {
+  observer_->page = nullptr;
   presentation_.reset();
   control_.reset();
 }
+
+void VirtualHost::Answer(std::int32_t code, const std::string& document) {
+  dtm_->RecordAnswer(code, document);
+  observer_->Answered(code, document);
+  control_->UpdateUI(code, document);
+  observer_->Handled(code);
+}
+
+std::string VirtualHost::TimeOf(std::int64_t milliseconds) const { return TimeSinceStart(milliseconds); }
 
 void VirtualHost::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;

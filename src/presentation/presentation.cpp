@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "presentation/numbers_shown.h"
+#include "presentation/page_in_words.h"
 #include "presentation/page_rows.h"
 
 namespace htr60::presentation {
@@ -86,15 +87,8 @@ const PageLayout* Presentation::InFront() {
   return found == layouts_.end() ? nullptr : *found;
 }
 
-// Where several pages share the frame, the title of the current one.
 std::string Presentation::TitleOf(const PageLayout* page) const {
-  if (page == nullptr) return {};
-  std::string_view any;
-  for (const LayoutTitle& title : page->titles) {
-    if (title.page == control_.CurrentPage) return std::string(title.title);
-    if (title.page.empty() || any.empty()) any = title.title;
-  }
-  return std::string(any);
+  return page == nullptr ? std::string() : std::string(TitleNow(control_, *page));
 }
 
 // An act that opens a message box may have left its page before it writes: what it writes is not left, so nothing is
