@@ -156,8 +156,8 @@ std::optional<Observer::Pending> Observer::TakePending(int code, std::int64_t no
     const auto fits = [&](const Pending& pending) {
       return std::abs(now - pending.at - usual->second) <= usual->second / 2 + kSlack;
     };
-    const auto fitting = std::find_if(waiting.rbegin(), waiting.rend(), fits);
-    if (fitting != waiting.rend()) chosen = std::prev(fitting.base());
+    const auto fitting = std::find_if(waiting.begin(), waiting.end(), fits);
+    if (fitting != waiting.end()) chosen = fitting;
   }
   Pending taken = std::move(*chosen);
   for (auto passed = waiting.begin(); passed != chosen; ++passed) {

@@ -1,6 +1,7 @@
 #include "desktop/tour/tour.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QBuffer>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QSaveFile>
 #include <QTabBar>
 
+#include "desktop/docks/docks.h"
 #include "desktop/edge.h"
 #include "desktop/page/choice_field.h"
 #include "desktop/page/page_area.h"
@@ -34,6 +36,7 @@ constexpr Word kWords[] = {
     {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
     {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
     {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
+    {TourDo::kDock, "dock"},
 };
 
 void ClickAt(QWidget& widget, const QPoint& at) {
@@ -155,6 +158,8 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       if (step.text.empty()) size_ = window_.size();
       window_.resize(step.text.empty() ? window_.minimumSize() : size_);
       return Outcome::kDone;
+    case TourDo::kDock:
+      return PressDock(step);
     case TourDo::kPicture:
       return TakePicture(step);
   }
@@ -214,6 +219,16 @@ Tour::Outcome Tour::PressBox(const TourStep& step) {
   if (button == nullptr) return Outcome::kCannot;
   button->click();
   return Outcome::kDone;
+}
+
+// The entry of the menu, as the operator picks it.
+Tour::Outcome Tour::PressDock(const TourStep& step) {
+  for (QAction* action : window_.Around().Actions()) {
+    if (action->text() != ToQt(step.text)) continue;
+    action->trigger();
+    return Outcome::kDone;
+  }
+  return Outcome::kCannot;
 }
 
 Tour::Outcome Tour::TakePicture(const TourStep& step) {

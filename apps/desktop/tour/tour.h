@@ -44,6 +44,7 @@ class Tour final : public QObject {
   Outcome Type(const TourStep& step);
   Outcome Choose(const TourStep& step);
   Outcome PressBox(const TourStep& step);
+  Outcome PressDock(const TourStep& step);
   Outcome TakePicture(const TourStep& step);
   bool Say(const QString& line);
   std::string Localized(std::string_view text) const;

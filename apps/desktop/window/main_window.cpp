@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/docks/docks.h"
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/page/page_area.h"
@@ -58,6 +59,7 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
       places_(places) {
   setWindowIcon(DrawingIcon(QStringLiteral("htr60"), kIconSide));
   MakeLayout();
+  docks_ = new Docks({host_, presented_}, *this);
   MakeMenus();
   setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));
   resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
@@ -74,6 +76,7 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
 MainWindow::~MainWindow() {
   // While the presentation stands: a window that hides takes the focus from its fields, and they tell of it.
   hide();
+  delete docks_;
   delete takeCentralWidget();
 }
 
@@ -169,6 +172,7 @@ void MainWindow::MakeMenus() {
   }
   simulator->addSeparator();
   simulator->addAction(tr("Quit"), this, &MainWindow::close);
+  docks_->AddTo(*menuBar()->addMenu(tr("View")));
   QMenu* help = menuBar()->addMenu(tr("Help"));
   QAction* page = help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
   page->setAutoRepeat(false);
@@ -199,6 +203,7 @@ void MainWindow::Turn() {
     header_->Apply(screen);
     actions_->Apply(control_.form, screen);
   });
+  docks_->Turn();
   host_.WantTurnAt(presented_.NextDeadline());  // time alone changes what is shown
   keys_.Follow();
 }
@@ -238,6 +243,7 @@ void MainWindow::RestorePlaces() {
   const QSettings settings;
   restoreGeometry(settings.value(QLatin1String(kGeometryKey)).toByteArray());
   splitter_->restoreState(settings.value(QLatin1String(kSplitterKey)).toByteArray());
+  docks_->Restore(settings);
 }
 
 void MainWindow::KeepPlaces() {
@@ -245,6 +251,7 @@ void MainWindow::KeepPlaces() {
   QSettings settings;
   settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
   settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+  docks_->Keep(settings);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -1,0 +1,88 @@
+#include "desktop/docks/docks.h"
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QSettings>
+
+#include "desktop/docks/communication/communication_dock.h"
+#include "desktop/edge.h"
+#include "desktop/qt_text.h"
+
+namespace htr60::desktop {
+namespace {
+
+constexpr const char* kStateKey = "window/docks";
+// What a kept state must have in common with the docks there are.
+constexpr int kStateVersion = 1;
+
+constexpr int kFirstSide = 330;  // of 1/96 inch: how far a dock reaches into the window at first
+
+}  // namespace
+
+Docks::Docks(DockContext context, QMainWindow& window)
+    : QObject(&window), window_(window), communication_(new CommunicationDock(context, &window)) {
+  window.setDockNestingEnabled(true);
+  Add(*communication_, Qt::BottomDockWidgetArea);
+}
+
+// They look at what goes before the window does.
+Docks::~Docks() {
+  for (QDockWidget* dock : docks_) delete dock;
+}
+
+void Docks::Add(QDockWidget& dock, Qt::DockWidgetArea area) {
+  dock.setAccessibleName(dock.windowTitle());
+  dock.hide();
+  window_.addDockWidget(area, &dock);
+  for (QDockWidget* other : docks_) {
+    if (window_.dockWidgetArea(other) == area) window_.tabifyDockWidget(other, &dock);
+  }
+  docks_.push_back(&dock);
+}
+
+void Docks::AddTo(QMenu& menu) {
+  int number = 0;
+  for (QDockWidget* dock : docks_) {
+    QAction* action = menu.addAction(dock->windowTitle());
+    actions_.push_back(action);
+    action->setCheckable(true);
+    action->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + number++)));
+    Connect(action, &QAction::triggered, this, [this, dock](bool shown) { Toggle(*dock, shown); });
+    // Closed by its own button, or behind another in its place.
+    Connect(dock->toggleViewAction(), &QAction::toggled, action, [action](bool shown) { action->setChecked(shown); });
+  }
+}
+
+Qt::Orientation Docks::OrientationOf(QDockWidget& dock) const {
+  const Qt::DockWidgetArea area = window_.dockWidgetArea(&dock);
+  return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea ? Qt::Vertical : Qt::Horizontal;
+}
+
+void Docks::Toggle(QDockWidget& dock, bool shown) {
+  dock.setVisible(shown);
+  if (!shown) return;
+  if (!placed_.contains(&dock)) {
+    placed_ << &dock;
+    if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, kFirstSide)}, OrientationOf(dock));
+  }
+  dock.raise();
+  if (QWidget* first = dock.widget()->nextInFocusChain()) {
+    for (int i = 0; i < 50 && !(first->focusPolicy() & Qt::TabFocus); ++i) first = first->nextInFocusChain();
+    if (dock.isAncestorOf(first)) first->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void Docks::Turn() {
+  Guarded([this] { communication_->Turn(); });
+}
+
+void Docks::Restore(const QSettings& settings) {
+  window_.restoreState(settings.value(QLatin1String(kStateKey)).toByteArray(), kStateVersion);
+}
+
+void Docks::Keep(QSettings& settings) const {
+  settings.setValue(QLatin1String(kStateKey), window_.saveState(kStateVersion));
+}
+
+}  // namespace htr60::desktop
