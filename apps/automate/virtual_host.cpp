@@ -53,6 +53,13 @@ std::string TimeSinceStart(std::int64_t milliseconds) {
   return text;
 }
 
+/// Seconds with three decimals: for a file, which may hold more than a day.
+std::string SecondsSinceStart(std::int64_t milliseconds) {
+  std::string thousandths = std::to_string(milliseconds % 1000);
+  thousandths.insert(0, 3 - thousandths.size(), '0');
+  return std::to_string(milliseconds / 1000) + "." + thousandths;
+}
+
 BoxButton Chosen(const MessageBox& box, std::string_view answer) {
   const auto has = [&](BoxButton button) {
     return std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end();
@@ -81,11 +88,14 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   presentation_.emplace(
       *control_, presentation::Surroundings{
                      .now = [this] { return now_; }, .timeOfDay = TimeSinceStart, .simulated = std::move(simulated)});
+  trend_.emplace(*control_, *observer_,
+                 observe::Trend::Surroundings{.timeOfDay = TimeSinceStart, .timeStamp = SecondsSinceStart});
 }
 
 // The control goes first: it still disarms its timers here.
 VirtualHost::~VirtualHost() {
   observer_->page = nullptr;
+  trend_.reset();
   presentation_.reset();
   control_.reset();
 }

@@ -18,6 +18,7 @@
 #include "form/widgets.h"
 #include "observe/observer.h"
 #include "observe/traffic_text.h"
+#include "observe/trend.h"
 #include "presentation/presentation.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
@@ -64,6 +65,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   observe::Observer& Watched() { return *observer_; }
   /// The traffic in words since it was asked for last.
   observe::TrafficReader& Traffic() { return *traffic_; }
+  observe::Trend& Followed() { return *trend_; }
   /// An answer that comes from no transmitter.
   void Answer(std::int32_t code, const std::string& document);
   std::string TimeOf(std::int64_t milliseconds) const;
@@ -119,6 +121,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   std::optional<observe::TrafficReader> traffic_;
   std::shared_ptr<UserCntrl> control_;
   std::optional<presentation::Presentation> presentation_;
+  std::optional<observe::Trend> trend_;
 };
 
 }  // namespace htr60::automation

@@ -75,6 +75,11 @@ class Presentation {
   const Figure& Drawing();
   /// What a field offers in its menu; empty where it is not to be seen.
   std::vector<FieldMenuItem> Menu(ControlId field) const;
+  /// What the host adds to it; `additions` may be none.
+  void AddToMenus(std::function<std::vector<FieldAddition>(ControlId)> additions) { additions_ = std::move(additions); }
+  std::vector<FieldAddition> Additions(ControlId field) const {
+    return additions_ ? additions_(field) : std::vector<FieldAddition>();
+  }
   /// When the health was read, and where; empty where nothing was.
   std::string HealthTip() const;
   TreeMarks Marks() const;
@@ -156,6 +161,7 @@ class Presentation {
   Paste paste_;
   bool asksToClose_ = false;
   EditedNodes editedNodes_;
+  std::function<std::vector<FieldAddition>(ControlId)> additions_;
   Announcer announcer_;
 
   // What is shown, and whether it still holds.

@@ -4,8 +4,11 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QSettings>
+#include <QTabBar>
+#include <algorithm>
 
 #include "desktop/docks/communication/communication_dock.h"
+#include "desktop/docks/trend/trend_dock.h"
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
 
@@ -16,14 +19,16 @@ constexpr const char* kStateKey = "window/docks";
 // What a kept state must have in common with the docks there are.
 constexpr int kStateVersion = 1;
 
-constexpr int kFirstSide = 330;  // of 1/96 inch: how far a dock reaches into the window at first
-
 }  // namespace
 
 Docks::Docks(DockContext context, QMainWindow& window)
-    : QObject(&window), window_(window), communication_(new CommunicationDock(context, &window)) {
+    : QObject(&window),
+      window_(window),
+      communication_(new CommunicationDock(context, &window)),
+      trend_(new TrendDock(context, &window)) {
   window.setDockNestingEnabled(true);
-  Add(*communication_, Qt::BottomDockWidgetArea);
+  Add(*communication_, Qt::BottomDockWidgetArea, 330);
+  Add(*trend_, Qt::BottomDockWidgetArea, 400);
 }
 
 // They look at what goes before the window does.
@@ -31,7 +36,7 @@ Docks::~Docks() {
   for (QDockWidget* dock : docks_) delete dock;
 }
 
-void Docks::Add(QDockWidget& dock, Qt::DockWidgetArea area) {
+void Docks::Add(QDockWidget& dock, Qt::DockWidgetArea area, int side) {
   dock.setAccessibleName(dock.windowTitle());
   dock.hide();
   window_.addDockWidget(area, &dock);
@@ -39,6 +44,15 @@ void Docks::Add(QDockWidget& dock, Qt::DockWidgetArea area) {
     if (window_.dockWidgetArea(other) == area) window_.tabifyDockWidget(other, &dock);
   }
   docks_.push_back(&dock);
+  NameTabs();
+  sides_.push_back(side);
+}
+
+// The window makes strips of its own for docks in one place.
+void Docks::NameTabs() {
+  for (QTabBar* strip : window_.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly)) {
+    strip->setAccessibleName(tr("Docks"));
+  }
 }
 
 void Docks::AddTo(QMenu& menu) {
@@ -59,12 +73,17 @@ Qt::Orientation Docks::OrientationOf(QDockWidget& dock) const {
   return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea ? Qt::Vertical : Qt::Horizontal;
 }
 
+int Docks::SideOf(const QDockWidget& dock) const {
+  return sides_.at(static_cast<std::size_t>(std::find(docks_.begin(), docks_.end(), &dock) - docks_.begin()));
+}
+
 void Docks::Toggle(QDockWidget& dock, bool shown) {
   dock.setVisible(shown);
+  NameTabs();
   if (!shown) return;
   if (!placed_.contains(&dock)) {
     placed_ << &dock;
-    if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, kFirstSide)}, OrientationOf(dock));
+    if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, SideOf(dock))}, OrientationOf(dock));
   }
   dock.raise();
   if (QWidget* first = dock.widget()->nextInFocusChain()) {
@@ -75,10 +94,12 @@ void Docks::Toggle(QDockWidget& dock, bool shown) {
 
 void Docks::Turn() {
   Guarded([this] { communication_->Turn(); });
+  Guarded([this] { trend_->Turn(); });
 }
 
 void Docks::Restore(const QSettings& settings) {
   window_.restoreState(settings.value(QLatin1String(kStateKey)).toByteArray(), kStateVersion);
+  NameTabs();
 }
 
 void Docks::Keep(QSettings& settings) const {

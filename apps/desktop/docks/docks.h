@@ -14,6 +14,7 @@ class QSettings;
 namespace htr60::desktop {
 
 class CommunicationDock;
+class TrendDock;
 
 /// What stands around the pages for the person before the screen. None of it changes what the control does.
 class Docks final : public QObject {
@@ -34,16 +35,21 @@ class Docks final : public QObject {
   const std::vector<QAction*>& Actions() const { return actions_; }
 
   CommunicationDock& Communication() { return *communication_; }
+  TrendDock& Trend() { return *trend_; }
 
  private:
-  void Add(QDockWidget& dock, Qt::DockWidgetArea area);
+  void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
+  void NameTabs();
   void Toggle(QDockWidget& dock, bool shown);
+  int SideOf(const QDockWidget& dock) const;
   Qt::Orientation OrientationOf(QDockWidget& dock) const;
 
   QMainWindow& window_;
   CommunicationDock* communication_;
+  TrendDock* trend_;
   std::vector<QDockWidget*> docks_;
   std::vector<QAction*> actions_;
+  std::vector<int> sides_;      // of 1/96 inch: how far a dock reaches into the window at first
   QList<QDockWidget*> placed_;  // shown before in this run
 };
 

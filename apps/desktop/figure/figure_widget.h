@@ -21,6 +21,8 @@ class FigureWidget final : public QWidget {
   const Figure& Shown() const { return figure_; }
   /// Where a point of the figure stands in the widget.
   QPointF Place(FigurePoint point) const;
+  /// What stands at a place of the widget, in the units of the axes.
+  FigurePoint At(QPointF place) const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

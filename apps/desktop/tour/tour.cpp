@@ -27,6 +27,9 @@ constexpr int kLayoutPasses = 3;
 constexpr int kPatienceMs = 20'000;
 constexpr int kMostTries = 1000;  // of what needs no time, but turns of the event loop
 
+constexpr int kLargeWidth = 1280;  // of 1/96 inch
+constexpr int kLargeHeight = 1000;
+
 struct Word {
   TourDo what;
   const char* word;
@@ -36,7 +39,8 @@ constexpr Word kWords[] = {
     {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
     {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
     {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
-    {TourDo::kDock, "dock"},
+    {TourDo::kDock, "dock"},     {TourDo::kLarge, "large"},       {TourDo::kFollow, "follow"},
+    {TourDo::kLater, "later"},
 };
 
 void ClickAt(QWidget& widget, const QPoint& at) {
@@ -65,7 +69,7 @@ QString Describe(const TourStep& step) {
     if (word.what == step.what) line = QLatin1String(word.word);
   }
   if (step.control) line += QLatin1Char(' ') + ToQt(NameOf(step.control));
-  if (step.what == TourDo::kTab) line += QLatin1Char(' ') + QString::number(step.number);
+  if (step.what == TourDo::kTab || step.what == TourDo::kLater) line += QLatin1Char(' ') + QString::number(step.number);
   if (!step.text.empty() && step.what != TourDo::kCode) line += QStringLiteral(" \"%1\"").arg(ToQt(step.text));
   return line;
 }
@@ -158,8 +162,16 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       if (step.text.empty()) size_ = window_.size();
       window_.resize(step.text.empty() ? window_.minimumSize() : size_);
       return Outcome::kDone;
+    case TourDo::kLarge:
+      if (step.text.empty()) size_ = window_.size();
+      window_.resize(step.text.empty() ? QSize(Pixels(window_, kLargeWidth), Pixels(window_, kLargeHeight)) : size_);
+      return Outcome::kDone;
     case TourDo::kDock:
       return PressDock(step);
+    case TourDo::kFollow:
+      return Follow(step);
+    case TourDo::kLater:
+      return PassTime(step);
     case TourDo::kPicture:
       return TakePicture(step);
   }
@@ -229,6 +241,26 @@ Tour::Outcome Tour::PressDock(const TourStep& step) {
     return Outcome::kDone;
   }
   return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::Follow(const TourStep& step) {
+  for (const presentation::FieldAddition& addition : window_.Presented().Additions(step.control)) {
+    if (!addition.enabled || !addition.run) continue;
+    addition.run();
+    return Outcome::kDone;
+  }
+  return Outcome::kCannot;
+}
+
+// Goes on from alarm to alarm, with the window's turn in between.
+Tour::Outcome Tour::PassTime(const TourStep& step) {
+  if (!passUntil_) {
+    passUntil_ = clock_.Now() + step.number * 1000;
+    patientUntil_ = *passUntil_ + kPatienceMs;
+  }
+  if (clock_.Now() < *passUntil_) return Outcome::kNotYet;
+  passUntil_.reset();
+  return Outcome::kDone;
 }
 
 Tour::Outcome Tour::TakePicture(const TourStep& step) {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QTimer>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -45,6 +46,8 @@ class Tour final : public QObject {
   Outcome Choose(const TourStep& step);
   Outcome PressBox(const TourStep& step);
   Outcome PressDock(const TourStep& step);
+  Outcome Follow(const TourStep& step);
+  Outcome PassTime(const TourStep& step);
   Outcome TakePicture(const TourStep& step);
   bool Say(const QString& line);
   std::string Localized(std::string_view text) const;
@@ -58,6 +61,7 @@ class Tour final : public QObject {
   Print print_;
   QString notWritten_;
   QTimer ticks_;
+  std::optional<std::int64_t> passUntil_;
   std::int64_t patientUntil_ = 0;
   int tries_ = 0;  // of the step, in which nothing was to be waited for
   std::size_t next_ = 0;

@@ -20,7 +20,10 @@ enum class TourDo : std::uint8_t {
   kWait,      ///< waits until the page is read and nothing is under way
   kExpect,    ///< waits until the form shows `text` in `control`; a number has a point in every locale
   kSmallest,  ///< makes the window as small as it can be, or with `text` "no" as large as it was
+  kLarge,     ///< makes the window large enough for a dock, or with `text` "no" as large as it was
   kDock,      ///< shows the dock `text`, or closes it
+  kFollow,    ///< picks "Add to trend" of the field `control`
+  kLater,     ///< lets `number` seconds pass
   kPicture,   ///< leaves a picture of the window under the name `text`
 };
 
