@@ -100,7 +100,7 @@ void ExpectAllInWords(int type, const std::string& firmware) {
 }
 
 TEST(WireWords, SayEveryTagOfEveryReadForEveryTypeAndFirmware) {
-  for (const int type : {0, 1, 2, 3}) ExpectAllInWords(type, "1.09");
+  for (const int type : {sim::kPressure, sim::kFlow, sim::kLevel, sim::kDensity}) ExpectAllInWords(type, "1.09");
   for (const char* firmware : {"1.03", "1.04", "1.05", "1.07", "1.08", "2.00"}) ExpectAllInWords(0, firmware);
 }
 
@@ -218,7 +218,7 @@ std::string DigitsFor(const sim::Device& device, const std::string& source) {
 
 TEST(WireWords, NameEveryAttributeOfEveryWriteAsTheDeviceDoes) {
   std::set<int> told;
-  for (const int type : {0, 3}) {
+  for (const int type : {sim::kPressure, sim::kDensity}) {
     for (const sim::WriteRow& row : sim::WriteRows()) {
       SCOPED_TRACE("write " + std::to_string(row.code));
       sim::Device device = MakeDevice(type);

@@ -4,7 +4,6 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QSettings>
-#include <QTabBar>
 #include <algorithm>
 
 #include "desktop/docks/communication/communication_dock.h"
@@ -40,19 +39,8 @@ void Docks::Add(QDockWidget& dock, Qt::DockWidgetArea area, int side) {
   dock.setAccessibleName(dock.windowTitle());
   dock.hide();
   window_.addDockWidget(area, &dock);
-  for (QDockWidget* other : docks_) {
-    if (window_.dockWidgetArea(other) == area) window_.tabifyDockWidget(other, &dock);
-  }
   docks_.push_back(&dock);
-  NameTabs();
   sides_.push_back(side);
-}
-
-// The window makes strips of its own for docks in one place.
-void Docks::NameTabs() {
-  for (QTabBar* strip : window_.findChildren<QTabBar*>(QString(), Qt::FindDirectChildrenOnly)) {
-    strip->setAccessibleName(tr("Docks"));
-  }
 }
 
 void Docks::AddTo(QMenu& menu) {
@@ -79,10 +67,17 @@ int Docks::SideOf(const QDockWidget& dock) const {
 
 void Docks::Toggle(QDockWidget& dock, bool shown) {
   dock.setVisible(shown);
-  NameTabs();
   if (!shown) return;
   if (!placed_.contains(&dock)) {
     placed_ << &dock;
+    // Behind each other in one place, but not before it has to be: the window's strip for that stands there empty.
+    for (QDockWidget* other : docks_) {
+      const bool beside = other != &dock && other->isVisible() && !other->isFloating() && !dock.isFloating();
+      if (beside && window_.dockWidgetArea(other) == window_.dockWidgetArea(&dock)) {
+        window_.tabifyDockWidget(other, &dock);
+        break;
+      }
+    }
     if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, SideOf(dock))}, OrientationOf(dock));
   }
   dock.raise();
@@ -99,7 +94,6 @@ void Docks::Turn() {
 
 void Docks::Restore(const QSettings& settings) {
   window_.restoreState(settings.value(QLatin1String(kStateKey)).toByteArray(), kStateVersion);
-  NameTabs();
 }
 
 void Docks::Keep(QSettings& settings) const {

@@ -39,7 +39,6 @@ class Docks final : public QObject {
 
  private:
   void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
-  void NameTabs();
   void Toggle(QDockWidget& dock, bool shown);
   int SideOf(const QDockWidget& dock) const;
   Qt::Orientation OrientationOf(QDockWidget& dock) const;
