@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "observe/simulator_panel.h"
 #include "pages/pages.h"
 #include "presentation/page_in_words.h"
 
@@ -86,8 +87,12 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   std::string simulated;
   if (options_.simulator) simulated = options_.preset.empty() ? "SIMULATED" : "SIMULATED: " + options_.preset;
   presentation_.emplace(
-      *control_, presentation::Surroundings{
-                     .now = [this] { return now_; }, .timeOfDay = TimeSinceStart, .simulated = std::move(simulated)});
+      *control_,
+      presentation::Surroundings{
+          .now = [this] { return now_; },
+          .timeOfDay = TimeSinceStart,
+          .simulated = std::move(simulated),
+          .active = [this] { return dtm_->Simulator() ? observe::ActiveWords(*dtm_->Simulator()) : std::string(); }});
   trend_.emplace(*control_, *observer_,
                  observe::Trend::Surroundings{.timeOfDay = TimeSinceStart, .timeStamp = SecondsSinceStart});
 }

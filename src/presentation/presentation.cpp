@@ -332,7 +332,10 @@ std::string Presentation::WhyEmpty() const {
 }
 
 void Presentation::AddStrip(Screen& screen) {
-  if (!surroundings_.simulated.empty()) screen.badges.push_back(surroundings_.simulated);
+  if (!surroundings_.simulated.empty()) {
+    shownActive_ = surroundings_.active ? surroundings_.active() : std::string();
+    screen.badges.push_back(surroundings_.simulated + (shownActive_.empty() ? "" : ", ") + shownActive_);
+  }
   if (control_.ConnectionState == kDisconnected) screen.badges.emplace_back("DISCONNECTED");
   for (const IdentityItem item : kIdentity) {
     const std::string text = states_.IdentityText(item);
@@ -444,6 +447,7 @@ const Screen& Presentation::Show() {
 bool Presentation::IsOld() const {
   return touched_ || control_.form.HasChanges() || shownRevision_ != states_.Revision() ||
          shownState_ != control_.ConnectionState || screen_.bar != Bar() ||
+         (surroundings_.active && shownActive_ != surroundings_.active()) ||
          (shownUntil_ && surroundings_.now() >= *shownUntil_);
 }
 

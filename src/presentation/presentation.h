@@ -24,6 +24,8 @@ struct Surroundings {
   FieldStates::Clock now;         ///< milliseconds, of a clock that does not run backwards
   DataLine::TimeOfDay timeOfDay;  ///< "hh:mm:ss" of such a time
   std::string simulated{};        ///< "SIMULATED" or "SIMULATED: tank"; empty for an instrument
+  /// What is put on, or wrong with, what is simulated: stands behind the name, "2 faults"; may be none.
+  std::function<std::string()> active{};
   /// What is shown has changed though the form may not have: a turn is due. May be none.
   std::function<void()> changed{};
 };
@@ -168,6 +170,7 @@ class Presentation {
   Screen screen_;
   bool touched_ = true;
   std::string shownState_;
+  std::string shownActive_;
   std::uint32_t shownRevision_ = 0;
   std::optional<std::int64_t> shownUntil_;
   Figure figure_;

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/docks/communication/communication_dock.h"
+#include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/docks/trend/trend_dock.h"
 #include "desktop/edge.h"
 #include "desktop/qt_text.h"
@@ -24,10 +25,12 @@ Docks::Docks(DockContext context, QMainWindow& window)
     : QObject(&window),
       window_(window),
       communication_(new CommunicationDock(context, &window)),
-      trend_(new TrendDock(context, &window)) {
+      trend_(new TrendDock(context, &window)),
+      simulator_(new SimulatorDock(context, &window)) {
   window.setDockNestingEnabled(true);
   Add(*communication_, Qt::BottomDockWidgetArea, 330);
   Add(*trend_, Qt::BottomDockWidgetArea, 400);
+  Add(*simulator_, Qt::RightDockWidgetArea, 420);
 }
 
 // They look at what goes before the window does.
@@ -90,6 +93,7 @@ void Docks::Toggle(QDockWidget& dock, bool shown) {
 void Docks::Turn() {
   Guarded([this] { communication_->Turn(); });
   Guarded([this] { trend_->Turn(); });
+  Guarded([this] { simulator_->Turn(); });
 }
 
 void Docks::Restore(const QSettings& settings) {

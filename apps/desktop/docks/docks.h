@@ -14,6 +14,7 @@ class QSettings;
 namespace htr60::desktop {
 
 class CommunicationDock;
+class SimulatorDock;
 class TrendDock;
 
 /// What stands around the pages for the person before the screen. None of it changes what the control does.
@@ -36,6 +37,7 @@ class Docks final : public QObject {
 
   CommunicationDock& Communication() { return *communication_; }
   TrendDock& Trend() { return *trend_; }
+  SimulatorDock& Simulator() { return *simulator_; }
 
  private:
   void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
@@ -46,6 +48,7 @@ class Docks final : public QObject {
   QMainWindow& window_;
   CommunicationDock* communication_;
   TrendDock* trend_;
+  SimulatorDock* simulator_;
   std::vector<QDockWidget*> docks_;
   std::vector<QAction*> actions_;
   std::vector<int> sides_;      // of 1/96 inch: how far a dock reaches into the window at first

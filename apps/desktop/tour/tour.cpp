@@ -4,13 +4,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QBuffer>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QSaveFile>
 #include <QTabBar>
 
 #include "desktop/docks/docks.h"
+#include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/edge.h"
 #include "desktop/page/choice_field.h"
 #include "desktop/page/page_area.h"
@@ -39,8 +42,8 @@ constexpr Word kWords[] = {
     {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
     {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
     {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
-    {TourDo::kDock, "dock"},     {TourDo::kLarge, "large"},       {TourDo::kFollow, "follow"},
-    {TourDo::kLater, "later"},
+    {TourDo::kDock, "dock"},     {TourDo::kLarge, "large"},       {TourDo::kFault, "fault"},
+    {TourDo::kFollow, "follow"}, {TourDo::kLater, "later"},
 };
 
 void ClickAt(QWidget& widget, const QPoint& at) {
@@ -168,6 +171,8 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       return Outcome::kDone;
     case TourDo::kDock:
       return PressDock(step);
+    case TourDo::kFault:
+      return BeginFault(step);
     case TourDo::kFollow:
       return Follow(step);
     case TourDo::kLater:
@@ -241,6 +246,24 @@ Tour::Outcome Tour::PressDock(const TourStep& step) {
     return Outcome::kDone;
   }
   return Outcome::kCannot;
+}
+
+Tour::Outcome Tour::BeginFault(const TourStep& step) {
+  SimulatorDock& dock = window_.Around().Simulator();
+  if (step.text == "none") {
+    for (QPushButton* button : dock.findChildren<QPushButton*>()) {
+      if (button->text() != QLatin1String("End all") || !button->isEnabled()) continue;
+      button->click();
+      return Outcome::kDone;
+    }
+    return Outcome::kCannot;
+  }
+  auto* kind = dock.findChild<QComboBox*>(QStringLiteral("faultKind"));
+  const int row = kind->findText(ToQt(step.text));
+  if (row < 0) return Outcome::kCannot;
+  kind->setCurrentIndex(row);
+  dock.findChild<QPushButton*>(QStringLiteral("beginFault"))->click();
+  return Outcome::kDone;
 }
 
 Tour::Outcome Tour::Follow(const TourStep& step) {

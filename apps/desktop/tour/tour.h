@@ -46,6 +46,7 @@ class Tour final : public QObject {
   Outcome Choose(const TourStep& step);
   Outcome PressBox(const TourStep& step);
   Outcome PressDock(const TourStep& step);
+  Outcome BeginFault(const TourStep& step);
   Outcome Follow(const TourStep& step);
   Outcome PassTime(const TourStep& step);
   Outcome TakePicture(const TourStep& step);

@@ -52,6 +52,17 @@ inline constexpr TourStep kDockSteps[] = {
     {TourDo::kWrite},
     {TourDo::kWait},
     {TourDo::kDock, {}, "Trend"},
+
+    // A fault, on the page, in the health and on the badge.
+    {TourDo::kDock, {}, "Simulator"},
+    {TourDo::kFault, {}, "boardFailure"},
+    {TourDo::kNode, {}, "Diagnosis"},
+    {TourDo::kWait},
+    {TourDo::kTab, id::SSTabDiagnosis, {}, 2},
+    {TourDo::kWait},
+    {TourDo::kPicture, {}, "simulator"},
+    {TourDo::kFault, {}, "none"},
+    {TourDo::kDock, {}, "Simulator"},
     {TourDo::kLarge, {}, "no"},
 };
 

@@ -22,6 +22,7 @@ enum class TourDo : std::uint8_t {
   kSmallest,  ///< makes the window as small as it can be, or with `text` "no" as large as it was
   kLarge,     ///< makes the window large enough for a dock, or with `text` "no" as large as it was
   kDock,      ///< shows the dock `text`, or closes it
+  kFault,     ///< begins the fault `text` in the simulator dock; "none": ends all
   kFollow,    ///< picks "Add to trend" of the field `control`
   kLater,     ///< lets `number` seconds pass
   kPicture,   ///< leaves a picture of the window under the name `text`

@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "desktop/docks/docks.h"
+#include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/page/page_area.h"
@@ -23,6 +24,7 @@
 #include "desktop/window/page_header.h"
 #include "desktop/window/status_panels.h"
 #include "desktop/window/tree_panel.h"
+#include "observe/simulator_panel.h"
 
 namespace htr60::desktop {
 namespace {
@@ -54,6 +56,7 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
       presented_(control_, {.now = [&host] { return host.Time().Now(); },
                             .timeOfDay = TimeOfDay(host),
                             .simulated = host.Simulated(),
+                            .active = [&host] { return observe::ActiveWords(host.Transmitter()); },
                             .changed = [&host] { host.WantTurn(); }}),
       keys_(presented_, *this),
       places_(places) {
@@ -165,6 +168,8 @@ void MainWindow::MakeMenus() {
   offline_ = simulator->addAction(tr("Offline"));
   offline_->setCheckable(true);
   Connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
+  docks_->Simulator().UseLink(*offline_);
+  Connect(&docks_->Simulator(), &SimulatorDock::TransmitterWanted, this, &MainWindow::TransmitterWanted);
   QMenu* presets = simulator->addMenu(tr("Start Anew With"));
   for (const std::string_view name : sim::PresetNames()) {
     const QString preset = ToQt(name);
