@@ -7,6 +7,7 @@
 #include "automate/commands.h"
 #include "automate/control_lookup.h"
 #include "form/control_names.h"
+#include "observe/record.h"
 #include "observe/save_file.h"
 #include "observe/traffic_text.h"
 #include "observe/trend.h"
@@ -186,8 +187,123 @@ Action Trend(VirtualHost& host, Fields& fields) {
   return [&host, command = std::move(command)]() -> Json { return CarryOutTrend(host, command); };
 }
 
+// ---- record
+
+Json ValueJson(const std::optional<observe::RecordValue>& value, std::optional<double> error) {
+  if (!value) return nullptr;
+  Json json = {{"value", Number(value->value)}, {"unit", value->unit}, {"status", value->status}};
+  json["error"] = error ? Number(*error) : Json();
+  return json;
+}
+
+Json StepJson(const observe::RecordStep& step) {
+  Json json = {{"atMs", step.at},
+               {"step", step.what},
+               {"page", step.page},
+               {"unit", step.unit},
+               {"verdict", step.verdict},
+               {"remark", step.remark},
+               {"awaited", step.open},
+               {"applied", nullptr},
+               {"span", nullptr},
+               {"found", ValueJson(step.found, step.FoundError())},
+               {"left", ValueJson(step.left, step.LeftError())}};
+  if (step.applied) json["applied"] = Number(*step.applied);
+  if (step.span) json["span"] = {Number(step.span->lower), Number(step.span->upper)};
+  return json;
+}
+
+observe::RecordHead HeadOf(VirtualHost& host) {
+  const presentation::Screen& screen = host.Presented().Show();
+  const auto part = [&](IdentityItem item) { return host.Presented().States().IdentityText(item); };
+  observe::RecordHead head;
+  head.tag = part(IdentityItem::kTag);
+  head.manufacturer = part(IdentityItem::kManufacturer);
+  head.serialNumber = part(IdentityItem::kSerialNumber);
+  head.firmware = screen.identity.at(3);  // without the blanks around it
+  head.measurement = part(IdentityItem::kMeasurement);
+  if (host.Dtm()->Simulator() != nullptr && !screen.badges.empty()) head.simulated = screen.badges.front();
+  head.date = host.TimeOf(host.Now());
+  return head;
+}
+
+std::string RecordFile(const std::string& file, VirtualHost& host) {
+  const std::filesystem::path path(std::u8string(file.begin(), file.end()));
+  if (path.extension() == ".html") return host.Calibrated().Html(HeadOf(host));
+  if (path.extension() == ".csv") return host.Calibrated().Csv(HeadOf(host));
+  throw CommandError("a record is saved as \".html\" or \".csv\"; the desktop application saves it as \".pdf\", too");
+}
+
+struct RecordCommand {
+  bool clear = false;
+  std::optional<std::string> name;
+  bool setsTolerance = false;
+  std::optional<double> tolerance;
+  std::vector<std::pair<std::size_t, std::string>> remarks;
+  std::optional<std::string> file;
+};
+
+void PutRecord(observe::Record& record, const RecordCommand& command) {
+  if (command.name) record.SetOperator(*command.name);
+  if (command.setsTolerance) record.SetTolerance(command.tolerance);
+  for (const auto& [step, text] : command.remarks) record.SetRemark(step, text);
+}
+
+// What is saved holds what the command adds; where it cannot be saved, that is taken back.
+void SaveRecord(VirtualHost& host, const RecordCommand& command, const RecordCommand& before) {
+  try {
+    Save(*command.file, RecordFile(*command.file, host));
+  } catch (const CommandError&) {
+    PutRecord(host.Calibrated(), before);
+    throw;
+  }
+}
+
+Json CarryOutRecord(VirtualHost& host, const RecordCommand& command) {
+  observe::Record& record = host.Calibrated();
+  RecordCommand before;
+  before.name = record.Operator();
+  before.setsTolerance = true;
+  before.tolerance = record.Tolerance();
+  for (const auto& [step, text] : command.remarks) {
+    if (step >= record.Steps().size()) throw CommandError("there is no step " + std::to_string(step));
+    before.remarks.emplace_back(step, record.Steps()[step].remark);
+  }
+  PutRecord(record, command);
+  if (command.file) SaveRecord(host, command, before);
+  if (command.clear) record.Clear();
+  Json answer = {{"steps", Json::array()}, {"worst", record.Worst()}, {"operator", record.Operator()}};
+  answer["tolerance"] = record.Tolerance() ? Number(*record.Tolerance()) : Json();
+  for (const observe::RecordStep& step : record.Steps()) answer["steps"].push_back(StepJson(step));
+  return answer;
+}
+
+Action Record(VirtualHost& host, Fields& fields) {
+  RecordCommand command;
+  command.clear = fields.FlagOr("clear", false);
+  command.name = fields.TextIfAny("operator");
+  if (const Json* tolerance = fields.Find("tolerance")) {
+    command.setsTolerance = true;
+    if (!tolerance->is_null() && !(tolerance->is_number() && *tolerance > 0)) {
+      throw CommandError("\"tolerance\" is no number above 0, nor null");
+    }
+    if (!tolerance->is_null()) command.tolerance = tolerance->get<double>();
+  }
+  if (fields.Has("remarks")) {
+    for (const Json& remark : fields.Array("remarks")) {
+      Fields one(remark, "a remark");
+      const auto step = static_cast<std::size_t>(one.Whole("step", 0, std::numeric_limits<std::int32_t>::max()));
+      command.remarks.emplace_back(step, one.Text("text"));
+      one.End();
+    }
+  }
+  command.file = fields.TextIfAny("save");
+  return [&host, command = std::move(command)]() -> Json { return CarryOutRecord(host, command); };
+}
+
 constexpr CommandRow kRows[] = {
     {.name = "traffic", .prepare = Traffic},
+    {.name = "record", .prepare = Record},
     {.name = "trend", .prepare = Trend},
 };
 

@@ -93,6 +93,7 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
           .timeOfDay = TimeSinceStart,
           .simulated = std::move(simulated),
           .active = [this] { return dtm_->Simulator() ? observe::ActiveWords(*dtm_->Simulator()) : std::string(); }});
+  record_.emplace(*observer_, options_.decimalSeparator, TimeSinceStart);
   trend_.emplace(*control_, *observer_,
                  observe::Trend::Surroundings{.timeOfDay = TimeSinceStart, .timeStamp = SecondsSinceStart});
 }
@@ -100,6 +101,7 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
 // The control goes first: it still disarms its timers here.
 VirtualHost::~VirtualHost() {
   observer_->page = nullptr;
+  record_.reset();
   trend_.reset();
   presentation_.reset();
   control_.reset();

@@ -17,6 +17,7 @@
 #include "automate/recording_dtm.h"
 #include "form/widgets.h"
 #include "observe/observer.h"
+#include "observe/record.h"
 #include "observe/traffic_text.h"
 #include "observe/trend.h"
 #include "presentation/presentation.h"
@@ -66,6 +67,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   /// The traffic in words since it was asked for last.
   observe::TrafficReader& Traffic() { return *traffic_; }
   observe::Trend& Followed() { return *trend_; }
+  observe::Record& Calibrated() { return *record_; }
   /// An answer that comes from no transmitter.
   void Answer(std::int32_t code, const std::string& document);
   std::string TimeOf(std::int64_t milliseconds) const;
@@ -122,6 +124,7 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   std::shared_ptr<UserCntrl> control_;
   std::optional<presentation::Presentation> presentation_;
   std::optional<observe::Trend> trend_;
+  std::optional<observe::Record> record_;
 };
 
 }  // namespace htr60::automation

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "desktop/docks/communication/communication_dock.h"
+#include "desktop/docks/record/record_dock.h"
 #include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/docks/trend/trend_dock.h"
 #include "desktop/edge.h"
@@ -26,11 +27,13 @@ Docks::Docks(DockContext context, QMainWindow& window)
       window_(window),
       communication_(new CommunicationDock(context, &window)),
       trend_(new TrendDock(context, &window)),
-      simulator_(new SimulatorDock(context, &window)) {
+      simulator_(new SimulatorDock(context, &window)),
+      record_(new RecordDock(context, &window)) {
   window.setDockNestingEnabled(true);
   Add(*communication_, Qt::BottomDockWidgetArea, 330);
   Add(*trend_, Qt::BottomDockWidgetArea, 400);
   Add(*simulator_, Qt::RightDockWidgetArea, 420);
+  Add(*record_, Qt::BottomDockWidgetArea, 420);
 }
 
 // They look at what goes before the window does.
@@ -94,6 +97,7 @@ void Docks::Turn() {
   Guarded([this] { communication_->Turn(); });
   Guarded([this] { trend_->Turn(); });
   Guarded([this] { simulator_->Turn(); });
+  Guarded([this] { record_->Turn(); });
 }
 
 void Docks::Restore(const QSettings& settings) {

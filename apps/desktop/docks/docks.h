@@ -14,6 +14,7 @@ class QSettings;
 namespace htr60::desktop {
 
 class CommunicationDock;
+class RecordDock;
 class SimulatorDock;
 class TrendDock;
 
@@ -38,6 +39,7 @@ class Docks final : public QObject {
   CommunicationDock& Communication() { return *communication_; }
   TrendDock& Trend() { return *trend_; }
   SimulatorDock& Simulator() { return *simulator_; }
+  RecordDock& Calibrated() { return *record_; }
 
  private:
   void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
@@ -49,6 +51,7 @@ class Docks final : public QObject {
   CommunicationDock* communication_;
   TrendDock* trend_;
   SimulatorDock* simulator_;
+  RecordDock* record_;
   std::vector<QDockWidget*> docks_;
   std::vector<QAction*> actions_;
   std::vector<int> sides_;      // of 1/96 inch: how far a dock reaches into the window at first

@@ -128,11 +128,13 @@ FigurePoint FigureWidget::At(QPointF place) const {
 // ---- painting
 
 void FigureWidget::paintEvent(QPaintEvent* /*event*/) {
-  Guarded([this] { Paint(); });
+  Guarded([this] {
+    QPainter painter(this);
+    PaintOn(painter);
+  });
 }
 
-void FigureWidget::Paint() {
-  QPainter painter(this);
+void FigureWidget::PaintOn(QPainter& painter) {
   painter.setPen(palette().color(QPalette::WindowText));
   PaintWords(painter);
   PaintBar(painter);

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
@@ -13,6 +15,7 @@
 #include <QTabBar>
 
 #include "desktop/docks/docks.h"
+#include "desktop/docks/record/record_dock.h"
 #include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/edge.h"
 #include "desktop/page/choice_field.h"
@@ -38,12 +41,13 @@ struct Word {
   const char* word;
 };
 constexpr Word kWords[] = {
-    {TourDo::kNode, "node"},     {TourDo::kButton, "button"},     {TourDo::kTab, "tab"},
-    {TourDo::kType, "type"},     {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
-    {TourDo::kWrite, "write"},   {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
-    {TourDo::kExpect, "expect"}, {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
-    {TourDo::kDock, "dock"},     {TourDo::kLarge, "large"},       {TourDo::kFault, "fault"},
-    {TourDo::kFollow, "follow"}, {TourDo::kLater, "later"},
+    {TourDo::kNode, "node"},       {TourDo::kButton, "button"},     {TourDo::kTab, "tab"},
+    {TourDo::kType, "type"},       {TourDo::kCode, "code"},         {TourDo::kChoose, "choose"},
+    {TourDo::kWrite, "write"},     {TourDo::kBox, "box"},           {TourDo::kWait, "wait"},
+    {TourDo::kExpect, "expect"},   {TourDo::kSmallest, "smallest"}, {TourDo::kPicture, "picture"},
+    {TourDo::kDock, "dock"},       {TourDo::kLarge, "large"},       {TourDo::kFault, "fault"},
+    {TourDo::kProcess, "process"}, {TourDo::kRecord, "record"},     {TourDo::kOperator, "operator"},
+    {TourDo::kFollow, "follow"},   {TourDo::kLater, "later"},
 };
 
 void ClickAt(QWidget& widget, const QPoint& at) {
@@ -173,6 +177,20 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       return PressDock(step);
     case TourDo::kFault:
       return BeginFault(step);
+    case TourDo::kProcess: {
+      auto* number = window_.findChild<QDoubleSpinBox*>(ToQt(step.text));
+      if (number == nullptr) return Outcome::kCannot;
+      number->setValue(step.number);
+      return Outcome::kDone;
+    }
+    case TourDo::kOperator:
+      window_.Around().Calibrated().findChild<QLineEdit*>(QStringLiteral("operatorName"))->setText(ToQt(step.text));
+      return Outcome::kDone;
+    case TourDo::kRecord: {
+      const QString file = folder_.filePath(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+      window_.Around().Calibrated().SaveTo(file);
+      return QFile::exists(file) ? Outcome::kDone : Outcome::kCannot;
+    }
     case TourDo::kFollow:
       return Follow(step);
     case TourDo::kLater:

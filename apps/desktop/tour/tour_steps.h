@@ -23,6 +23,9 @@ enum class TourDo : std::uint8_t {
   kLarge,     ///< makes the window large enough for a dock, or with `text` "no" as large as it was
   kDock,      ///< shows the dock `text`, or closes it
   kFault,     ///< begins the fault `text` in the simulator dock; "none": ends all
+  kProcess,   ///< sets the number field `text` of a dock to `number`
+  kOperator,  ///< puts the operator's name `text` into the calibration record
+  kRecord,    ///< saves the calibration record under the name `text`
   kFollow,    ///< picks "Add to trend" of the field `control`
   kLater,     ///< lets `number` seconds pass
   kPicture,   ///< leaves a picture of the window under the name `text`
