@@ -133,7 +133,7 @@ void Observer::Sent(bool write, std::string_view code, std::string_view document
   } else if (write) {
     entry.state = EntryState::kTaken;
   } else {
-    request.operands = OperandsOf(document);
+    if (DependsOnOperands(request.code)) request.operands = OperandsOf(document);
     std::deque<Pending>& waiting = pending_[request.code];
     waiting.push_back({entry.number, entry.at, std::move(request)});
     constexpr std::size_t kMostPending = 1000;

@@ -158,14 +158,20 @@ void Record::BeginCurve(const Entry& request) {
   const auto points = static_cast<std::size_t>(std::strtoul(count->digits.c_str(), nullptr, 16));
   const auto live = known_.find("@raw");
   const std::string unit = live == known_.end() ? std::string() : live->second.value.unit;
-  const Kind span{0, "", "", "calHi", "calLo"};
-  for (std::size_t i = 0; i < points && i < measured->numbers.size() && i < applied->numbers.size(); ++i) {
-    RecordStep& step = AddStep(request, "Characterization, point " + std::to_string(i + 1));
+  const std::size_t known = std::min({points, measured->numbers.size(), applied->numbers.size()});
+  if (known == 0) return;
+  // Where the calibration points were not read, the curve has a span of its own.
+  std::optional<RecordSpan> span = SpanOf(Kind{0, "", "", "calHi", "calLo"}, unit);
+  const auto [low, high] =
+      std::minmax_element(applied->numbers.begin(), applied->numbers.begin() + static_cast<std::ptrdiff_t>(known));
+  if (!span) span = RecordSpan{*low, *high, unit};
+  const std::string after = operation == values.end() ? std::string() : ", " + operation->value;
+  for (std::size_t i = 0; i < known; ++i) {
+    RecordStep& step = AddStep(request, "Characterization, point " + std::to_string(i + 1) + after);
     step.unit = unit;
     step.applied = applied->numbers[i];
     step.found = RecordValue{measured->numbers[i], unit, {}};
-    step.span = SpanOf(span, unit);
-    if (operation != values.end() && step.verdict.empty()) step.verdict = operation->value;
+    step.span = span;
   }
 }
 

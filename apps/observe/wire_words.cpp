@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <set>
 
 #include "codecs/codecs.h"
 #include "codecs/mAllUnits.h"
@@ -137,6 +138,17 @@ std::string TextBytes(std::string_view digits) {
 }  // namespace
 
 bool IsBadStatus(std::string_view status) { return status.starts_with("Bad"); }
+
+bool DependsOnOperands(int code) {
+  static const auto kCodes = [] {
+    std::set<int> codes = {kMonitorRead};
+    for (const int read : sim::ReadCodes()) {
+      if (AsksForBlock(read)) codes.insert(read);
+    }
+    return codes;
+  }();
+  return kCodes.count(code) > 0;
+}
 
 sim::ReadOperands OperandsOf(std::string_view document) {
   sim::ReadOperands operands;

@@ -73,6 +73,8 @@ class WireWords {
 /// "Good", "Uncertain...": whether it says that the value can be trusted.
 bool IsBadStatus(std::string_view status);
 
+/// What the answer to that read means depends on what the request carries.
+bool DependsOnOperands(int code);
 /// The operands of a request document; all "None" where it has none.
 sim::ReadOperands OperandsOf(std::string_view document);
 

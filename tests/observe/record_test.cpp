@@ -168,6 +168,87 @@ TEST(RecordTest, KeepsTheOtherCalibrationsToo) {
   EXPECT_FALSE(steps[1]["verdict"].get<std::string>().empty());
 }
 
+TEST(RecordTest, KeepsACharacterizationPointByPoint) {
+  RecordDriver driver;
+  driver.Activate("Factory");
+  driver.Advance(200);
+  driver.Tab("SSTabFactory", 5);
+  driver.Type("txtPassword", "QK475");
+  driver.Click("cmdFactory");
+  driver.Click("cmdSensorChar");
+  driver.Advance(200);
+  driver.Ok({{"do", "boxes"}, {"answers", {"Yes", "Yes"}}});
+  driver.Choose("cmbCharOperation", "Disable and Allow to Enter Points");
+  driver.Click("cmdWriteParameter");
+  driver.Advance(500);
+  driver.Type("txtParameter(38)", "0");
+  driver.Click("cmdSend");
+  driver.Advance(500);
+  driver.Pressure(35'000);
+  driver.Type("txtParameter(38)", "25");
+  driver.Click("cmdSend");
+  driver.Advance(3'000);
+  const Json steps = driver.Record()["steps"];
+  ASSERT_EQ(steps.size(), 2U);
+  const double found[] = {(Sensed(10'000) - 10'000) / 1000, (Sensed(35'000) - 10'000) / 1000};
+  for (std::size_t i = 0; i < 2; ++i) {
+    const Json& step = steps.at(i);
+    EXPECT_EQ(step.at("step").get<std::string>().substr(0, 25), "Characterization, point " + std::to_string(i + 1));
+    EXPECT_EQ(step.at("verdict"), "") << "the device tells none";
+    EXPECT_NEAR(step.at("found").at("value").get<double>(), found[i], 1e-3);
+    EXPECT_NEAR(step.at("found").at("error").get<double>(), (found[i] - (i == 0 ? 0 : 25)) / 25 * 100, 1e-2);
+    EXPECT_EQ(step.at("left"), nullptr);
+  }
+  EXPECT_EQ(driver.Record().dump().find("QK475"), std::string::npos);
+}
+
+TEST(RecordTest, KeepsADensityCalibration) {
+  RecordDriver driver(Json{{"device", {{"primaryValueType", "Density"}, {"gainErrorHi", kGain}}},
+                           {"process", {{"vessel", {{"density", 850}, {"level", 1}}}}}});
+  driver.Activate("Calibration");
+  driver.Advance(200);
+  driver.Tab("SSTabDensityCalib", 1);
+  driver.Advance(7'000);
+  driver.Type("txtParameter(248)", "0.85");
+  driver.Click("cmdWriteParameter");
+  driver.Advance(10'000);
+  const Json steps = driver.Record()["steps"];
+  ASSERT_EQ(steps.size(), 1U);
+  const Json& step = steps.at(0);
+  EXPECT_EQ(step.at("step"), "Lower density point");
+  EXPECT_EQ(step.at("verdict"), "Good");
+  // The first diaphragm lies under one metre, the second under half a metre; the first reads 2 % more.
+  const double found = ((1 + kGain) * 1 - 0.5) / 0.5 * 0.85;
+  EXPECT_NEAR(step.at("found").at("value").get<double>(), found, 1e-3);
+  EXPECT_NEAR(step.at("found").at("error").get<double>(), (found - 0.85) / (1.8 - 0.5) * 100, 0.1);
+  EXPECT_NEAR(step.at("left").at("value").get<double>(), 0.85, 1e-3);
+}
+
+TEST(RecordTest, WithoutAReferenceNoErrorIsFound) {
+  Driver driver(Driver::Simulated());
+  driver.Init();
+  driver.Advance(3000);
+  driver.Activate("Factory");
+  driver.Advance(200);
+  driver.Tab("SSTabFactory", 5);
+  driver.Type("txtPassword", "QK475");
+  driver.Click("cmdFactory");
+  driver.Click("cmdSensorFactory");
+  driver.Advance(500);
+  driver.Ok({{"do", "click"}, {"control", "cmdCalWithoutRef"}, {"force", true}});
+  driver.Advance(500);
+  driver.Type("txtParameter(196)", "37");
+  driver.Click("cmdWriteCalPoint");
+  driver.Advance(5'000);
+  const Json steps = driver.Ok({{"do", "record"}})["steps"];
+  ASSERT_EQ(steps.size(), 2U);
+  EXPECT_EQ(steps[0]["step"], "Upper point without reference");
+  EXPECT_NEAR(steps[0]["found"]["value"].get<double>(), 37.4, 1e-5);
+  EXPECT_NEAR(steps[0]["left"]["value"].get<double>(), 37, 1e-5);
+  EXPECT_EQ(steps[0]["found"]["error"], nullptr);
+  EXPECT_EQ(steps[1]["step"], "Lower point without reference");
+}
+
 TEST(RecordTest, RemarksOperatorAndTolerance) {
   RecordDriver driver;
   driver.OpenTrim();
