@@ -3,8 +3,8 @@
 
 build_packages="g++ cmake ninja-build ccache libexpat1-dev nlohmann-json3-dev"
 desktop_packages="qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev fonts-dejavu-core"
-test_packages="libgtest-dev libbenchmark-dev"
 windows_packages="g++-mingw-w64-x86-64-win32 mingw-w64-tools wine64 libwine xvfb"
+test_packages="libgtest-dev libbenchmark-dev poppler-utils"
 
 # Lets ccache keep objects that use a precompiled header, too, and share them between clones of this repository.
 export CCACHE_SLOPPINESS=pch_defines,time_macros

@@ -6,8 +6,8 @@ namespace htr60::automation {
 namespace {
 
 const CommandRow* FindCommand(std::string_view name) {
-  for (const auto rows :
-       {OperatorCommands(), ScreenCommands(), KeyCommands(), ViewCommands(), DtmCommands(), InnerCommands()}) {
+  for (const auto rows : {OperatorCommands(), ScreenCommands(), KeyCommands(), ViewCommands(), DtmCommands(),
+                          ObserveCommands(), InnerCommands()}) {
     for (const CommandRow& row : rows) {
       if (row.name == name) return &row;
     }

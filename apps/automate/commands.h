@@ -22,6 +22,7 @@ std::span<const CommandRow> ScreenCommands();
 std::span<const CommandRow> KeyCommands();
 std::span<const CommandRow> ViewCommands();
 std::span<const CommandRow> DtmCommands();
+std::span<const CommandRow> ObserveCommands();
 std::span<const CommandRow> InnerCommands();
 
 /// The action of a command for `host`; throws `CommandError`. `inBox`: only what may run while a box is open.

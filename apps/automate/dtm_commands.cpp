@@ -35,8 +35,7 @@ Action Answer(VirtualHost& host, Fields& fields) {
   }
   std::string document = fields.Has("tags") ? DocumentOf(fields.Array("tags")) : fields.Text("document");
   return [&host, code, document = std::move(document)]() -> Json {
-    host.Dtm()->RecordAnswer(code, document);
-    host.Control().UpdateUI(code, document);
+    host.Answer(code, document);
     return {};
   };
 }

@@ -19,7 +19,7 @@ Action Init(VirtualHost& host, Fields& fields) {
   const Json* dtm = fields.Find("dtm");
   if (dtm != nullptr && !dtm->is_null()) throw CommandError("\"dtm\" can only be null");
   return [&host, invokeId = std::move(invokeId), missing = dtm != nullptr]() -> Json {
-    return {{"result", host.Control().Init(invokeId, "", missing ? nullptr : host.Dtm())}};
+    return {{"result", host.Control().Init(invokeId, "", missing ? nullptr : host.WatchedDtm())}};
   };
 }
 

@@ -6,7 +6,9 @@
 #include <system_error>
 #include <utility>
 
+#include "observe/simulator_panel.h"
 #include "pages/pages.h"
+#include "presentation/page_in_words.h"
 
 namespace htr60::automation {
 namespace {
@@ -52,6 +54,13 @@ std::string TimeSinceStart(std::int64_t milliseconds) {
   return text;
 }
 
+/// Seconds with three decimals: for a file, which may hold more than a day.
+std::string SecondsSinceStart(std::int64_t milliseconds) {
+  std::string thousandths = std::to_string(milliseconds % 1000);
+  thousandths.insert(0, 3 - thousandths.size(), '0');
+  return std::to_string(milliseconds / 1000) + "." + thousandths;
+}
+
 BoxButton Chosen(const ModalBox& box, std::string_view answer) {
   const auto has = [&](BoxButton button) {
     return std::find(box.buttons.begin(), box.buttons.end(), button) != box.buttons.end();
@@ -69,20 +78,43 @@ VirtualHost::VirtualHost(Options options) : options_(std::move(options)) {
   std::shared_ptr<sim::Manager> simulator;
   if (options_.simulator) simulator = sim::Manager::Create(*options_.simulator, [this] { return now_; });
   dtm_ = std::make_shared<RecordingDtm>(std::move(simulator));
+  observer_ = std::make_shared<observe::Observer>([this] { return now_; });
+  watchedDtm_ = std::make_shared<observe::ObservingDtm>(dtm_, observer_);
+  traffic_.emplace(*observer_);
   const Ports ports{.boxes = *this, .timers = *this, .icons = *this, .decimalSeparator = options_.decimalSeparator};
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
+  observer_->page = [this] { return presentation::PageInWords(*control_); };
   std::string simulated;
   if (options_.simulator) simulated = options_.preset.empty() ? "SIMULATED" : "SIMULATED: " + options_.preset;
   presentation_.emplace(
-      *control_, presentation::Surroundings{
-                     .now = [this] { return now_; }, .timeOfDay = TimeSinceStart, .simulated = std::move(simulated)});
+      *control_,
+      presentation::Surroundings{
+          .now = [this] { return now_; },
+          .timeOfDay = TimeSinceStart,
+          .simulated = std::move(simulated),
+          .active = [this] { return dtm_->Simulator() ? observe::ActiveWords(*dtm_->Simulator()) : std::string(); }});
+  record_.emplace(*observer_, options_.decimalSeparator, TimeSinceStart);
+  trend_.emplace(*control_, *observer_,
+                 observe::Trend::Surroundings{.timeOfDay = TimeSinceStart, .timeStamp = SecondsSinceStart});
 }
 
 // The control goes first: it still disarms its timers here.
 VirtualHost::~VirtualHost() {
+  observer_->page = nullptr;
+  record_.reset();
+  trend_.reset();
   presentation_.reset();
   control_.reset();
 }
+
+void VirtualHost::Answer(std::int32_t code, const std::string& document) {
+  dtm_->RecordAnswer(code, document);
+  observer_->Answered(code, document);
+  control_->UpdateUI(code, document);
+  observer_->Handled(code);
+}
+
+std::string VirtualHost::TimeOf(std::int64_t milliseconds) const { return TimeSinceStart(milliseconds); }
 
 void VirtualHost::Advance(std::int64_t milliseconds) {
   const std::int64_t target = now_ + milliseconds;

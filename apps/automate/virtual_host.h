@@ -16,6 +16,10 @@
 #include "automate/kept.h"
 #include "automate/recording_dtm.h"
 #include "form/widgets.h"
+#include "observe/observer.h"
+#include "observe/record.h"
+#include "observe/traffic_text.h"
+#include "observe/trend.h"
 #include "presentation/presentation.h"
 #include "shell/ports.h"
 #include "shell/user_cntrl.h"
@@ -57,6 +61,16 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   /// What a view of the control would show.
   presentation::Presentation& Presented() { return *presentation_; }
   const std::shared_ptr<RecordingDtm>& Dtm() { return dtm_; }
+  /// The same as the control sees it: what passes is watched.
+  const std::shared_ptr<observe::ObservingDtm>& WatchedDtm() { return watchedDtm_; }
+  observe::Observer& Watched() { return *observer_; }
+  /// The traffic in words since it was asked for last.
+  observe::TrafficReader& Traffic() { return *traffic_; }
+  observe::Trend& Followed() { return *trend_; }
+  observe::Record& Calibrated() { return *record_; }
+  /// An answer that comes from no transmitter.
+  void Answer(std::int32_t code, const std::string& document);
+  std::string TimeOf(std::int64_t milliseconds) const;
   char DecimalSeparator() const { return options_.decimalSeparator; }
 
   /// Milliseconds since the creation of the control.
@@ -104,8 +118,13 @@ class VirtualHost final : private IMessageBoxes, private ITimers, private IIcons
   Kept<ShownBox> shown_;
   std::set<std::string, std::less<>> loadedIcons_;
   std::shared_ptr<RecordingDtm> dtm_;
+  std::shared_ptr<observe::Observer> observer_;
+  std::shared_ptr<observe::ObservingDtm> watchedDtm_;
+  std::optional<observe::TrafficReader> traffic_;
   std::shared_ptr<UserCntrl> control_;
   std::optional<presentation::Presentation> presentation_;
+  std::optional<observe::Trend> trend_;
+  std::optional<observe::Record> record_;
 };
 
 }  // namespace htr60::automation

@@ -81,6 +81,7 @@ class Device {
   /// Takes over changed settings of the device (hidden errors, lags, arming, firmware).
   void SetDeviceSettings(const DeviceSettings& device);
   void SetProcess(const ProcessSettings& process);
+  const Process& GetProcess() const { return process_; }
   void SetSeed(std::uint64_t seed);
   void SetFaults(const SensorFaults& faults);
   const SensorFaults& Faults() const { return faults_; }

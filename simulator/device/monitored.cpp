@@ -130,6 +130,10 @@ std::string Source(const Device& device, const MonitoredRow& row, const BlockRow
   return device.Digits(row.source);
 }
 
+const BlockRow* BlockOf(std::string_view name) {
+  return std::find_if(kBlocks.begin(), kBlocks.end(), [&](const BlockRow& row) { return row.name == name; });
+}
+
 /// The number that a monitor shows of a value; `element` counts the floats of a record from 1.
 double Shown(const AnswerTag& value, std::size_t element) {
   const FloatPlaces places = FloatsOf(value.form);
@@ -153,9 +157,16 @@ std::string Bargraph(double percent) {
 
 }  // namespace
 
+std::optional<ReadRow> MonitoredRowOf(std::string_view block, std::string_view name) {
+  const auto* const at = BlockOf(block);
+  const auto* const row =
+      std::find_if(kMonitored.begin(), kMonitored.end(), [&](const MonitoredRow& r) { return r.name == name; });
+  if (at == kBlocks.end() || row == kMonitored.end()) return std::nullopt;
+  return ReadRow{row->name, row->form, row->source};
+}
+
 AnswerTag MonitoredParameter(const Device& device, std::string_view block, std::string_view name) {
-  const auto* const at =
-      std::find_if(kBlocks.begin(), kBlocks.end(), [&](const BlockRow& row) { return row.name == block; });
+  const auto* const at = BlockOf(block);
   if (at == kBlocks.end()) return {"", kE2, "00"};
   for (const auto& row : kMonitored) {
     if (row.name != name) continue;

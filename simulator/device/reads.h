@@ -55,6 +55,9 @@ std::optional<Quantified> LiveQuantity(const Device& device, std::string_view na
 std::string DerivedDigits(const Device& device, std::string_view name, const ReadOperands& operands);
 /// Parameter of a block as the monitor shows it, by the names of both.
 AnswerTag MonitoredParameter(const Device& device, std::string_view block, std::string_view name);
+/// The row behind such a parameter, for whoever reads what travels: form and source, "=" and digits for a fixed value.
+/// One that the block does not have travels as zeros of that form; none for a pair that no block knows.
+std::optional<ReadRow> MonitoredRowOf(std::string_view block, std::string_view name);
 /// The line of the display at this moment.
 std::string DisplayLine(const Device& device);
 /// Block number of an operand; what is none of the three counts as block 1.

@@ -62,12 +62,19 @@ struct WriteItem {
 using Gate = Refusal (*)(const Device&);
 using Command = void (*)(Device&, int code, const Attributes&);
 
+/// One attribute of a command: what it stands for.
+struct WriteOperand {
+  std::size_t attribute = 1;
+  std::string_view name{};  ///< as in an item; "points" for pairs of points
+};
+
 struct WriteRow {
   int code = 0;
   std::span<const WriteItem> items{};
-  bool block = false;         ///< `Attribute1` is the block
-  Gate gate = nullptr;        ///< refuses the whole write
-  Command command = nullptr;  ///< instead of items
+  bool block = false;                        ///< `Attribute1` is the block
+  Gate gate = nullptr;                       ///< refuses the whole write
+  Command command = nullptr;                 ///< instead of items
+  std::span<const WriteOperand> operands{};  ///< of a command
 };
 
 const WriteRow* FindWrite(int code);

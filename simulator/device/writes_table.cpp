@@ -164,44 +164,83 @@ constexpr std::array kWrite75{Checked(2, "ai.outScale", CheckBlockScale)};
 constexpr std::array kWrite76{WriteItem{
     .attribute = 1, .names = {"aiConfig"}, .check = CheckAiConfig, .effect = ApplyAiConfig, .codes = kOneTwo}};
 
+// What the attributes of the commands are, for whoever reads what travels.
+constexpr std::array kOf1 = std::to_array<WriteOperand>({{1, "tag"}, {2, "writeLock"}});
+constexpr std::array kOf6 = std::to_array<WriteOperand>({{1, "tablePoints"},
+                                                         {2, "points"},
+                                                         {3, "points"},
+                                                         {4, "points"},
+                                                         {5, "points"},
+                                                         {6, "points"},
+                                                         {7, "points"},
+                                                         {8, "points"},
+                                                         {9, "points"},
+                                                         {10, "points"},
+                                                         {11, "points"},
+                                                         {12, "points"},
+                                                         {13, "tableEnable"}});
+constexpr std::array kOf11 = std::to_array<WriteOperand>({{2, "ai.out"}, {3, "ai.target"}});
+constexpr std::array kOf14 = std::to_array<WriteOperand>({{1, "calLo"}});
+constexpr std::array kOf15 = std::to_array<WriteOperand>({{1, "calHi"}});
+constexpr std::array kOf16 = std::to_array<WriteOperand>({{1, "calTemp"}});
+constexpr std::array kOf30 = std::to_array<WriteOperand>({{1, "charOperation"}});
+constexpr std::array kOf31 =
+    std::to_array<WriteOperand>({{1, "curveLength"}, {2, "curveX"}, {3, "curveY"}, {4, "charOperation"}});
+constexpr std::array kOf32 = std::to_array<WriteOperand>({{1, "backupRestore"}});
+constexpr std::array kOf34 = std::to_array<WriteOperand>({{1, "factoryReset"}});
+constexpr std::array kOf44 = std::to_array<WriteOperand>({{1, "calHi"}, {2, "calLo"}, {3, "unused"}, {4, "unused"}});
+constexpr std::array kOf52 = std::to_array<WriteOperand>({{1, "densLo"}, {2, "height"}});
+constexpr std::array kOf53 = std::to_array<WriteOperand>({{1, "densHi"}, {2, "height"}});
+constexpr std::array kOf54 = std::to_array<WriteOperand>({{1, "measuredType"}});
+constexpr std::array kOf63 =
+    std::to_array<WriteOperand>({{1, "calHi.hi"}, {2, "calLo.hi"}, {3, "unused"}, {4, "unused"}});
+constexpr std::array kOf64 =
+    std::to_array<WriteOperand>({{1, "calHi.lo"}, {2, "calLo.lo"}, {3, "unused"}, {4, "unused"}});
+constexpr std::array kOf65 = std::to_array<WriteOperand>({{1, "calHi.hi"}});
+constexpr std::array kOf66 = std::to_array<WriteOperand>({{1, "calLo.hi"}});
+constexpr std::array kOf67 = std::to_array<WriteOperand>({{1, "calHi.lo"}});
+constexpr std::array kOf68 = std::to_array<WriteOperand>({{1, "calLo.lo"}});
+constexpr std::array kOf73 = std::to_array<WriteOperand>({{2, "snsScale"}, {3, "configuration"}});
+constexpr std::array kOf74 = std::to_array<WriteOperand>({{2, "snsUnit"}, {3, "configuration"}});
+
 constexpr WriteRow OfBlock(int code, std::span<const WriteItem> items) {
   return {.code = code, .items = items, .block = true};
 }
-constexpr WriteRow Acting(int code, Command command, bool block = false) {
-  return {.code = code, .block = block, .command = command};
+constexpr WriteRow Acting(int code, Command command, std::span<const WriteOperand> operands, bool block = false) {
+  return {.code = code, .block = block, .command = command, .operands = operands};
 }
 constexpr WriteRow Gated(int code, std::span<const WriteItem> items, Gate gate) {
   return {.code = code, .items = items, .gate = gate};
 }
 
 constexpr std::array kWrites = std::to_array<WriteRow>({
-    Acting(1, WriteIdentification),
+    Acting(1, WriteIdentification, kOf1),
     {2, kWrite2},
     {3, kWrite3},
     Gated(4, kWrite4, GateDensityScale),
     {5, kWrite5},
-    Acting(6, WriteTablePoints),
+    Acting(6, WriteTablePoints, kOf6),
     OfBlock(7, kWrite7),
     OfBlock(8, kWrite8),
     OfBlock(9, kWrite9),
     OfBlock(10, kWrite10),
-    Acting(11, WriteBlockMode, true),
+    Acting(11, WriteBlockMode, kOf11, true),
     {12, kWrite12},
     {13, kWrite5},
-    Acting(14, WriteTrim),
-    Acting(15, WriteTrim),
-    Acting(16, WriteTemperatureTrim),
+    Acting(14, WriteTrim, kOf14),
+    Acting(15, WriteTrim, kOf15),
+    Acting(16, WriteTemperatureTrim, kOf16),
     {24, kWrite24},
     {25, kWrite24},
     {26, kWrite24},
     {27, kWrite24},
     {28, kWrite28},
     {29, kWrite29},
-    Acting(30, WriteCharOperation),
-    Acting(31, WriteCharPoints),
-    Acting(32, WriteBackupRestore),
+    Acting(30, WriteCharOperation, kOf30),
+    Acting(31, WriteCharPoints, kOf31),
+    Acting(32, WriteBackupRestore, kOf32),
     {33, kWrite33},
-    Acting(34, WriteFactoryReset),
+    Acting(34, WriteFactoryReset, kOf34),
     {35, kWrite35},
     {36, kWrite36},
     {37, kWrite37},
@@ -211,7 +250,7 @@ constexpr std::array kWrites = std::to_array<WriteRow>({
     {41, kWrite41},
     Gated(42, kWrite42, GateDensityScale),
     {43, kWrite43},
-    Acting(44, WriteWithoutReference),
+    Acting(44, WriteWithoutReference, kOf44),
     {45, kWrite45},
     {46, kWrite46},
     {47, kWrite47},
@@ -219,26 +258,26 @@ constexpr std::array kWrites = std::to_array<WriteRow>({
     {49, kWrite3},
     Gated(50, kWrite4, GateAlways),
     {51, kWrite51},
-    Acting(52, WriteDensityPoint),
-    Acting(53, WriteDensityPoint),
-    Acting(54, WriteMeasuredType),
+    Acting(52, WriteDensityPoint, kOf52),
+    Acting(53, WriteDensityPoint, kOf53),
+    Acting(54, WriteMeasuredType, kOf54),
     {57, kWrite57},
     {59, kWrite59},
     {60, kWrite60},
     {61, kWrite61},
     {62, kWrite35},
-    Acting(63, WriteWithoutReference),
-    Acting(64, WriteWithoutReference),
-    Acting(65, WriteTrim),
-    Acting(66, WriteTrim),
-    Acting(67, WriteTrim),
-    Acting(68, WriteTrim),
+    Acting(63, WriteWithoutReference, kOf63),
+    Acting(64, WriteWithoutReference, kOf64),
+    Acting(65, WriteTrim, kOf65),
+    Acting(66, WriteTrim, kOf66),
+    Acting(67, WriteTrim, kOf67),
+    Acting(68, WriteTrim, kOf68),
     {69, kWrite12},
     {70, kWrite70},
     {71, kWrite71},
     {72, kWrite72},
-    Acting(73, WriteChannelScale, true),
-    Acting(74, WriteChannelUnit, true),
+    Acting(73, WriteChannelScale, kOf73, true),
+    Acting(74, WriteChannelUnit, kOf74, true),
     OfBlock(75, kWrite75),
     {76, kWrite76},
 });

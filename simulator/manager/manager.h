@@ -6,6 +6,7 @@
 #include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -68,12 +69,24 @@ class Manager final : public IDtm,
   /// Values by the asked names (an array of texts): parameters as their digits, live quantities as `value`, `unit`,
   /// `status`, "lcd" and "link" as texts.
   nlohmann::json Get(const nlohmann::json& names);
+  /// What acts on the instrument at this moment, ramps included.
+  double ProcessValue(Quantity quantity);
+  /// A vessel gives the two pressures.
+  bool HasVessel() const { return device_.GetProcess().HasVessel(); }
+  /// Ramps run, or steps of the profile are to come.
+  bool RunsProfile() const { return device_.GetProcess().RunsProfile(); }
+  std::int64_t SinceCreation() const { return Elapsed(); }
+  /// Upper range limit of the fitted sensor 0 or 1.
+  double SensorLimitKilopascal(std::size_t sensor) const;
+  /// The faults that act, and those that wait for their time, in the order in which they began.
+  std::span<const Fault> Faults() const { return faults_; }
   /// The lines of the device log since the last such call.
   BoundedQueue<std::string>::Taken TakeLog() { return device_.TakeLog(); }
 
   bool Online() const { return online_; }
   /// Takes the link down and up again, whatever faults do to it.
   void SetOffline(bool offline);
+  bool IsSetOffline() const { return offline_; }
 
  private:
   using Action = std::function<void(std::int64_t)>;  ///< takes its time since creation

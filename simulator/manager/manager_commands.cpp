@@ -188,6 +188,15 @@ void Manager::SetOffline(bool offline) {
   UpdateLink(Elapsed());
 }
 
+double Manager::ProcessValue(Quantity quantity) {
+  device_.CatchUp(Elapsed());
+  return device_.GetProcess().Value(quantity);
+}
+
+double Manager::SensorLimitKilopascal(std::size_t sensor) const {
+  return RangeLimitKilopascal(0, settings_.device.sensorRange.at(sensor));
+}
+
 json Manager::Get(const json& names) {
   if (!names.is_array()) throw SettingsError("get: an array of names is expected");
   device_.CatchUp(Elapsed());

@@ -1,5 +1,6 @@
 #include <array>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "simulator/manager/json_members.h"
 
@@ -76,6 +77,25 @@ json PresetObject(std::string_view name) {
   if (name == "trim-course") return TrimCourse();
   if (name == "trouble") return Trouble();
   throw SettingsError("preset: " + NoSuchName(name, kNames));
+}
+
+std::string_view PresetSentence(std::string_view name) {
+  constexpr std::pair<std::string_view, std::string_view> kSentences[] = {
+      {"pressure", "Pressure with its defaults."},
+      {"flow", "Flow with its defaults."},
+      {"level", "Level with its defaults."},
+      {"density", "Density with its defaults."},
+      {"tank", "Level with compensation: a vessel of 850 kg/m³ that fills from 0.2 to 3 m in ten minutes."},
+      {"brewery",
+       "Density in degrees Plato: a wort whose density falls from 1050 to 1010 kg/m³ in an hour, with noise."},
+      {"trim-course",
+       "Pressure with a hidden error of sensor 1 that a calibration has to find, and two pressures in turn."},
+      {"trouble", "One fault a minute: sensor, electronics, link, late answers."},
+  };
+  for (const auto& [known, sentence] : kSentences) {
+    if (known == name) return sentence;
+  }
+  return {};
 }
 
 json MergeSettings(json base, const json& over) {

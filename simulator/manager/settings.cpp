@@ -20,12 +20,78 @@ constexpr std::array<NamedType, 4> kTypes{
 
 constexpr std::array<std::string_view, 2> kModels{"Gauge", "Absolute"};
 
-constexpr std::array<std::string_view, 25> kFaultNames{
-    "noAnswer",        "slowAnswer",         "lateBurst",     "offline",       "shortState",
-    "unaskedAnswer",   "readFails",          "writeFails",    "missingTag",    "missingValue",
-    "malformedXml",    "emptyDocument",      "noTags",        "wrongDigits",   "duplicateTag",
-    "hugeDocument",    "unknownCodes",       "floatNaN",      "floatInfinity", "floatDenormal",
-    "modificationBit", "sensorDisconnected", "sensorFailure", "boardFailure",  "stuckSensor"};
+constexpr std::array kFaultKinds = std::to_array<FaultKindRow>({
+    {.name = "noAnswer", .sentence = "Reads are taken and never answered.", .codes = true, .count = true},
+    {.name = "slowAnswer",
+     .sentence = "Answers come later, and the queue behind them waits.",
+     .codes = true,
+     .ms = true,
+     .count = true},
+    {.name = "lateBurst",
+     .sentence = "Answers are held and then delivered at one instant, in order.",
+     .codes = true,
+     .ms = true,
+     .count = true},
+    {.name = "offline", .sentence = "The link is down until the fault ends."},
+    {.name = "shortState",
+     .sentence = "The state document comes without its blank, and settles nothing.",
+     .count = true},
+    {.name = "unaskedAnswer",
+     .sentence = "One answer that nobody asked for is delivered, of the first of the codes.",
+     .codes = true},
+    {.name = "readFails",
+     .sentence = "The call of a read itself fails, and nothing is sent.",
+     .codes = true,
+     .count = true},
+    {.name = "writeFails",
+     .sentence = "The call of a write itself fails, and nothing is sent.",
+     .codes = true,
+     .count = true},
+    {.name = "missingTag", .sentence = "Tags are left out.", .codes = true, .tags = true, .count = true},
+    {.name = "missingValue", .sentence = "Tags come without their value.", .codes = true, .tags = true, .count = true},
+    {.name = "malformedXml",
+     .sentence = "The document is cut off in the middle of its last value.",
+     .codes = true,
+     .count = true},
+    {.name = "emptyDocument", .sentence = "The answer is the empty text.", .codes = true, .count = true},
+    {.name = "noTags", .sentence = "The answer is well-formed and holds no tag.", .codes = true, .count = true},
+    {.name = "wrongDigits",
+     .sentence = "Values come one digit short, with a \"G\" in the second place, or doubled, in turn.",
+     .codes = true,
+     .tags = true,
+     .count = true},
+    {.name = "duplicateTag",
+     .sentence = "Each tag comes twice: first with all digits 0, then with its true value.",
+     .codes = true,
+     .tags = true,
+     .count = true},
+    {.name = "hugeDocument",
+     .sentence = "10000 elements with foreign tags stand before the answer's own.",
+     .codes = true,
+     .count = true},
+    {.name = "unknownCodes",
+     .sentence = "Enumerations and units come as a code that has no text.",
+     .codes = true,
+     .tags = true,
+     .count = true},
+    {.name = "floatNaN", .sentence = "Every float comes as no number.", .codes = true, .tags = true, .count = true},
+    {.name = "floatInfinity", .sentence = "Every float comes as infinity.", .codes = true, .tags = true, .count = true},
+    {.name = "floatDenormal",
+     .sentence = "Every float comes as the smallest number.",
+     .codes = true,
+     .tags = true,
+     .count = true},
+    {.name = "modificationBit",
+     .sentence = "The alarm word reports a modified parameter.",
+     .codes = true,
+     .tags = true,
+     .count = true},
+    {.name = "sensorDisconnected", .sentence = "The sensor is disconnected and does not answer.", .sensor = true},
+    {.name = "sensorFailure", .sentence = "The sensor has failed and does not answer.", .sensor = true},
+    {.name = "boardFailure", .sentence = "The sensor electronics are dead."},
+    {.name = "stuckSensor", .sentence = "The reading stays as it was when the fault began.", .sensor = true},
+});
+static_assert(kFaultKinds.size() == static_cast<std::size_t>(FaultKind::kStuckSensor) + 1);
 
 struct QuantityRow {
   std::string_view name;
@@ -120,6 +186,8 @@ void ParseParameters(const json& value, const std::string& where, std::map<std::
 
 }  // namespace
 
+std::span<const FaultKindRow> FaultKinds() { return kFaultKinds; }
+
 void ParseDevice(const json& object, DeviceSettings& device) {
   JsonMembers members(object, "device");
   std::string type;
@@ -205,9 +273,14 @@ FaultSettings ParseFault(const json& object, std::string_view where) {
   JsonMembers members(object, std::string(where));
   std::string kind;
   if (!members.Text("kind", kind)) throw SettingsError(members.Where("kind") + ": missing");
-  const auto* const row = std::find(kFaultNames.begin(), kFaultNames.end(), kind);
-  if (row == kFaultNames.end()) throw SettingsError(members.Where("kind") + ": " + NoSuchName(kind, kFaultNames));
-  fault.kind = static_cast<FaultKind>(row - kFaultNames.begin());
+  const auto* const row = std::find_if(kFaultKinds.begin(), kFaultKinds.end(),
+                                       [&](const FaultKindRow& known) { return known.name == kind; });
+  if (row == kFaultKinds.end()) {
+    std::vector<std::string_view> names;
+    for (const FaultKindRow& known : kFaultKinds) names.push_back(known.name);
+    throw SettingsError(members.Where("kind") + ": " + NoSuchName(kind, names));
+  }
+  fault.kind = static_cast<FaultKind>(row - kFaultKinds.begin());
   if (const json* codes = members.Find("codes")) {
     if (!codes->is_array()) throw SettingsError(members.Where("codes") + ": an array is expected");
     for (const auto& code : *codes) {

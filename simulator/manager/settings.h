@@ -84,10 +84,25 @@ ProcessSettings ParseProcess(const nlohmann::json& object);
 FaultSettings ParseFault(const nlohmann::json& object, std::string_view where);
 std::vector<FaultSettings> ParseFaults(const nlohmann::json& array);
 
+/// A kind of fault as settings name it, what it does, and which options mean something to it.
+struct FaultKindRow {
+  std::string_view name;
+  std::string_view sentence;
+  bool codes = false;
+  bool tags = false;
+  bool sensor = false;
+  bool ms = false;
+  bool count = false;
+};
+/// In the order of `FaultKind`.
+std::span<const FaultKindRow> FaultKinds();
+
 /// Names of the ready-made settings in their order.
 std::span<const std::string_view> PresetNames();
 /// A ready-made settings object; throws `SettingsError` for an unknown name.
 nlohmann::json PresetObject(std::string_view name);
+/// What they show, a sentence; empty for an unknown name.
+std::string_view PresetSentence(std::string_view name);
 /// `base` with the members of `over` put in: objects are merged, everything else is replaced.
 nlohmann::json MergeSettings(nlohmann::json base, const nlohmann::json& over);
 

@@ -36,6 +36,9 @@ class Process {
   double Applied(std::size_t sensor, std::int64_t cycle) const;
   /// Accumulated drift in Pa.
   double Drift(std::size_t sensor) const { return drift_[sensor]; }
+  double Value(Quantity quantity) const { return Get(quantity); }
+  bool HasVessel() const { return vessel_; }
+  bool RunsProfile() const { return !ramps_.empty() || nextStep_ < profile_.size(); }
   double Temperature() const { return Get(Quantity::kTemperature); }
   double Ambient() const { return Get(Quantity::kAmbient); }
 

@@ -28,6 +28,13 @@ enum class LineStyle : std::uint8_t {
 struct FigureLine {
   std::vector<FigurePoint> points;
   LineStyle style = LineStyle::kCurve;
+  std::uint8_t series = 0;  ///< of several curves which, 0 to 3: told apart by colour and dashes
+};
+
+/// A stretch of the Y axis that is right, as wide as the drawing.
+struct FigureBand {
+  double from = 0;
+  double to = 0;
 };
 
 enum class MarkerShape : std::uint8_t {
@@ -106,6 +113,7 @@ struct Figure {
   FigureAxis x;
   FigureAxis y;
   std::vector<FigureLine> lines;
+  std::vector<FigureBand> bands;
   std::vector<FigureMarker> markers;
   std::vector<FigureText> texts;
   std::optional<FigureBar> bar;      ///< beside the axes

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,12 @@ struct FieldMenuItem {
   bool enabled = true;
 
   bool operator==(const FieldMenuItem&) const = default;
+};
+/// What the host adds to the menu of a field.
+struct FieldAddition {
+  std::string caption;
+  bool enabled = true;
+  std::function<void()> run{};
 };
 /// `replaced`: the operator's text that the program has replaced, where it can be put back.
 std::vector<FieldMenuItem> MenuOf(const ScreenRow& row, const std::optional<std::string>& replaced);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "presentation/numbers_shown.h"
+#include "presentation/page_in_words.h"
 #include "presentation/page_rows.h"
 
 namespace htr60::presentation {
@@ -86,15 +87,8 @@ const PageLayout* Presentation::InFront() {
   return found == layouts_.end() ? nullptr : *found;
 }
 
-// Where several pages share the frame, the title of the current one.
 std::string Presentation::TitleOf(const PageLayout* page) const {
-  if (page == nullptr) return {};
-  std::string_view any;
-  for (const LayoutTitle& title : page->titles) {
-    if (title.page == control_.CurrentPage) return std::string(title.title);
-    if (title.page.empty() || any.empty()) any = title.title;
-  }
-  return std::string(any);
+  return page == nullptr ? std::string() : std::string(TitleNow(control_, *page));
 }
 
 // An act that opens a message box may have left its page before it writes: what it writes is not left, so nothing is
@@ -338,7 +332,10 @@ std::string Presentation::WhyEmpty() const {
 }
 
 void Presentation::AddStrip(Screen& screen) {
-  if (!surroundings_.simulated.empty()) screen.badges.push_back(surroundings_.simulated);
+  if (!surroundings_.simulated.empty()) {
+    shownActive_ = surroundings_.active ? surroundings_.active() : std::string();
+    screen.badges.push_back(surroundings_.simulated + (shownActive_.empty() ? "" : ", ") + shownActive_);
+  }
   if (control_.ConnectionState == kDisconnected) screen.badges.emplace_back("DISCONNECTED");
   for (const IdentityItem item : kIdentity) {
     const std::string text = states_.IdentityText(item);
@@ -450,6 +447,7 @@ const Screen& Presentation::Show() {
 bool Presentation::IsOld() const {
   return touched_ || control_.form.HasChanges() || shownRevision_ != states_.Revision() ||
          shownState_ != control_.ConnectionState || screen_.bar != Bar() ||
+         (surroundings_.active && shownActive_ != surroundings_.active()) ||
          (shownUntil_ && surroundings_.now() >= *shownUntil_);
 }
 

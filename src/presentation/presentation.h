@@ -24,6 +24,8 @@ struct Surroundings {
   FieldStates::Clock now;         ///< milliseconds, of a clock that does not run backwards
   DataLine::TimeOfDay timeOfDay;  ///< "hh:mm:ss" of such a time
   std::string simulated{};        ///< "SIMULATED" or "SIMULATED: tank"; empty for an instrument
+  /// What is put on, or wrong with, what is simulated: stands behind the name, "2 faults"; may be none.
+  std::function<std::string()> active{};
   /// What is shown has changed though the form may not have: a turn is due. May be none.
   std::function<void()> changed{};
 };
@@ -75,6 +77,11 @@ class Presentation {
   const Figure& Drawing();
   /// What a field offers in its menu; empty where it is not to be seen.
   std::vector<FieldMenuItem> Menu(ControlId field) const;
+  /// What the host adds to it; `additions` may be none.
+  void AddToMenus(std::function<std::vector<FieldAddition>(ControlId)> additions) { additions_ = std::move(additions); }
+  std::vector<FieldAddition> Additions(ControlId field) const {
+    return additions_ ? additions_(field) : std::vector<FieldAddition>();
+  }
   /// When the health was read, and where; empty where nothing was.
   std::string HealthTip() const;
   TreeMarks Marks() const;
@@ -156,12 +163,14 @@ class Presentation {
   Paste paste_;
   bool asksToClose_ = false;
   EditedNodes editedNodes_;
+  std::function<std::vector<FieldAddition>(ControlId)> additions_;
   Announcer announcer_;
 
   // What is shown, and whether it still holds.
   Screen screen_;
   bool touched_ = true;
   std::string shownState_;
+  std::string shownActive_;
   std::uint32_t shownRevision_ = 0;
   std::optional<std::int64_t> shownUntil_;
   Figure figure_;

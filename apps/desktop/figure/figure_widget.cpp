@@ -118,14 +118,23 @@ QPointF FigureWidget::Place(FigurePoint point) const {
           plot_.bottom() - Share(figure_.y, point.y) * plot_.height()};
 }
 
+FigurePoint FigureWidget::At(QPointF place) const {
+  const auto share = [](double from, double length) { return length <= 0 ? 0 : from / length; };
+  const double x = share(place.x() - plot_.left(), plot_.width());
+  const double y = share(plot_.bottom() - place.y(), plot_.height());
+  return {figure_.x.from + x * (figure_.x.to - figure_.x.from), figure_.y.from + y * (figure_.y.to - figure_.y.from)};
+}
+
 // ---- painting
 
 void FigureWidget::paintEvent(QPaintEvent* /*event*/) {
-  Guarded([this] { Paint(); });
+  Guarded([this] {
+    QPainter painter(this);
+    PaintOn(painter);
+  });
 }
 
-void FigureWidget::Paint() {
-  QPainter painter(this);
+void FigureWidget::PaintOn(QPainter& painter) {
   painter.setPen(palette().color(QPalette::WindowText));
   PaintWords(painter);
   PaintBar(painter);
@@ -222,10 +231,16 @@ void FigureWidget::PaintLines(QPainter& painter) const {
   painter.save();
   painter.setClipRect(plot_.adjusted(-2, -2, 2, 2));
   const double hairline = Hairline();
+  for (const FigureBand& band : figure_.bands) {
+    QColor ground = AccentColor(palette());
+    ground.setAlphaF(0.15F);
+    painter.fillRect(QRectF(Place({figure_.x.from, band.to}), Place({figure_.x.to, band.from})), ground);
+  }
   for (const FigureLine& line : figure_.lines) {
     QPolygonF points;
     for (const FigurePoint& point : line.points) points << Place(point);
-    painter.setPen(PenOf(line.style, palette(), hairline));
+    painter.setPen(line.series == 0 ? PenOf(line.style, palette(), hairline)
+                                    : SeriesPen(palette(), line.series, 2 * hairline));
     painter.drawPolyline(points);
   }
   painter.restore();

@@ -21,6 +21,10 @@ class FigureWidget final : public QWidget {
   const Figure& Shown() const { return figure_; }
   /// Where a point of the figure stands in the widget.
   QPointF Place(FigurePoint point) const;
+  /// Paints it somewhere else, as large as the widget, in the widget's colours.
+  void PaintOn(QPainter& painter);
+  /// What stands at a place of the widget, in the units of the axes.
+  FigurePoint At(QPointF place) const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -34,7 +38,6 @@ class FigureWidget final : public QWidget {
 
  private:
   void Arrange();
-  void Paint();
   void PaintAxes(QPainter& painter) const;
   void PaintLines(QPainter& painter) const;
   void PaintMarkers(QPainter& painter) const;

@@ -95,6 +95,15 @@ QColor AlertColor(const QPalette& palette) {
   return OnPage(palette, IsDark(palette) ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x1B, 0x1B));
 }
 
+QPen SeriesPen(const QPalette& palette, std::size_t series, double width) {
+  const bool dark = IsDark(palette);
+  const QColor wanted[] = {palette.color(QPalette::Active, QPalette::Highlight), dark ? 0xFFB870 : 0xA84300,
+                           dark ? 0x8EDB8E : 0x1F6B2A, dark ? 0xD7A8FF : 0x7A2E9E};
+  constexpr Qt::PenStyle kStyles[] = {Qt::SolidLine, Qt::DashLine, Qt::DashDotLine, Qt::DotLine};
+  const std::size_t which = series % std::size(wanted);
+  return {OnPage(palette, wanted[which]), width, kStyles[which], Qt::FlatCap, Qt::RoundJoin};
+}
+
 QColor PaleColor(const QPalette& palette, QPalette::ColorRole ground) {
   return Against(palette.color(QPalette::Active, ground), palette.color(QPalette::Disabled, QPalette::Text),
                  kTextContrast);

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QPen>
 #include <QStringList>
 #include <optional>
 
@@ -21,6 +22,8 @@ QColor Against(const QColor& ground, const QColor& wanted, double least);
 QColor AccentColor(const QPalette& palette);
 QColor WarningColor(const QPalette& palette);
 QColor AlertColor(const QPalette& palette);
+/// Of several curves in one drawing that one: told from the others by its dashes, too.
+QPen SeriesPen(const QPalette& palette, std::size_t series, double width);
 /// Text that steps back, on the ground of a page or of a field.
 QColor PaleColor(const QPalette& palette, QPalette::ColorRole ground);
 /// Edge of a field or a button.

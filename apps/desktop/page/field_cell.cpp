@@ -219,6 +219,11 @@ std::unique_ptr<QMenu> FieldCell::MakeMenu() {
     action->setEnabled(item.enabled);
     Connect(action, &QAction::triggered, this, [this, act = item.act] { Run(act); });
   }
+  for (const presentation::FieldAddition& addition : context_.presented.Additions(control_)) {
+    QAction* action = menu->addAction(ToQt(addition.caption));
+    action->setEnabled(addition.enabled);
+    if (addition.run) Connect(action, &QAction::triggered, this, [run = addition.run] { run(); });
+  }
   return menu;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDockWidget>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QScrollArea>
@@ -67,6 +68,14 @@ bool KeyRouter::IsOurs(const QWidget& widget) const {
   return window == root_.window();
 }
 
+// Docks stand beside the pages: their keys are the toolkit's, but for the one that leads back.
+bool KeyRouter::IsInDock(const QWidget& widget) const {
+  for (const QWidget* at = &widget; at != nullptr && at != &root_; at = at->parentWidget()) {
+    if (qobject_cast<const QDockWidget*>(at) != nullptr) return true;
+  }
+  return false;
+}
+
 bool KeyRouter::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
   if (type != QEvent::KeyPress && type != QEvent::ShortcutOverride && type != QEvent::FocusIn) return false;
@@ -77,6 +86,7 @@ bool KeyRouter::eventFilter(QObject* watched, QEvent* event) {
       Came(*widget, static_cast<QFocusEvent*>(event)->reason());
       return false;
     }
+    if (IsInDock(*widget) && static_cast<QKeyEvent*>(event)->key() != Qt::Key_F6) return false;
     // The menu bar has the keys for a while and gives the focus back.
     if (SpotOf(widget) == Spot() && !(keys_.At() == Spot())) return false;
     const auto& key = *static_cast<QKeyEvent*>(event);
@@ -106,6 +116,7 @@ bool KeyRouter::Press(const QWidget& widget, const QKeyEvent& event) {
 // Where Tab leads is decided by the presentation; with that reason the focus only flees what is hidden or disabled.
 void KeyRouter::Came(const QWidget& widget, Qt::FocusReason reason) {
   if (drawing_ || widget.window() != root_.window()) return;
+  if (IsInDock(widget)) return keys_.Came(Spot());
   switch (reason) {
     case Qt::MouseFocusReason:
     case Qt::ShortcutFocusReason:

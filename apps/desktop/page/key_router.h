@@ -35,6 +35,7 @@ class KeyRouter final : public QObject {
 
  private:
   bool IsOurs(const QWidget& widget) const;
+  bool IsInDock(const QWidget& widget) const;
   bool Press(const QWidget& widget, const QKeyEvent& event);
   void Came(const QWidget& widget, Qt::FocusReason reason);
   void FollowList();

@@ -5,12 +5,19 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QSaveFile>
 #include <QTabBar>
 
+#include "desktop/docks/docks.h"
+#include "desktop/docks/record/record_dock.h"
+#include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/edge.h"
 #include "desktop/page/choice_field.h"
 #include "desktop/page/field_widgets.h"
@@ -29,6 +36,9 @@ namespace {
 constexpr int kLayoutPasses = 3;
 constexpr int kPatienceMs = 20'000;
 constexpr int kMostTries = 1000;  // of what needs no time, but turns of the event loop
+
+constexpr int kLargeWidth = 1280;  // of 1/96 inch
+constexpr int kLargeHeight = 1000;
 
 void ClickAt(QWidget& widget, const QPoint& at) {
   const QPointF place = at;
@@ -167,6 +177,30 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       if (step.text.empty()) size_ = window_.size();
       window_.resize(step.text.empty() ? window_.minimumSize() : size_);
       return Outcome::kDone;
+    case TourDo::kLarge:
+      if (step.text.empty()) size_ = window_.size();
+      window_.resize(step.text.empty() ? QSize(Pixels(window_, kLargeWidth), Pixels(window_, kLargeHeight)) : size_);
+      return Outcome::kDone;
+    case TourDo::kDock:
+      return PressDock(step);
+    case TourDo::kFault:
+      return BeginFault(step);
+    case TourDo::kProcess: {
+      auto* number = window_.findChild<QDoubleSpinBox*>(ToQt(step.text));
+      if (number == nullptr) return Outcome::kCannot;
+      number->setValue(step.number);
+      return Outcome::kDone;
+    }
+    case TourDo::kOperator:
+      window_.Around().Calibrated().findChild<QLineEdit*>(QStringLiteral("operatorName"))->setText(ToQt(step.text));
+      return Outcome::kDone;
+    case TourDo::kRecord: {
+      const QString file = folder_.filePath(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+      window_.Around().Calibrated().SaveTo(file);
+      return QFile::exists(file) ? Outcome::kDone : Outcome::kCannot;
+    }
+    case TourDo::kFollow:
+      return Follow(step);
     case TourDo::kPicture:
       return TakePicture(step);
   }
@@ -257,6 +291,16 @@ Tour::Outcome Tour::ChooseInMenu(const TourStep& step) {
   return Outcome::kCannot;
 }
 
+// The entry of the menu, as the operator picks it.
+Tour::Outcome Tour::PressDock(const TourStep& step) {
+  for (QAction* action : window_.Around().Actions()) {
+    if (action->text() != ToQt(step.text)) continue;
+    action->trigger();
+    return Outcome::kDone;
+  }
+  return Outcome::kCannot;
+}
+
 Tour::Outcome Tour::Paste(const TourStep& step) {
   auto* field = Shown<TextEntry>(window_, step.control);
   if (field == nullptr || !field->isEnabled()) return Outcome::kCannot;
@@ -281,6 +325,33 @@ QString Tour::NameOfPicture(const TourStep& step) const {
   return QStringLiteral("%1-%2.png")
       .arg(pictures_ + 1, 3, 10, QLatin1Char('0'))
       .arg(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
+}
+
+Tour::Outcome Tour::BeginFault(const TourStep& step) {
+  SimulatorDock& dock = window_.Around().Simulator();
+  if (step.text == "none") {
+    for (QPushButton* button : dock.findChildren<QPushButton*>()) {
+      if (button->text() != QLatin1String("End all") || !button->isEnabled()) continue;
+      button->click();
+      return Outcome::kDone;
+    }
+    return Outcome::kCannot;
+  }
+  auto* kind = dock.findChild<QComboBox*>(QStringLiteral("faultKind"));
+  const int row = kind->findText(ToQt(step.text));
+  if (row < 0) return Outcome::kCannot;
+  kind->setCurrentIndex(row);
+  dock.findChild<QPushButton*>(QStringLiteral("beginFault"))->click();
+  return Outcome::kDone;
+}
+
+Tour::Outcome Tour::Follow(const TourStep& step) {
+  for (const presentation::FieldAddition& addition : window_.Presented().Additions(step.control)) {
+    if (!addition.enabled || !addition.run) continue;
+    addition.run();
+    return Outcome::kDone;
+  }
+  return Outcome::kCannot;
 }
 
 Tour::Outcome Tour::TakePicture(const TourStep& step) {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QTimer>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -52,6 +53,9 @@ class Tour final : public QObject {
   Outcome ChooseInMenu(const TourStep& step);
   Outcome Paste(const TourStep& step);
   Outcome Pass(const TourStep& step);
+  Outcome PressDock(const TourStep& step);
+  Outcome BeginFault(const TourStep& step);
+  Outcome Follow(const TourStep& step);
   Outcome TakePicture(const TourStep& step);
   void Focus(QWidget& widget);
   bool Say(const QString& line);

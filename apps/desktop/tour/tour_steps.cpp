@@ -6,6 +6,7 @@
 #include "desktop/tour/tour_blocks.h"
 #include "desktop/tour/tour_calibration.h"
 #include "desktop/tour/tour_density_calibration.h"
+#include "desktop/tour/tour_docks.h"
 #include "desktop/tour/tour_factory.h"
 #include "desktop/tour/tour_transducer.h"
 #include "desktop/tour/tour_views.h"
@@ -91,8 +92,9 @@ constexpr auto Join(const TourStep (&... parts)[kCounts]) {
   return steps;
 }
 
-constexpr auto kSteps = Join(kIdentificationSteps, kViewSteps, kPressureSteps, kAnalogInputSteps, kCalibrationSteps,
-                             kFactorySteps, kFlowSteps, kLevelSteps, kDensitySteps, kDensityCalibrationSteps);
+constexpr auto kSteps =
+    Join(kIdentificationSteps, kViewSteps, kPressureSteps, kAnalogInputSteps, kCalibrationSteps, kDockSteps,
+         kFactorySteps, kFlowSteps, kLevelSteps, kDensitySteps, kDensityCalibrationSteps);
 
 }  // namespace
 

@@ -26,6 +26,13 @@ enum class TourDo : std::uint8_t {
   kPass,      ///< lets `number` seconds go by
   kExpect,    ///< waits until the form shows `text` in `control`; a number has a point in every locale
   kSmallest,  ///< makes the window as small as it can be, or with `text` "no" as large as it was
+  kLarge,     ///< makes the window large enough for a dock, or with `text` "no" as large as it was
+  kDock,      ///< shows the dock `text`, or closes it
+  kFault,     ///< begins the fault `text` in the simulator dock; "none": ends all
+  kProcess,   ///< sets the number field `text` of a dock to `number`
+  kOperator,  ///< puts the operator's name `text` into the calibration record
+  kRecord,    ///< saves the calibration record under the name `text`
+  kFollow,    ///< picks "Add to trend" of the field `control`
   kPicture,   ///< leaves a picture of the window under the name `text`
 };
 

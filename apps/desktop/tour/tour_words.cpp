@@ -84,6 +84,21 @@ QString Tour::Words(const TourStep& step) const {
     case TourDo::kSmallest:
       return step.text.empty() ? QStringLiteral("Makes the window as small as it can be")
                                : QStringLiteral("Makes the window as large as before");
+    case TourDo::kLarge:
+      return step.text.empty() ? QStringLiteral("Makes the window large enough for a dock")
+                               : QStringLiteral("Makes the window as large as before");
+    case TourDo::kDock:
+      return QStringLiteral("Chooses %1 in the menu").arg(text);
+    case TourDo::kFault:
+      return step.text == "none" ? QStringLiteral("Ends all faults") : QStringLiteral("Begins the fault %1").arg(text);
+    case TourDo::kProcess:
+      return QStringLiteral("Sets %1 to %2").arg(text).arg(step.number);
+    case TourDo::kOperator:
+      return QStringLiteral("Types %1 as the operator's name").arg(text);
+    case TourDo::kRecord:
+      return QStringLiteral("Saves the calibration record as %1").arg(text);
+    case TourDo::kFollow:
+      return QStringLiteral("Adds %1 to the trend").arg(NameOfField(step.control));
     case TourDo::kPicture:
       return QStringLiteral("Leaves the picture %1").arg(NameOfPicture(step));
   }

@@ -11,6 +11,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/window/status_panels.h"
 #include "pages/pages.h"
+#include "presentation/page_in_words.h"
 
 namespace htr60::desktop {
 namespace {
@@ -53,13 +54,16 @@ DesktopHost::DesktopHost(Clock& clock, const sim::Settings& settings, const QStr
   const Ports ports{
       .boxes = *this, .timers = *this, .icons = *this, .watcher = this, .decimalSeparator = DecimalSeparator()};
   control_ = UserCntrl::Create(ports, PagesOfHtr60());
-  control_->Init("htr60", "", manager_);
+  observer_ = std::make_shared<observe::Observer>([this] { return clock_.Now(); });
+  observer_->page = [this] { return presentation::PageInWords(*control_); };
+  control_->Init("htr60", "", std::make_shared<observe::ObservingDtm>(manager_, observer_));
   SetAlarm();
 }
 
 std::string DesktopHost::Simulated() const { return preset_.isEmpty() ? "SIMULATED" : "SIMULATED: " + ToUtf8(preset_); }
 
 DesktopHost::~DesktopHost() {
+  observer_->page = nullptr;
   control_->PrepareToRelease();
   control_.reset();
   manager_->onScheduleChanged = nullptr;

@@ -9,6 +9,7 @@
 
 #include "desktop/core.h"
 #include "desktop/window/clock.h"
+#include "observe/observer.h"
 #include "simulator/manager/manager.h"
 
 class QWidget;
@@ -32,6 +33,8 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
 
   UserCntrl& Control() { return *control_; }
   sim::Manager& Transmitter() { return *manager_; }
+  /// What passes between the control and the manager.
+  observe::Observer& Watched() { return *observer_; }
   const Clock& Time() const { return clock_; }
   /// "SIMULATED", with ready-made settings "SIMULATED: tank".
   std::string Simulated() const;
@@ -76,6 +79,7 @@ class DesktopHost final : public QObject, private IMessageBoxes, private ITimers
   QPointer<QWidget> boxParent_;
   bool turnQueued_ = false;
   std::shared_ptr<sim::Manager> manager_;
+  std::shared_ptr<observe::Observer> observer_;
   std::shared_ptr<UserCntrl> control_;
 };
 

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/docks/docks.h"
+#include "desktop/docks/simulator/simulator_dock.h"
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
 #include "desktop/page/page_area.h"
@@ -22,6 +24,7 @@
 #include "desktop/window/page_header.h"
 #include "desktop/window/status_panels.h"
 #include "desktop/window/tree_panel.h"
+#include "observe/simulator_panel.h"
 
 namespace htr60::desktop {
 namespace {
@@ -53,11 +56,13 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
       presented_(control_, {.now = [&host] { return host.Time().Now(); },
                             .timeOfDay = TimeOfDay(host),
                             .simulated = host.Simulated(),
+                            .active = [&host] { return observe::ActiveWords(host.Transmitter()); },
                             .changed = [&host] { host.WantTurn(); }}),
       keys_(presented_, *this),
       places_(places) {
   setWindowIcon(DrawingIcon(QStringLiteral("htr60"), kIconSide));
   MakeLayout();
+  docks_ = new Docks({host_, presented_}, *this);
   MakeMenus();
   setMinimumSize(Pixels(*this, kSmallestWidth), Pixels(*this, kSmallestHeight));
   resize(Pixels(*this, kFirstWidth), Pixels(*this, kFirstHeight));
@@ -74,6 +79,7 @@ MainWindow::MainWindow(DesktopHost& host, Places places)
 MainWindow::~MainWindow() {
   // While the presentation stands: a window that hides takes the focus from its fields, and they tell of it.
   hide();
+  delete docks_;
   delete takeCentralWidget();
 }
 
@@ -162,6 +168,8 @@ void MainWindow::MakeMenus() {
   offline_ = simulator->addAction(tr("Offline"));
   offline_->setCheckable(true);
   Connect(offline_, &QAction::toggled, this, [this](bool offline) { host_.Transmitter().SetOffline(offline); });
+  docks_->Simulator().UseLink(*offline_);
+  Connect(&docks_->Simulator(), &SimulatorDock::TransmitterWanted, this, &MainWindow::TransmitterWanted);
   QMenu* presets = simulator->addMenu(tr("Start Anew With"));
   for (const std::string_view name : sim::PresetNames()) {
     const QString preset = ToQt(name);
@@ -172,6 +180,7 @@ void MainWindow::MakeMenus() {
   }
   simulator->addSeparator();
   simulator->addAction(tr("Quit"), this, &MainWindow::close);
+  docks_->AddTo(*menuBar()->addMenu(tr("View")));
   QMenu* help = menuBar()->addMenu(tr("Help"));
   QAction* page = help->addAction(tr("This Page"), QKeySequence(Qt::Key_F1), this, AtEdge(this, &MainWindow::ShowHelp));
   page->setAutoRepeat(false);
@@ -202,6 +211,7 @@ void MainWindow::Turn() {
     header_->Apply(screen);
     actions_->Apply(control_.form, screen);
   });
+  docks_->Turn();
   host_.WantTurnAt(presented_.NextDeadline());  // time alone changes what is shown
   keys_.Follow();
 }
@@ -241,6 +251,7 @@ void MainWindow::RestorePlaces() {
   const QSettings settings;
   restoreGeometry(settings.value(QLatin1String(kGeometryKey)).toByteArray());
   splitter_->restoreState(settings.value(QLatin1String(kSplitterKey)).toByteArray());
+  docks_->Restore(settings);
 }
 
 void MainWindow::KeepPlaces() {
@@ -248,6 +259,7 @@ void MainWindow::KeepPlaces() {
   QSettings settings;
   settings.setValue(QLatin1String(kGeometryKey), saveGeometry());
   settings.setValue(QLatin1String(kSplitterKey), splitter_->saveState());
+  docks_->Keep(settings);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -12,6 +12,7 @@ class QSplitter;
 namespace htr60::desktop {
 
 class ActionArea;
+class Docks;
 class IdentificationStrip;
 class LiveRegion;
 class PageArea;
@@ -39,6 +40,7 @@ class MainWindow final : public QMainWindow {
   ActionArea& Actions() { return *actions_; }
   IdentificationStrip& Identification() { return *strip_; }
   presentation::Presentation& Presented() { return presented_; }
+  Docks& Around() { return *docks_; }
 
  Q_SIGNALS:
   /// The operator wants another transmitter: the name of ready-made settings.
@@ -72,6 +74,7 @@ class MainWindow final : public QMainWindow {
   ActionArea* actions_;
   StatusPanels* panels_;
   LiveRegion* live_;
+  Docks* docks_;
   QAction* offline_;
 };
 
