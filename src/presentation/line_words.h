@@ -11,10 +11,11 @@ namespace htr60::presentation {
 
 /// What stands in words beside the fields of one line.
 struct LineWords {
-  std::string words;
-  std::string state;   ///< in their place where they do not fit: the name of the state, where one field alone has words
-  std::string least;   ///< where that does not fit either: "?" for a hint
-  bool alert = false;  ///< the operator must look at it
+  std::string words{};
+  std::string
+      state{};  ///< in their place where they do not fit: the name of the state, where one field alone has words
+  std::string least{};  ///< where that does not fit either: "?" for a hint
+  bool alert = false;   ///< the operator must look at it
 
   bool operator==(const LineWords&) const = default;
 };
