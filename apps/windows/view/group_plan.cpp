@@ -263,34 +263,26 @@ std::vector<int> GroupPlan::ColumnWidths(int width) const {
   return widths;
 }
 
-int GroupPlan::Wanted() const {
+int GroupPlan::Width(bool least) const {
   const int columns = std::max(1, group_.columns);
   int widest = 0;
   int wide = 0;
   for (const Line& line : lines_) {
     if (!line.shows) continue;
     int& of = line.wide ? wide : widest;
-    of = std::max(of, WidthOfLine(line, false));
+    of = std::max(of, WidthOfLine(line, least));
   }
   int width = columns * widest + (columns - 1) * ColumnGap();
   for (int column = 0; column < columns; ++column) width += Captions(column) + ColumnGap();
-  const int title = boxed_ ? look_.WidthOf(title_, Look::Font::kBold) + 2 * look_.Character() : 0;
-  return std::max({width, wide, title}) + 2 * Aside();
+  return std::max(width, wide);
 }
 
-int GroupPlan::Least() const {
-  const int columns = std::max(1, group_.columns);
-  int widest = 0;
-  int wide = 0;
-  for (const Line& line : lines_) {
-    if (!line.shows) continue;
-    int& of = line.wide ? wide : widest;
-    of = std::max(of, WidthOfLine(line, true));
-  }
-  int width = columns * widest + (columns - 1) * ColumnGap();
-  for (int column = 0; column < columns; ++column) width += Captions(column) + ColumnGap();
-  return std::max(width, wide) + 2 * Aside();
+int GroupPlan::Wanted() const {
+  const int title = boxed_ ? look_.WidthOf(title_, Look::Font::kBold) + 2 * look_.Character() : 0;
+  return std::max(Width(false), title) + 2 * Aside();
 }
+
+int GroupPlan::Least() const { return Width(true) + 2 * Aside(); }
 
 bool GroupPlan::Fills() const {
   return std::any_of(lines_.begin(), lines_.end(), [](const Line& line) {

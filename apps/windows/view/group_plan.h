@@ -69,6 +69,7 @@ class GroupPlan {
   int LineHeight(const Line& line, int width) const;
   int LinesInColumn() const;
   int WidthOfLine(const Line& line, bool least) const;
+  int Width(bool least) const;
   int Captions(int column) const;
   std::vector<int> ColumnWidths(int width) const;
   void PlaceLine(const Line& line, RECT room, int captions, PagePlan& plan) const;
