@@ -1,14 +1,10 @@
 #include "observe/wire_words.h"
 
-#include <expat.h>
-
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <limits>
-#include <memory>
 #include <set>
 
 #include "codecs/codecs.h"
@@ -21,6 +17,7 @@
 #include "simulator/device/write_rules.h"
 #include "simulator/manager/request_document.h"
 #include "text/hex_digits.h"
+#include "text/xml_reader.h"
 
 namespace htr60::observe {
 namespace {
@@ -35,48 +32,31 @@ struct Tag {
   bool hasValue = false;
 };
 
-struct Reader {
-  XML_Parser parser = nullptr;
+/// The tags of an answer, in their order.
+class Tags final : public XmlElements {
+ public:
+  void OnStart(const char* name, const char* const* attributes) override {
+    Tag tag;
+    bool tagged = false;
+    for (; *attributes != nullptr; attributes += 2) {
+      const std::string_view key = attributes[0];
+      const char* value = attributes[1];
+      if (key == "tag") {
+        tag.tag = value;
+        tagged = true;
+      } else if (key == "value") {
+        tag.value = value;
+        tag.hasValue = true;
+      } else if (key == "state" && std::string_view(name) == "DTMInfo") {
+        state = value;
+      }
+    }
+    if (tagged) tags.push_back(std::move(tag));
+  }
+
   std::vector<Tag> tags;
   std::string state;
 };
-
-void Start(void* user, const XML_Char* name, const XML_Char** attributes) {
-  auto& reader = *static_cast<Reader*>(user);
-  Tag tag;
-  bool tagged = false;
-  for (const XML_Char** at = attributes; *at != nullptr; at += 2) {
-    const std::string_view key = at[0];
-    if (key == "tag") {
-      tag.tag = at[1];
-      tagged = true;
-    } else if (key == "value") {
-      tag.value = at[1];
-      tag.hasValue = true;
-    } else if (key == "state" && std::string_view(name) == "DTMInfo") {
-      reader.state = at[1];
-    }
-  }
-  if (tagged) reader.tags.push_back(std::move(tag));
-}
-
-void Doctype(void* user, const XML_Char* /*name*/, const XML_Char* /*system*/, const XML_Char* /*publicId*/,
-             int /*internal*/) {
-  XML_StopParser(static_cast<Reader*>(user)->parser, XML_FALSE);
-}
-
-/// False where the document is not well-formed to its end.
-bool ReadTags(std::string_view document, Reader& reader) {
-  if (document.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return false;
-  const std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser(XML_ParserCreate("UTF-8"),
-                                                                                             &XML_ParserFree);
-  if (parser == nullptr) return false;
-  reader.parser = parser.get();
-  XML_SetUserData(parser.get(), &reader);
-  XML_SetStartElementHandler(parser.get(), &Start);
-  XML_SetStartDoctypeDeclHandler(parser.get(), &Doctype);
-  return XML_Parse(parser.get(), document.data(), static_cast<int>(document.size()), XML_TRUE) == XML_STATUS_OK;
-}
 
 bool AllDigits(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return HexValue(c) >= 0; });
@@ -396,22 +376,22 @@ std::vector<WireValue> WireWords::OfRequest(const WireRequest& request, std::str
 }
 
 std::vector<WireValue> WireWords::OfAnswer(const WireRequest& request, std::string_view document, std::string& fault) {
-  Reader reader;
-  if (!ReadTags(document, reader)) {
+  Tags read;
+  if (!XmlReader().Read(document, read)) {
     fault = document.empty() ? "empty" : "not well-formed";
     return {};
   }
   std::vector<WireValue> values;
-  if (!reader.state.empty()) {
+  if (!read.state.empty()) {
     WireValue value;
     value.tag = "state";
     value.name = "Link";
-    value.digits = value.value = reader.state;
+    value.digits = value.value = read.state;
     values.push_back(std::move(value));
   }
   const auto rows = RowsOf(request.code);
   std::vector<Piece> pieces;
-  for (Tag& tag : reader.tags) {
+  for (Tag& tag : read.tags) {
     Piece piece{
         .tag = std::move(tag.tag), .source = {}, .form = {}, .digits = std::move(tag.value), .hasValue = tag.hasValue};
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const sim::ReadRow& r) { return r.tag == piece.tag; });
