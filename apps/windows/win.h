@@ -11,5 +11,6 @@
 
 #include <ocidl.h>
 #include <ole2.h>
+#include <oleacc.h>
 #include <olectl.h>
 #include <shellapi.h>

@@ -16,6 +16,8 @@ namespace htr60 {
 struct FigurePoint {
   double x = 0;
   double y = 0;
+
+  bool operator==(const FigurePoint&) const = default;
 };
 
 enum class LineStyle : std::uint8_t {
@@ -29,12 +31,16 @@ struct FigureLine {
   std::vector<FigurePoint> points;
   LineStyle style = LineStyle::kCurve;
   std::uint8_t series = 0;  ///< of several curves which, 0 to 3: told apart by colour and dashes
+
+  bool operator==(const FigureLine&) const = default;
 };
 
 /// A stretch of the Y axis that is right, as wide as the drawing.
 struct FigureBand {
   double from = 0;
   double to = 0;
+
+  bool operator==(const FigureBand&) const = default;
 };
 
 enum class MarkerShape : std::uint8_t {
@@ -48,6 +54,8 @@ struct FigureMarker {
   FigurePoint at;
   MarkerShape shape = MarkerShape::kFilledSquare;
   ControlId field{};  ///< a click on the marker moves the focus there
+
+  bool operator==(const FigureMarker&) const = default;
 };
 
 struct FigureText {
@@ -55,11 +63,15 @@ struct FigureText {
   std::string text;
   bool rightAligned = false;  ///< ends at `at` instead of beginning after it
   bool canWait = false;       ///< left out where it would stand on something else
+
+  bool operator==(const FigureText&) const = default;
 };
 
 struct FigureTick {
   double value = 0;
   std::string text;
+
+  bool operator==(const FigureTick&) const = default;
 };
 
 struct FigureAxis {
@@ -67,6 +79,8 @@ struct FigureAxis {
   double from = 0;
   double to = 1;
   std::vector<FigureTick> ticks;  ///< rising, within the axis
+
+  bool operator==(const FigureAxis&) const = default;
 };
 
 /// Where something lies for the bar it belongs to. Beyond an end it stands at that end, with an arrow.
@@ -78,6 +92,8 @@ struct BarMark {
   std::string text;
   BarReach reach = BarReach::kWithin;
   bool unwritten = false;
+
+  bool operator==(const BarMark&) const = default;
 };
 
 enum class BarSpanStyle : std::uint8_t {
@@ -89,6 +105,8 @@ struct BarSpan {
   double from = 0;
   double to = 0;
   BarSpanStyle style = BarSpanStyle::kBracket;
+
+  bool operator==(const BarSpan&) const = default;
 };
 
 /// The present value of what the bar shows.
@@ -97,6 +115,8 @@ struct BarPointer {
   std::string text;
   std::string status;  ///< with its shape
   BarReach reach = BarReach::kWithin;
+
+  bool operator==(const BarPointer&) const = default;
 };
 
 /// One quantity as an upright bar with marks, spans and a pointer.
@@ -107,6 +127,8 @@ struct FigureBar {
   std::vector<BarMark> marks;
   std::vector<BarSpan> spans;
   std::optional<BarPointer> pointer;
+
+  bool operator==(const FigureBar&) const = default;
 };
 
 struct Figure {
@@ -127,6 +149,8 @@ struct Figure {
   std::vector<std::string> remarks;  ///< lines below, the figure's own begin with "Check:"
   std::string missing;               ///< not empty: nothing but the bar can be drawn, and this says why
   std::string sentence;              ///< what the figure shows, for assistive technology
+
+  bool operator==(const Figure&) const = default;
 };
 
 /// What a figure is computed from: the form's texts, and what only the view knows of them.

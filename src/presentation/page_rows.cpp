@@ -214,15 +214,18 @@ void AddRows(Screen& screen, UserCntrl& control, const FieldStates& states, cons
 }
 
 void AddWaitingPanel(Screen& screen, UserCntrl& control) {
+  screen.waiting.clear();
   for (const PageUnit* unit : control.Pages().units) {
     for (const PageLayout& page : unit->layouts) {
       for (const LayoutGroup& group : page.groups) {
         if (!group.panel || !control.form.At(group.panel).Visible()) continue;
+        screen.waiting = group.caption;
         for (const LayoutRow& row : group.rows) {
           ScreenRow& shown = Rows(screen).Next(row.control);
           shown.kind = row.kind;
           shown.text = std::string(control.form.TextOf(row.control));
           shown.name = shown.text;
+          if (row.control) screen.waiting = shown.text;
         }
       }
     }

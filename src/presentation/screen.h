@@ -71,6 +71,7 @@ struct Screen {
   std::string dataLine;
   bool late = false;                ///< an answer is missing: the data line warns
   std::string footer;               ///< the line of the action area
+  std::string waiting;              ///< the text of the waiting panel that is shown; empty: none is
   std::string message;              ///< without a page why there is none, else the message line
   std::vector<std::string> badges;  ///< "SIMULATED...", "DISCONNECTED" where they stand
   std::vector<std::string>

@@ -1,32 +1,29 @@
 #include "desktop/figure/tones.h"
 
-#include <algorithm>
-#include <cmath>
+#include <cstdint>
 #include <initializer_list>
 #include <utility>
 
 namespace htr60::desktop {
 namespace {
 
-double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
+using presentation::Rgb;
 
-double Luminance(const QColor& color) {
-  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
+Rgb RgbOf(const QColor& color) {
+  const auto part = [](int value) { return static_cast<std::uint8_t>(value); };
+  return {part(color.red()), part(color.green()), part(color.blue())};
 }
+
+QColor ColorOf(Rgb color) { return {color.red, color.green, color.blue}; }
 
 QColor Mixed(const QColor& a, const QColor& b, double share) {
-  const auto part = [share](double from, double to) { return static_cast<float>(from + (to - from) * share); };
-  return QColor::fromRgbF(part(a.redF(), b.redF()), part(a.greenF(), b.greenF()), part(a.blueF(), b.blueF()));
+  return ColorOf(presentation::Mixed(RgbOf(a), RgbOf(b), share));
 }
 
-// Marks stand on a page and in its fields; which of the two is harder to stand out from depends on the palette.
-QColor OnPage(const QPalette& palette, const QColor& wanted) {
-  const QColor window = palette.color(QPalette::Active, QPalette::Window);
-  const QColor base = palette.color(QPalette::Active, QPalette::Base);
-  return Against(base, Against(window, wanted, kTextContrast), kTextContrast);
+presentation::Grounds GroundsOf(const QPalette& palette) {
+  return {RgbOf(palette.color(QPalette::Active, QPalette::Window)),
+          RgbOf(palette.color(QPalette::Active, QPalette::Base))};
 }
-
-bool IsDark(const QPalette& palette) { return Luminance(palette.color(QPalette::Active, QPalette::Window)) < 0.18; }
 
 QPalette Made(std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors, const QColor& disabled) {
   QPalette palette;
@@ -67,41 +64,28 @@ constexpr const char* kContrast = "contrast";
 
 }  // namespace
 
-double Contrast(const QColor& a, const QColor& b) {
-  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
-}
+double Contrast(const QColor& a, const QColor& b) { return presentation::Contrast(RgbOf(a), RgbOf(b)); }
 
 QColor Against(const QColor& ground, const QColor& wanted, double least) {
-  if (Contrast(ground, wanted) >= least) return wanted;
-  const QColor end = Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
-  constexpr int kSteps = 64;
-  for (int i = 1; i < kSteps; ++i) {
-    const QColor color = Mixed(wanted, end, static_cast<double>(i) / kSteps);
-    if (Contrast(ground, color) >= least) return color;
-  }
-  return end;
+  return ColorOf(presentation::Against(RgbOf(ground), RgbOf(wanted), least));
 }
 
 QColor AccentColor(const QPalette& palette) {
-  return OnPage(palette, palette.color(QPalette::Active, QPalette::Highlight));
+  return ColorOf(GroundsOf(palette).Text(RgbOf(palette.color(QPalette::Active, QPalette::Highlight))));
 }
 
-QColor WarningColor(const QPalette& palette) {
-  return OnPage(palette, IsDark(palette) ? QColor(0xFF, 0xC1, 0x4D) : QColor(0x8F, 0x5B, 0x00));
-}
+QColor WarningColor(const QPalette& palette) { return ColorOf(GroundsOf(palette).Warning()); }
 
-QColor AlertColor(const QPalette& palette) {
-  return OnPage(palette, IsDark(palette) ? QColor(0xFF, 0x8A, 0x80) : QColor(0xB0, 0x1B, 0x1B));
-}
+QColor AlertColor(const QPalette& palette) { return ColorOf(GroundsOf(palette).Alert()); }
 
 QPen SeriesPen(const QPalette& palette, std::size_t series, double width) {
-  const bool dark = IsDark(palette);
+  const presentation::Grounds grounds = GroundsOf(palette);
+  const bool dark = grounds.IsDark();
   const QColor wanted[] = {palette.color(QPalette::Active, QPalette::Highlight), dark ? 0xFFB870 : 0xA84300,
                            dark ? 0x8EDB8E : 0x1F6B2A, dark ? 0xD7A8FF : 0x7A2E9E};
   constexpr Qt::PenStyle kStyles[] = {Qt::SolidLine, Qt::DashLine, Qt::DashDotLine, Qt::DotLine};
   const std::size_t which = series % std::size(wanted);
-  return {OnPage(palette, wanted[which]), width, kStyles[which], Qt::FlatCap, Qt::RoundJoin};
+  return {ColorOf(grounds.Text(RgbOf(wanted[which]))), width, kStyles[which], Qt::FlatCap, Qt::RoundJoin};
 }
 
 QColor PaleColor(const QPalette& palette, QPalette::ColorRole ground) {
@@ -110,9 +94,7 @@ QColor PaleColor(const QPalette& palette, QPalette::ColorRole ground) {
 }
 
 QColor EdgeColor(const QPalette& palette) {
-  const QColor window = palette.color(QPalette::Active, QPalette::Window);
-  return Against(palette.color(QPalette::Active, QPalette::Base),
-                 Against(window, palette.color(QPalette::Active, QPalette::Mid), kShapeContrast), kShapeContrast);
+  return ColorOf(GroundsOf(palette).Shape(RgbOf(palette.color(QPalette::Active, QPalette::Mid))));
 }
 
 QColor BoxColor(const QPalette& palette) {

@@ -6,11 +6,13 @@
 #include <QStringList>
 #include <optional>
 
+#include "presentation/contrast.h"
+
 // Colours that follow the palette and can be told from their ground by every eye.
 namespace htr60::desktop {
 
-inline constexpr double kTextContrast = 4.5;
-inline constexpr double kShapeContrast = 3;
+using presentation::kShapeContrast;
+using presentation::kTextContrast;
 
 /// Of two opaque colours, by their relative luminance: 1 to 21.
 double Contrast(const QColor& a, const QColor& b);

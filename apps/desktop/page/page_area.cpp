@@ -20,8 +20,7 @@ namespace htr60::desktop {
 // nothing; the program shows and hides it.
 class WaitingStrip final : public QFrame {
  public:
-  WaitingStrip(Form& form, const LayoutGroup& group, QWidget* parent)
-      : QFrame(parent), form_(form), group_(group), text_(new QLabel(this)) {
+  explicit WaitingStrip(QWidget* parent) : QFrame(parent), text_(new QLabel(this)) {
     setObjectName(QStringLiteral("waitingStrip"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
@@ -38,21 +37,16 @@ class WaitingStrip final : public QFrame {
     hide();
   }
 
-  void Apply() {
-    QString text = ToQt(group_.caption);
-    for (const LayoutRow& row : group_.rows) {
-      if (row.control) text = ToQt(form_.TextOf(row.control));
+  /// Empty hides it.
+  void Apply(const QString& text) {
+    if (!text.isEmpty()) {
+      text_->setText(text);
+      text_->setAccessibleName(text);
     }
-    text_->setText(text);
-    const bool shown = form_.At(group_.panel).Visible();
-    if (shown == isVisibleTo(parentWidget())) return;
-    setVisible(shown);
-    text_->setAccessibleName(text);
+    setVisible(!text.isEmpty());
   }
 
  private:
-  Form& form_;
-  const LayoutGroup& group_;
   QLabel* text_;
 };
 
@@ -73,15 +67,8 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(fontMetrics().averageCharWidth() / 2);
-  for (const PageUnit* unit : control_.Pages().units) {
-    for (const PageLayout& page : unit->layouts) {
-      for (const LayoutGroup& group : page.groups) {
-        if (!group.panel) continue;
-        strips_.push_back(new WaitingStrip(control_.form, group, this));
-        column->addWidget(strips_.back());
-      }
-    }
-  }
+  waiting_ = new WaitingStrip(this);
+  column->addWidget(waiting_);
   bar_ = new PageBar(this);
   column->addWidget(bar_);
   Connect(bar_, &PageBar::Answered, this, [this](int button) {
@@ -107,7 +94,7 @@ PageArea::PageArea(UserCntrl& control, presentation::Presentation& presented, QW
 // ---- what the presentation shows
 
 void PageArea::Apply(const FormChanges& changes) {
-  for (WaitingStrip* strip : strips_) strip->Apply();
+  waiting_->Apply(ToQt(presented_.Shown().waiting));
   bar_->Apply(presented_.Shown().bar);
   ControlSet changed;
   for (const ControlId control : changes.controls) changed.set(control.ordinal);

@@ -50,7 +50,7 @@ class PageArea final : public QWidget {
 
   UserCntrl& control_;
   presentation::Presentation& presented_;
-  std::vector<WaitingStrip*> strips_;
+  WaitingStrip* waiting_;
   PageBar* bar_ = nullptr;
   QStackedWidget* stack_;
   QWidget* empty_;

@@ -4,7 +4,6 @@
 
 #include "windows/base/com_ptr.h"
 #include "windows/base/module.h"
-#include "windows/view/accessible.h"
 
 namespace htr60::view {
 namespace {
@@ -30,7 +29,7 @@ Child::Child(IViewActs& acts, HWND parent, const Kind& kind, presentation::Spot 
 Child::~Child() {
   if (window_ == nullptr) return;
   going_ = true;
-  Forget(window_);
+  acts_.Told().Forget(window_);
   DestroyWindow(window_);
 }
 
@@ -74,10 +73,10 @@ void Child::Place(const RECT& rect) {
 }
 
 void Child::Describe(const std::wstring& name, const std::wstring& description) {
-  if (name == name_ && description == description_) return;
+  if (name != name_) acts_.Told().TellName(window_, name);
+  if (description != description_) acts_.Told().TellDescription(window_, description);
   name_ = name;
   description_ = description;
-  view::Describe(window_, name, description);
 }
 
 LRESULT Child::Default(UINT message, WPARAM word, LPARAM number) {

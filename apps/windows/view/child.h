@@ -5,6 +5,7 @@
 
 #include "form/layout.h"
 #include "presentation/focus.h"
+#include "windows/view/accessible.h"
 #include "windows/view/window.h"
 #include "windows/win.h"
 
@@ -15,6 +16,7 @@ class IViewActs {
  public:
   virtual ~IViewActs() = default;
   virtual Hold Held() = 0;
+  virtual const Accessible& Told() const = 0;
   /// A key for the window with the focus. True where it was taken.
   virtual bool TakeKey(const MSG& message) = 0;
   /// The pointer, or something outside, has brought the focus to a spot.

@@ -180,6 +180,7 @@ ChoiceField::ChoiceField(IViewActs& acts, presentation::Keyboard& keys, HWND pag
     : Child(acts, page, {FieldClass(), 0}, field.control), keys_(keys) {}
 
 void ChoiceField::Take(const PlannedField& field, const Look& look) {
+  if (look_ == nullptr || text_ != field.text) Acts().Told().TellChoice(Handle(), field.text);
   if (look_ != &look || text_ != field.text || pale_ != field.pale || enabled_ != field.enabled) {
     InvalidateRect(Handle(), nullptr, FALSE);
   }
@@ -187,7 +188,7 @@ void ChoiceField::Take(const PlannedField& field, const Look& look) {
   text_ = field.text;
   pale_ = field.pale;
   enabled_ = field.enabled;
-  SetText(field.text);  // for assistive technology
+  SetText(field.text);
   Enable(field.enabled);
   Describe(field.name, field.description);
 }

@@ -23,6 +23,18 @@ constexpr int kWholeHeight = 460;
 
 std::wstring Wide(std::string_view text) { return com::Utf16WithMarks(text); }
 
+/// Set while it lives.
+class Meanwhile {
+ public:
+  explicit Meanwhile(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Meanwhile() { flag_ = false; }
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 bool IsIn(HWND window, HWND root) { return window == root || (window != nullptr && IsChild(root, window) != FALSE); }
 
 }  // namespace
@@ -72,7 +84,10 @@ void ControlView::Close() {
   if (GetParent(Handle()) != nullptr) SetParent(Handle(), HWND_MESSAGE);
 }
 
-void ControlView::MakeLook() { look_ = std::make_unique<Look>(DpiOf(Handle())); }
+void ControlView::MakeLook() {
+  look_ = std::make_unique<Look>(DpiOf(Handle()));
+  tips_.Take(*look_);
+}
 
 void ControlView::Move(HWND parent, const RECT& rect) {
   if (GetParent(Handle()) != parent) SetParent(Handle(), parent);
@@ -91,7 +106,7 @@ void ControlView::Take() {
   TakeStrips();
   TakeButtons();
   Arrange();
-  Invalidate();
+  TakeParts();
   page_->FollowList();
   FollowFocus();
 }
@@ -114,7 +129,9 @@ void ControlView::TakeButtons() {
   save_->Own().Show(form.cmdSave.Visible());
   write_->Take(Planned(L"Write", form.cmdWriteParameter.Enabled(), 'W', presentation::kWriteTip), *look_);
   write_->Own().Show(form.cmdWriteParameter.Visible());
-  InvalidateRect(write_->Own().Handle(), nullptr, FALSE);
+  if (std::exchange(prominent_, screen.unwritten) != screen.unwritten) {
+    InvalidateRect(write_->Own().Handle(), nullptr, FALSE);
+  }
   revert_->Take(Planned(Wide(presentation::kRevertName), screen.revertable > 0, '\0', presentation::kRevertTip),
                 *look_);
   revert_->Own().Show(true);
@@ -163,27 +180,11 @@ void ControlView::TakeStrips() {
   }
 }
 
-std::wstring ControlView::WaitingText() const {
-  for (const PageUnit* unit : control_.Pages().units) {
-    for (const PageLayout& page : unit->layouts) {
-      for (const LayoutGroup& group : page.groups) {
-        if (!group.panel || !control_.form.At(group.panel).Visible()) continue;
-        std::wstring text = Wide(group.caption);
-        for (const LayoutRow& row : group.rows) {
-          if (row.control) text = Wide(control_.form.TextOf(row.control));
-        }
-        return text;
-      }
-    }
-  }
-  return {};
-}
-
 // ---- places
 
 void ControlView::Arrange() {
   if (arranging_) return;
-  arranging_ = true;
+  const Meanwhile arranging(arranging_);
   const RECT client = Client();
   const int line = look_->Line();
   const int gap = look_->Character();
@@ -200,7 +201,7 @@ void ControlView::Arrange() {
   column.bottom = places_.actions.top;
   ArrangeHeader(column);
   column.top = places_.header.bottom;
-  if (!WaitingText().empty()) {
+  if (!presented_.Shown().waiting.empty()) {
     places_.waiting = {column.left, column.top, column.right, column.top + line + gap};
     column.top = places_.waiting.bottom;
   }
@@ -214,7 +215,6 @@ void ControlView::Arrange() {
   ShowWindow(page_->Handle(), presented_.Page() != nullptr ? SW_SHOWNA : SW_HIDE);
   page_->Take(*look_);
   ArrangeActions();
-  arranging_ = false;
 }
 
 void ControlView::ArrangeHeader(RECT column) {
@@ -320,9 +320,10 @@ Child* ControlView::ChildAt(Spot spot) {
 
 void ControlView::TakeFocus() {
   Child* child = ChildAt(presented_.Keys().At());
-  moving_ = true;
-  SetFocus(child != nullptr ? child->Handle() : tree_->Own().Handle());
-  moving_ = false;
+  {
+    const Meanwhile moving(moving_);
+    SetFocus(child != nullptr ? child->Handle() : tree_->Own().Handle());
+  }
   FollowFocus();
 }
 
@@ -334,9 +335,10 @@ void ControlView::FollowFocus() {
   Child* child = ChildAt(at);
   if (child == nullptr) return;
   if (GetFocus() != child->Handle()) {
-    moving_ = true;
-    SetFocus(child->Handle());
-    moving_ = false;
+    {
+      const Meanwhile moving(moving_);
+      SetFocus(child->Handle());
+    }
     if (at.control) page_->ScrollTo(at.control);
   }
   if (presented_.Keys().TakeSelect()) {
@@ -347,13 +349,13 @@ void ControlView::FollowFocus() {
 void ControlView::Came(Spot spot) {
   if (!moving_) presented_.Keys().Came(spot);
   if (closed_) return;
-  page_->Invalidate();
+  page_->FollowFocus(GetFocus());
   holder_.FocusChanged(true);
   if (!moving_ && places_.folded) Acted();
 }
 
 void ControlView::Left(HWND other) {
-  if (!closed_) page_->Invalidate();
+  if (!closed_) page_->FollowFocus(other);
   if (closed_ || moving_ || IsIn(other, Handle())) return;
   if (presented_.Keys().Opened() != nullptr) {
     presented_.Keys().Close();
@@ -514,6 +516,7 @@ LRESULT ControlView::OnMessage(UINT message, WPARAM word, LPARAM number) {
       if (page_ != nullptr && revert_ != nullptr && reopen_ != nullptr) {
         const CommonControls common;
         Arrange();
+        TakeParts();
         Invalidate();
       }
       return 0;
@@ -541,8 +544,10 @@ LRESULT ControlView::OnMessage(UINT message, WPARAM word, LPARAM number) {
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
     case 0x02E3:  // WM_DPICHANGED_AFTERPARENT
+      if (closed_) return 0;
       MakeLook();
       Take();
+      Invalidate();
       return 0;
     default:
       return Window::OnMessage(message, word, number);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -65,8 +66,33 @@ class ControlView final : private Window, private IViewActs, public std::enable_
     bool folded = false;
   };
 
+  /// What the view paints itself, around its windows.
+  enum : std::size_t {
+    kTitle,
+    kData,
+    kLate,
+    kPurpose,
+    kWaiting,
+    kBar,
+    kMessage,
+    kPicture,  // of the connection
+    kFirstPanel,
+    kParts = kFirstPanel + 4
+  };
+  struct Part {
+    RECT rect{};  ///< empty: it is not there
+    std::wstring text;
+    UINT flags = 0;
+    Look::Font font = Look::Font::kPlain;
+    bool strip = false;  ///< on a ground of its own
+
+    bool operator==(const Part& other) const;
+  };
+  using Parts = std::array<Part, kParts>;
+
   Hold Held() override;
   LRESULT OnMessage(UINT message, WPARAM word, LPARAM number) override;
+  const Accessible& Told() const override { return told_; }
   bool TakeKey(const MSG& message) override;
   void Came(presentation::Spot spot) override;
   void Left(HWND other) override;
@@ -89,21 +115,22 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   void OnButton(const Child& child);
   void Activate(const std::optional<TreePlace>& place);
   void ShowHelp();
-  void PaintAll(const Canvas& canvas);
-  void PaintHeader(const Canvas& canvas) const;
-  void PaintStatus(const Canvas& canvas);
+  Parts PartsNow() const;
+  void PlacePanels(Parts& parts) const;
+  void TakeParts();
+  void PaintAll(const Canvas& canvas) const;
   void PaintProminent(const DRAWITEMSTRUCT& item) const;
-  std::wstring WaitingText() const;
   PlannedField Planned(std::wstring text, bool enabled, char mnemonic, std::string_view tip) const;
 
   IUnknown& owner_;
   IViewHolder& holder_;
   UserCntrl& control_;
   presentation::Presentation& presented_;
+  const Accessible told_;
   std::unique_ptr<Look> look_;
   Tips tips_{Handle()};
   Places places_;
-  std::string iconName_;  // of the connection
+  Parts parts_;  // as last painted
   HICON icon_ = nullptr;
   std::unique_ptr<TreeWindow> tree_;
   std::unique_ptr<PageWindow> page_;
@@ -113,8 +140,9 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   std::vector<BarButton> bar_;
   bool closed_ = false;
   bool arranging_ = false;
-  bool altUsed_ = false;  // since Alt went down
-  bool moving_ = false;   // the focus, by the view itself
+  bool prominent_ = false;  // Write
+  bool altUsed_ = false;    // since Alt went down
+  bool moving_ = false;     // the focus, by the view itself
 };
 
 }  // namespace htr60::view

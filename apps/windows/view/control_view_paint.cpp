@@ -10,80 +10,113 @@ namespace htr60::view {
 namespace {
 
 // Panels of the status, in percent.
-constexpr int kPanels[] = {24, 8, 8, 60};
+constexpr int kPercents[] = {24, 8, 8, 60};
 
-constexpr UINT kLine = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
+constexpr UINT kInLine = DT_VCENTER | DT_SINGLELINE;
+constexpr UINT kCutInLine = DT_LEFT | kInLine | DT_END_ELLIPSIS;
+constexpr UINT kInLines = DT_LEFT | DT_WORDBREAK;
 
 std::wstring Wide(std::string_view text) { return com::Utf16WithMarks(text); }
 
+RECT Hollowed(RECT rect, LONG beside) {
+  InflateRect(&rect, -beside, 0);
+  return rect;
+}
+
 }  // namespace
 
-void ControlView::PaintAll(const Canvas& canvas) {
-  canvas.Fill(Client(), look_->window);
-  PaintHeader(canvas);
-  const int gap = look_->Character();
-  if (IsRectEmpty(&places_.waiting) == FALSE) {
-    canvas.Fill(places_.waiting, look_->tip);
-    canvas.Text(places_.waiting, WaitingText(), look_->tipText, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-  }
-  const presentation::Screen& screen = presented_.Shown();
-  if (screen.bar) {
-    RECT words = places_.bar;
-    canvas.Fill(words, look_->tip);
-    words.left += gap;
-    canvas.Text(words, Wide(screen.bar->text), look_->tipText, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
-  }
-  const std::wstring message = Wide(screen.message);
-  if (screen.frame) {
-    const int height = look_->HeightOf(message, places_.message.right - places_.message.left);
-    RECT room = places_.message;
-    room.top += std::max<LONG>(0, (room.bottom - room.top - height) / 2);
-    canvas.Text(room, message, look_->windowText, DT_LEFT | DT_WORDBREAK);
-  } else {
-    RECT page{places_.header.left + gap, places_.header.bottom, places_.header.right - gap, places_.actions.top};
-    const int height = look_->HeightOf(message, page.right - page.left);
-    page.top = (page.top + page.bottom) / 2 - height;
-    canvas.Text(page, message, look_->windowText, DT_CENTER | DT_WORDBREAK);
-  }
-  canvas.Fill({places_.actions.left, places_.actions.top, places_.actions.right, places_.actions.top + 1}, look_->edge);
-  PaintStatus(canvas);
+bool ControlView::Part::operator==(const Part& other) const {
+  return EqualRect(&rect, &other.rect) != FALSE && text == other.text && flags == other.flags && strip == other.strip;
 }
 
-void ControlView::PaintHeader(const Canvas& canvas) const {
+ControlView::Parts ControlView::PartsNow() const {
   const presentation::Screen& screen = presented_.Shown();
-  canvas.Text(places_.title, Wide(screen.title), look_->windowText, kLine, Look::Font::kTitle);
-  canvas.Text(places_.data, Wide(screen.dataLine), look_->windowText, DT_RIGHT | DT_VCENTER | DT_SINGLELINE);
+  const int gap = look_->Character();
+  Parts parts;
+  parts[kTitle] = {places_.title, Wide(screen.title), kCutInLine, Look::Font::kTitle};
+  parts[kData] = {places_.data, Wide(screen.dataLine), DT_RIGHT | kInLine};
   if (screen.late) {
-    const int side = look_->Ascent();
-    const LONG right = places_.data.left - look_->Character() / 2;
-    PaintShape(canvas, {right - side, places_.data.top, right, places_.data.bottom}, Shape::kWarning);
+    const LONG right = places_.data.left - gap / 2;
+    parts[kLate].rect = {right - look_->Ascent(), places_.data.top, right, places_.data.bottom};
   }
-  canvas.Text(places_.purpose, Wide(screen.purpose), look_->windowText, DT_LEFT | DT_WORDBREAK);
+  parts[kPurpose] = {places_.purpose, Wide(screen.purpose), kInLines};
+  parts[kWaiting] = {places_.waiting, Wide(screen.waiting), DT_CENTER | kInLine, Look::Font::kPlain, true};
+  if (screen.bar) parts[kBar] = {places_.bar, Wide(screen.bar->text), DT_LEFT | kInLine, Look::Font::kPlain, true};
+  Part& message = parts[kMessage];
+  message.text = Wide(screen.message);
+  message.flags = screen.frame ? kInLines : DT_CENTER | DT_WORDBREAK;
+  message.rect = screen.frame ? places_.message
+                              : RECT{places_.header.left + gap, places_.header.bottom, places_.header.right - gap,
+                                     places_.actions.top};
+  const int height = look_->HeightOf(message.text, message.rect.right - message.rect.left);
+  const LONG middle = (message.rect.top + message.rect.bottom) / 2;
+  message.rect.top = screen.frame ? std::max(message.rect.top, middle - height / 2) : middle - height;
+  PlacePanels(parts);
+  return parts;
 }
 
-void ControlView::PaintStatus(const Canvas& canvas) {
+void ControlView::PlacePanels(Parts& parts) const {
   const RECT& status = places_.status;
-  canvas.Fill({status.left, status.top, status.right, status.top + 1}, look_->edge);
-  LONG left = status.left;
   const int gap = look_->Character();
-  const std::string& picture = control_.form.statusBar.Panel(1).picture;
-  if (iconName_ != picture) {
-    if (icon_ != nullptr) DestroyIcon(icon_);
-    icon_ = picture.empty() ? nullptr : LoadIconFile(picture, look_->Line());
-    iconName_ = picture;
-  }
-  for (int panel = 1; panel <= 4; ++panel) {
-    const LONG right = left + MulDiv(status.right - status.left, kPanels[panel - 1], 100);
-    RECT words{left + gap, status.top, right - gap, status.bottom};
-    if (panel == 1 && icon_ != nullptr) {
+  LONG left = status.left;
+  for (std::size_t i = 0; i < std::size(kPercents); ++i) {
+    const LONG right = left + MulDiv(status.right - status.left, kPercents[i], 100);
+    RECT words = Hollowed({left, status.top, right, status.bottom}, gap);
+    const StatusPanel& panel = control_.form.statusBar.Panel(static_cast<int>(i) + 1);
+    if (!panel.picture.empty()) {
       const int side = look_->Line();
-      DrawIconEx(canvas.Context(), words.left, (status.top + status.bottom - side) / 2, icon_, side, side, 0, nullptr,
-                 DI_NORMAL);
+      parts[kPicture] = {{words.left, words.top, words.left + side, words.bottom}, Wide(panel.picture)};
       words.left += side + gap;
     }
-    canvas.Text(words, Wide(control_.form.statusBar.Panel(panel).text), look_->windowText, kLine);
-    if (panel < 4) canvas.Fill({right, status.top + 3, right + 1, status.bottom - 3}, look_->edge);
+    parts[kFirstPanel + i] = {words, Wide(panel.text), kCutInLine};
     left = right;
+  }
+}
+
+// Only what has changed is painted again.
+void ControlView::TakeParts() {
+  Parts now = PartsNow();
+  if (now[kPicture].text != parts_[kPicture].text) {
+    if (icon_ != nullptr) DestroyIcon(icon_);
+    icon_ = nullptr;
+    const std::string picture = com::Utf8WithMarks(now[kPicture].text);
+    if (!picture.empty()) icon_ = LoadIconFile(picture, look_->Line());
+  }
+  for (std::size_t i = 0; i < now.size(); ++i) {
+    if (now[i] == parts_[i]) continue;
+    Invalidate(&parts_[i].rect);
+    Invalidate(&now[i].rect);
+  }
+  parts_ = std::move(now);
+}
+
+void ControlView::PaintAll(const Canvas& canvas) const {
+  canvas.Fill(Client(), look_->window);
+  for (std::size_t i = 0; i < parts_.size(); ++i) {
+    const Part& part = parts_[i];
+    if (IsRectEmpty(&part.rect) != FALSE) continue;
+    if (i == kLate) {
+      PaintShape(canvas, part.rect, Shape::kWarning);
+    } else if (i == kPicture) {
+      const int side = look_->Line();
+      if (icon_ != nullptr) {
+        DrawIconEx(canvas.Context(), part.rect.left, (part.rect.top + part.rect.bottom - side) / 2, icon_, side, side,
+                   0, nullptr, DI_NORMAL);
+      }
+    } else {
+      if (part.strip) canvas.Fill(part.rect, look_->tip);
+      canvas.Text(part.strip ? Hollowed(part.rect, look_->Character()) : part.rect, part.text,
+                  part.strip ? look_->tipText : look_->windowText, part.flags, part.font);
+    }
+  }
+  const RECT& actions = places_.actions;
+  canvas.Fill({actions.left, actions.top, actions.right, actions.top + 1}, look_->edge);
+  const RECT& status = places_.status;
+  canvas.Fill({status.left, status.top, status.right, status.top + 1}, look_->edge);
+  LONG right = status.left;
+  for (std::size_t i = 0; i + 1 < std::size(kPercents); ++i) {
+    right += MulDiv(status.right - status.left, kPercents[i], 100);
+    canvas.Fill({right, status.top + 3, right + 1, status.bottom - 3}, look_->edge);
   }
 }
 
@@ -92,7 +125,7 @@ void ControlView::PaintProminent(const DRAWITEMSTRUCT& item) const {
   const Canvas canvas(item.hDC, *look_);
   const bool disabled = (item.itemState & ODS_DISABLED) != 0;
   const bool pressed = (item.itemState & ODS_SELECTED) != 0;
-  const bool prominent = presented_.Shown().unwritten && !disabled;
+  const bool prominent = prominent_ && !disabled;
   RECT rect = item.rcItem;
   if (prominent) {
     canvas.Fill(rect, look_->strong);

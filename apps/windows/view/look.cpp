@@ -1,46 +1,19 @@
 #include "windows/view/look.h"
 
 #include <algorithm>
-#include <cmath>
 #include <new>
+
+#include "presentation/contrast.h"
 
 namespace htr60::view {
 namespace {
 
-double Linear(int part) {
-  const double share = part / 255.0;
-  return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-}
+using presentation::Rgb;
 
-double Luminance(COLORREF color) {
-  return 0.2126 * Linear(GetRValue(color)) + 0.7152 * Linear(GetGValue(color)) + 0.0722 * Linear(GetBValue(color));
-}
-
-COLORREF Mixed(COLORREF a, COLORREF b, double share) {
-  const auto part = [share](int from, int to) { return static_cast<int>(std::lround(from + (to - from) * share)); };
-  return RGB(part(GetRValue(a), GetRValue(b)), part(GetGValue(a), GetGValue(b)), part(GetBValue(a), GetBValue(b)));
-}
-
-constexpr COLORREF kBlack = RGB(0, 0, 0);
-constexpr COLORREF kWhite = RGB(255, 255, 255);
+Rgb RgbOf(COLORREF color) { return {GetRValue(color), GetGValue(color), GetBValue(color)}; }
+COLORREF ColorOf(Rgb color) { return RGB(color.red, color.green, color.blue); }
 
 }  // namespace
-
-double Contrast(COLORREF a, COLORREF b) {
-  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
-COLORREF Against(COLORREF ground, COLORREF wanted, double least) {
-  if (Contrast(ground, wanted) >= least) return wanted;
-  const COLORREF end = Contrast(ground, kBlack) > Contrast(ground, kWhite) ? kBlack : kWhite;
-  constexpr int kSteps = 64;
-  for (int i = 1; i < kSteps; ++i) {
-    const COLORREF color = Mixed(wanted, end, static_cast<double>(i) / kSteps);
-    if (Contrast(ground, color) >= least) return color;
-  }
-  return end;
-}
 
 Look::Look(int dpi) : dpi_(std::max(dpi, 48)), measure_(CreateCompatibleDC(nullptr)) {
   if (measure_ == nullptr) throw std::bad_alloc();
@@ -65,17 +38,13 @@ void Look::TakeColours() {
   disabled = GetSysColor(COLOR_GRAYTEXT);
   tip = GetSysColor(COLOR_INFOBK);
   tipText = GetSysColor(COLOR_INFOTEXT);
-  const bool dark = Luminance(window) < 0.18;
-  // Marks stand on a page and in its fields.
-  const auto onPage = [&](COLORREF wanted) {
-    return Against(base, Against(window, wanted, kTextContrast), kTextContrast);
-  };
-  accent = onPage(highlight);
-  warning = onPage(dark ? RGB(0xFF, 0xC1, 0x4D) : RGB(0x8F, 0x5B, 0x00));
-  alert = onPage(dark ? RGB(0xFF, 0x8A, 0x80) : RGB(0xB0, 0x1B, 0x1B));
-  edge = Against(base, Against(window, GetSysColor(COLOR_BTNSHADOW), kShapeContrast), kShapeContrast);
-  grid = Mixed(window, windowText, 0.15);
-  strong = Against(highlightText, highlight, kTextContrast);
+  const presentation::Grounds grounds{RgbOf(window), RgbOf(base)};
+  accent = ColorOf(grounds.Text(RgbOf(highlight)));
+  warning = ColorOf(grounds.Warning());
+  alert = ColorOf(grounds.Alert());
+  edge = ColorOf(grounds.Shape(RgbOf(GetSysColor(COLOR_BTNSHADOW))));
+  grid = ColorOf(presentation::Mixed(RgbOf(window), RgbOf(windowText), 0.15));
+  strong = ColorOf(presentation::Against(RgbOf(highlightText), RgbOf(highlight), presentation::kTextContrast));
   windowBrush_ = CreateSolidBrush(window);
   baseBrush_ = CreateSolidBrush(base);
 }
@@ -109,11 +78,20 @@ void Look::TakeFonts() {
   }
 }
 
+COLORREF Look::PaleOn(COLORREF ground) const {
+  return ColorOf(presentation::Against(RgbOf(ground), RgbOf(disabled), presentation::kTextContrast));
+}
+
 int Look::WidthOf(std::wstring_view words, Font font) const {
+  constexpr std::size_t kMost = 4096;
+  Widths& widths = widths_[static_cast<std::size_t>(font)];
+  if (const auto known = widths.find(words); known != widths.end()) return known->second;
+  if (widths.size() >= kMost) widths.clear();
   const HGDIOBJ before = SelectObject(measure_, Handle(font));
   SIZE size{};
   GetTextExtentPoint32W(measure_, words.data(), static_cast<int>(words.size()), &size);
   SelectObject(measure_, before);
+  widths.emplace(words, size.cx);
   return size.cx;
 }
 

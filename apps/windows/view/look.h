@@ -1,15 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "windows/win.h"
 
 namespace htr60::view {
-
-/// Of two colours, by their relative luminance: 1 to 21.
-double Contrast(COLORREF a, COLORREF b);
-/// `wanted`, only as far towards black or white as it takes to stand out from `ground` by `least`.
-COLORREF Against(COLORREF ground, COLORREF wanted, double least);
 
 /// Fonts, lengths and colours of the system at one resolution. A change of either makes another.
 class Look {
@@ -30,6 +28,7 @@ class Look {
   /// Mean width of a character.
   int Character() const { return character_; }
   int FieldHeight(Font font = Font::kPlain) const { return Line(font) + 2 * (2 + Line(font) / 6); }
+  /// Asks the system once for most texts: a page is measured at every turn.
   int WidthOf(std::wstring_view text, Font font = Font::kPlain) const;
   /// Height of a text in lines of that width.
   int HeightOf(std::wstring_view text, int width, Font font = Font::kPlain) const;
@@ -39,12 +38,9 @@ class Look {
   /// Ground of a button on which `highlightText` is readable.
   COLORREF strong;
   /// Text that steps back on a ground.
-  COLORREF PaleOn(COLORREF ground) const { return Against(ground, disabled, kTextContrast); }
+  COLORREF PaleOn(COLORREF ground) const;
   HBRUSH WindowBrush() const { return windowBrush_; }
   HBRUSH BaseBrush() const { return baseBrush_; }
-
-  static constexpr double kTextContrast = 4.5;
-  static constexpr double kShapeContrast = 3;
 
  private:
   struct Made {
@@ -53,6 +49,12 @@ class Look {
     int ascent = 0;
   };
 
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view text) const { return std::hash<std::wstring_view>()(text); }
+  };
+  using Widths = std::unordered_map<std::wstring, int, Hash, std::equal_to<>>;
+
   void TakeColours();
   void TakeFonts();
 
@@ -60,6 +62,7 @@ class Look {
   int character_ = 0;
   HDC measure_;
   Made fonts_[4];
+  mutable Widths widths_[4];  // of texts measured lately, by font
   HBRUSH windowBrush_ = nullptr;
   HBRUSH baseBrush_ = nullptr;
 };

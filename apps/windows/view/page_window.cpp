@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cwctype>
+#include <utility>
 
 #include "windows/base/text.h"
+#include "windows/view/damage.h"
 #include "windows/view/figure_painter.h"
 
 namespace htr60::view {
@@ -24,11 +26,16 @@ PageWindow::PageWindow(IViewActs& acts, UserCntrl& control, presentation::Presen
       presented_(presented) {}
 
 void PageWindow::Take(const Look& look) {
+  bool whole = look_ != &look;
   if (page_ != presented_.Page()) {
     page_ = presented_.Page();
     Forget();
     offset_ = {};
+    whole = true;
   }
+  if (look_ != &look) tips_.Take(look);
+  const PagePlan before = std::move(plan_);
+  const POINT scrolled = offset_;
   look_ = &look;
   RECT window{};
   GetWindowRect(Handle(), &window);
@@ -42,7 +49,30 @@ void PageWindow::Take(const Look& look) {
   room_ = room;
   SetBars();
   PlaceFields();
-  Invalidate();
+  const bool drawn = IsRectEmpty(&plan_.figure) == FALSE;
+  const bool redrawn = drawn && figure_ != presented_.Drawing();
+  if (redrawn) figure_ = presented_.Drawing();
+  if (whole || offset_.x != scrolled.x || offset_.y != scrolled.y) return Invalidate();
+  for (const RECT& part : DamageOf(before, plan_, look)) InvalidatePlanned(part);
+  if (redrawn || EqualRect(&before.figure, &plan_.figure) == FALSE) {
+    InvalidatePlanned(before.figure);
+    InvalidatePlanned(plan_.figure);
+  }
+}
+
+void PageWindow::InvalidatePlanned(RECT rect) const {
+  OffsetRect(&rect, -offset_.x, -offset_.y);
+  Invalidate(&rect);
+}
+
+void PageWindow::FollowFocus(HWND window) {
+  const Child* child = Child::Of(window);
+  const ControlId focused = child != nullptr && FieldOf(*child) != nullptr ? child->Spot().control : ControlId{};
+  if (focused == focused_) return;
+  for (const PlannedField& field : plan_.fields) {
+    if (field.control == focused || field.control == focused_) InvalidatePlanned(field.rect);
+  }
+  focused_ = focused;
 }
 
 // A window that goes while it has a tooltip leaves something of that behind.
@@ -209,10 +239,10 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
   if (look_ == nullptr) return Window::OnMessage(message, word, number);
   switch (message) {
     case WM_PAINT:
-      Paint(*look_, [this](const Canvas& canvas, const RECT&) { PaintPage(canvas); });
+      Paint(*look_, [this](const Canvas& canvas, const RECT& part) { PaintPage(canvas, &part); });
       return 0;
     case WM_PRINTCLIENT:
-      PaintPage(Canvas(reinterpret_cast<HDC>(word), *look_));
+      PaintPage(Canvas(reinterpret_cast<HDC>(word), *look_), nullptr);
       return 0;
     case WM_VSCROLL:
     case WM_HSCROLL: {
@@ -334,33 +364,44 @@ void PageWindow::PaintText(const Canvas& canvas, const PlannedText& text) const 
 }
 
 // A frame line tells the field with the focus; a ground what can be typed into.
-void PageWindow::PaintFrames(const Canvas& canvas) const {
-  for (const PlannedField& field : plan_.fields) {
-    FieldWindow* window = FieldOf(field.control);
-    if (window == nullptr || !window->IsFramed()) continue;
-    if (IsTypedInto(field.kind) && field.enabled) canvas.Fill(field.rect, look_->base);
-    const bool focused = GetFocus() == window->Own().Handle();
-    RECT frame = field.rect;
-    for (int i = 0; i < (focused ? std::max(2, look_->Pixels(2)) : std::max(1, look_->Pixels(1))); ++i) {
-      canvas.Frame(frame, focused ? look_->accent : look_->edge);
-      InflateRect(&frame, -1, -1);
-    }
+void PageWindow::PaintFrame(const Canvas& canvas, const PlannedField& field) const {
+  FieldWindow* window = FieldOf(field.control);
+  if (window == nullptr || !window->IsFramed()) return;
+  if (IsTypedInto(field.kind) && field.enabled) canvas.Fill(field.rect, look_->base);
+  const bool focused = field.control == focused_;
+  RECT frame = field.rect;
+  for (int i = 0; i < (focused ? std::max(2, look_->Pixels(2)) : std::max(1, look_->Pixels(1))); ++i) {
+    canvas.Frame(frame, focused ? look_->accent : look_->edge);
+    InflateRect(&frame, -1, -1);
   }
 }
 
-void PageWindow::PaintPage(const Canvas& canvas) {
+void PageWindow::PaintPage(const Canvas& canvas, const RECT* part) {
   canvas.Fill(Client(), look_->window);
   POINT origin{};
   OffsetViewportOrgEx(canvas.Context(), -offset_.x, -offset_.y, &origin);
+  const auto wanted = [&](RECT rect) {
+    InflateRect(&rect, look_->Character(), look_->Character());
+    OffsetRect(&rect, -offset_.x, -offset_.y);
+    RECT both{};
+    return part == nullptr || IntersectRect(&both, &rect, part) != FALSE;
+  };
   for (const RECT& box : plan_.boxes) canvas.Frame(box, look_->edge);
-  PaintFrames(canvas);
-  for (const PlannedText& text : plan_.texts) PaintText(canvas, text);
-  for (const PlannedShape& shape : plan_.shapes) PaintShape(canvas, shape.rect, shape.shape);
+  for (const PlannedField& field : plan_.fields) {
+    if (wanted(field.rect)) PaintFrame(canvas, field);
+  }
+  for (const PlannedText& text : plan_.texts) {
+    if (wanted(text.rect)) PaintText(canvas, text);
+  }
+  for (const PlannedShape& shape : plan_.shapes) {
+    if (wanted(shape.rect)) PaintShape(canvas, shape.rect, shape.shape);
+  }
   for (const presentation::FlowArrow& arrow : plan_.arrows) {
     const POINT points[] = {{arrow.left.x, arrow.left.y}, {arrow.right.x, arrow.right.y}, {arrow.tip.x, arrow.tip.y}};
     canvas.Polygon(points, {.color = look_->windowText}, &look_->windowText);
   }
-  if (IsRectEmpty(&plan_.figure) == FALSE) PaintFigure(canvas, plan_.figure, presented_.Drawing());
+  if (IsRectEmpty(&plan_.figure) == FALSE && wanted(plan_.figure))
+    PaintFigure(canvas, plan_.figure, presented_.Drawing());
   SetViewportOrgEx(canvas.Context(), origin.x, origin.y, nullptr);
 }
 

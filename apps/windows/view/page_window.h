@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "figures/figure.h"
 #include "windows/view/choice_field.h"
 #include "windows/view/fields.h"
 #include "windows/view/page_plan.h"
@@ -26,6 +27,8 @@ class PageWindow final : public Window {
   FieldWindow* FieldOf(const Child& child) const;
   void ScrollTo(ControlId control);
   void Scroll(int notches);
+  /// The focus has gone to `window`: the frames of two fields change.
+  void FollowFocus(HWND window);
   /// After the windows are in their places: the open list follows the presentation.
   void FollowList();
   const PagePlan& Plan() const { return plan_; }
@@ -47,8 +50,10 @@ class PageWindow final : public Window {
   void SetBars();
   void ScrollBy(int bar, int request, int track);
   void MoveTo(POINT offset);
-  void PaintPage(const Canvas& canvas);
-  void PaintFrames(const Canvas& canvas) const;
+  void InvalidatePlanned(RECT rect) const;
+  /// `part` of the window; what lies outside may be left out.
+  void PaintPage(const Canvas& canvas, const RECT* part);
+  void PaintFrame(const Canvas& canvas, const PlannedField& field) const;
   void PaintText(const Canvas& canvas, const PlannedText& text) const;
   void ColourField(HDC context, HWND window, bool readOnly, LRESULT& brush) const;
   void Clicked(int x, int y);
@@ -61,6 +66,8 @@ class PageWindow final : public Window {
   const PageLayout* page_ = nullptr;
   Tips tips_{Handle()};
   PagePlan plan_;
+  Figure figure_;        // as last painted
+  ControlId focused_{};  // the field whose frame tells the focus
   std::vector<Placed> fields_;
   POINT offset_{};  // what is scrolled away
   SIZE room_{};     // of the plan

@@ -5,7 +5,7 @@
 namespace htr60::view {
 namespace {
 
-constexpr int kWidest = 480;  // pixels: longer texts go on in a second line
+constexpr int kWidest = 480;  // 1/96 inch: longer texts go on in a second line
 
 TOOLINFOW ToolOf(HWND owner, HWND tool) {
   TOOLINFOW info{};
@@ -22,8 +22,11 @@ TOOLINFOW ToolOf(HWND owner, HWND tool) {
 Tips::Tips(HWND owner)
     : owner_(owner),
       window_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
-                              0, owner, nullptr, com::Module(), nullptr)) {
-  SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, kWidest);
+                              0, owner, nullptr, com::Module(), nullptr)) {}
+
+void Tips::Take(const Look& look) {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(look.Handle(Look::Font::kPlain)), FALSE);
+  SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, look.Pixels(kWidest));
 }
 
 Tips::~Tips() { DestroyWindow(window_); }

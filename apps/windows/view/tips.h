@@ -4,6 +4,7 @@
 #include <string>
 
 #include "windows/view/controls.h"
+#include "windows/view/look.h"
 
 namespace htr60::view {
 
@@ -16,6 +17,8 @@ class Tips {
   Tips(const Tips&) = delete;
   Tips& operator=(const Tips&) = delete;
 
+  /// In the style of `look`, whose font outlives the next call.
+  void Take(const Look& look);
   void Add(HWND tool);
   void Remove(HWND tool);
   /// True where the notification is the question for a text; `textOf` answers it.
