@@ -1,6 +1,7 @@
 #!/bin/bash
 # Runs what is built for Windows by Wine: wine.sh FOLDER WORD ARGUMENT...
 # FOLDER holds the prefix and what else is needed. The words are functions below. 77: it cannot be run here.
+# HTR60_DISPLAY=1: they open windows; HTR60_DPI: dots an inch of the screen, for a program.
 # HTR60_BITS: of the programs, 64 or 32; HTR60_LIMIT: seconds that all of it may take.
 set -euo pipefail
 folder=$1
@@ -48,7 +49,7 @@ made=$WINEPREFIX/made-unmanaged
 if [ "${HTR60_DISPLAY:-0}" = 1 ]; then
   if ! command -v Xvfb >/dev/null; then skip "there is no Xvfb (Debian: xvfb)"; fi
   exec 3>"$folder/display"
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp >/dev/null 2>&1 &
+  Xvfb -displayfd 3 -screen 0 2560x1600x24 -nolisten tcp >/dev/null 2>&1 &
   display=$!
   exec 3>&-
   for ((i = 0; i < 100; i++)); do
@@ -150,11 +151,18 @@ expect() {
   fi
 }
 
+# set_resolution DPI: of the screen, for what is run from now on.
+set_resolution() {
+  run reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$1" /f
+}
+
 # program EXPECTED PROGRAM ARGUMENT...: its output is that of the file, to the last line.
 program() {
   local expected=$1 status=0
   shift
+  if [ -n "${HTR60_DPI:-}" ]; then set_resolution "$HTR60_DPI"; fi
   run "$@" >"$folder/found" || status=$?
+  if [ -n "${HTR60_DPI:-}" ]; then set_resolution 96; fi
   expect "$expected" "$folder/found" "$status"
 }
 

@@ -169,13 +169,15 @@ void ControlView::TakeStrips() {
         item.pszText = caption.data();
         SendMessageW(window->Handle(), TCM_INSERTITEMW, tab, reinterpret_cast<LPARAM>(&item));
       }
-      strips_.insert(strips_.begin() + static_cast<std::ptrdiff_t>(i), {shown.control, std::move(window)});
+      strips_.insert(strips_.begin() + static_cast<std::ptrdiff_t>(i), {shown.control, std::move(window), shown.index});
     }
     Child& window = *strips_[i].window;
     window.SetFont(look_->Handle(Look::Font::kPlain));
     if (SendMessageW(window.Handle(), TCM_GETCURSEL, 0, 0) != shown.index) {
       SendMessageW(window.Handle(), TCM_SETCURSEL, static_cast<WPARAM>(shown.index), 0);
     }
+    // The strip itself leaves lines of the one that was in front.
+    if (std::exchange(strips_[i].index, shown.index) != shown.index) InvalidateRect(window.Handle(), nullptr, TRUE);
     window.Show(true);
   }
 }

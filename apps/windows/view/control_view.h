@@ -53,6 +53,7 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   struct Strip {
     TabsId id;
     std::unique_ptr<Child> window;
+    int index = 0;  // in front
   };
   struct BarButton {
     std::unique_ptr<ButtonField> window;

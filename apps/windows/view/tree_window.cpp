@@ -47,7 +47,7 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
   if (marks == marks_ && !restyled && !rebuilt) return;
   marks_ = marks;
   ShowPictures(tree);
-  InvalidateRect(Handle(), nullptr, FALSE);
+  InvalidateRect(Handle(), nullptr, TRUE);  // a pencil stands where the tree itself paints nothing
 }
 
 // The open node has its own.
