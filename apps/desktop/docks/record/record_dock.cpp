@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTableWidget>
+#include <QTimer>
 
 #include "desktop/docks/record/record_pdf.h"
 #include "desktop/edge.h"
@@ -20,8 +21,7 @@ namespace {
 
 using observe::Record;
 
-constexpr int kRemark = static_cast<int>(Record::kColumns) - 1;
-constexpr int kStep = 1;
+bool IsOperators(int column) { return column == Record::kRemark || column == Record::kOperator; }
 
 }  // namespace
 
@@ -59,6 +59,7 @@ QWidget* RecordDock::MakeTools() {
   name_->setObjectName(QStringLiteral("operatorName"));
   name_->setAccessibleName(tr("Operator"));
   name_->setMaxLength(100);
+  name_->setToolTip(tr("Who calibrates from now on. What has been done keeps the name it has."));
   tolerance_ = new QDoubleSpinBox(tools);
   tolerance_->setObjectName(QStringLiteral("tolerance"));
   tolerance_->setAccessibleName(tr("Tolerance in percent of span"));
@@ -78,7 +79,10 @@ QWidget* RecordDock::MakeTools() {
   line->addWidget(save);
   line->addWidget(clear);
   for (QPushButton* button : {save, clear}) button->setAutoDefault(false);
-  Connect(name_, &QLineEdit::textChanged, this, [this](const QString& name) { record_.SetOperator(ToUtf8(name)); });
+  Connect(name_, &QLineEdit::editingFinished, this, [this] {
+    TakeName();
+    Turn();
+  });
   Connect(tolerance_, &QDoubleSpinBox::valueChanged, this, [this](double percent) {
     record_.SetTolerance(percent > 0 ? std::optional(percent) : std::nullopt);
     Turn();
@@ -109,15 +113,18 @@ void RecordDock::MakeTable(QWidget& parent) {
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   table_->setTabKeyNavigation(false);
   for (int column = 0; column < table_->columnCount(); ++column) {
-    const bool wide = column == kStep || column == kRemark;
+    const bool wide = column == Record::kStep || column == Record::kRemark;
     table_->horizontalHeader()->setSectionResizeMode(column,
                                                      wide ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
   }
   table_->setMinimumHeight(table_->horizontalHeader()->sizeHint().height() + 4 * (fontMetrics().height() + 6));
   static_cast<QVBoxLayout*>(parent.layout())->addWidget(table_, 1);
   Connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
-    if (showing_ || item->column() != kRemark) return;
-    record_.SetRemark(static_cast<std::size_t>(item->row()), ToUtf8(item->text()));
+    if (showing_) return;
+    const auto step = static_cast<std::size_t>(item->row());
+    if (item->column() == Record::kRemark) record_.SetRemark(step, ToUtf8(item->text()));
+    if (item->column() == Record::kOperator) record_.SetOperatorOf(step, ToUtf8(item->text()));
+    QTimer::singleShot(0, this, [this] { Guarded([this] { Turn(); }); });
   });
 }
 
@@ -135,7 +142,10 @@ void RecordDock::Turn() {
   ShowCharts();
 }
 
+void RecordDock::TakeName() { record_.SetOperator(ToUtf8(name_->text().trimmed())); }
+
 void RecordDock::Show() {
+  table_->setColumnHidden(Record::kOperator, record_.ColumnsShown() <= Record::kOperator);
   table_->setRowCount(static_cast<int>(record_.Steps().size()));
   for (std::size_t step = 0; step < record_.Steps().size(); ++step) {
     const auto cells = record_.Cells(step);
@@ -145,12 +155,12 @@ void RecordDock::Show() {
       QTableWidgetItem* item = table_->item(row, at);
       if (item == nullptr) {
         item = new QTableWidgetItem;
-        if (at != kRemark) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+        if (!IsOperators(at)) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
         table_->setItem(row, at, item);
       }
       const QString text = ToQt(cells[column]);
       if (item->text() != text) item->setText(text);
-      if (at >= 2 && at <= 6) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      if (Record::IsNumber(column)) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
   }
 }
@@ -182,6 +192,7 @@ observe::RecordHead RecordDock::Head() const {
 }
 
 void RecordDock::SaveTo(const QString& file) {
+  TakeName();
   const QString ending = QFileInfo(file).suffix().toLower();
   if (ending == QLatin1String("html")) return SaveAndSay(file, record_.Html(Head()), *message_);
   if (ending == QLatin1String("csv")) return SaveAndSay(file, record_.Csv(Head()), *message_);

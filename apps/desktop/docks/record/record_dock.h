@@ -34,6 +34,7 @@ class RecordDock final : public QDockWidget {
  private:
   QWidget* MakeTools();
   void MakeTable(QWidget& parent);
+  void TakeName();
   void Show();
   void ShowCharts();
   observe::RecordHead Head() const;
