@@ -109,8 +109,9 @@ void FigureWidget::Arrange() {
   if (!figure_.x.ticks.empty()) {
     right = std::max(right, metrics.horizontalAdvance(ToQt(figure_.x.ticks.back().text)) / 2.0);
   }
+  const double under = figure_.x.caption.empty() ? 1.4 : 2.4;  // lines for numbers and caption of the axis
   plot_ = QRectF(QPointF(room.left() + left + gap * 1.5, above_.bottom() + line * 1.4),
-                 QPointF(room.right() - right, below_.top() - line * 2.4));
+                 QPointF(room.right() - right, below_.top() - line * under));
 }
 
 QPointF FigureWidget::Place(FigurePoint point) const {

@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QTableWidget>
 #include <QTimer>
+#include <algorithm>
 
 #include "desktop/docks/record/record_pdf.h"
 #include "desktop/edge.h"
@@ -117,7 +118,7 @@ void RecordDock::MakeTable(QWidget& parent) {
     table_->horizontalHeader()->setSectionResizeMode(column,
                                                      wide ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
   }
-  table_->setMinimumHeight(table_->horizontalHeader()->sizeHint().height() + 4 * (fontMetrics().height() + 6));
+  table_->setMinimumHeight(HeightOf(4));
   static_cast<QVBoxLayout*>(parent.layout())->addWidget(table_, 1);
   Connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
     if (showing_) return;
@@ -142,11 +143,18 @@ void RecordDock::Turn() {
   ShowCharts();
 }
 
+int RecordDock::HeightOf(int steps) const {
+  return table_->horizontalHeader()->sizeHint().height() + 2 * table_->frameWidth() +
+         steps * table_->verticalHeader()->defaultSectionSize();
+}
+
 void RecordDock::TakeName() { record_.SetOperator(ToUtf8(name_->text().trimmed())); }
 
 void RecordDock::Show() {
   table_->setColumnHidden(Record::kOperator, record_.ColumnsShown() <= Record::kOperator);
   table_->setRowCount(static_cast<int>(record_.Steps().size()));
+  // Where there are few, the drawing has the room.
+  table_->setMaximumHeight(HeightOf(std::max(4, table_->rowCount())));
   for (std::size_t step = 0; step < record_.Steps().size(); ++step) {
     const auto cells = record_.Cells(step);
     for (std::size_t column = 0; column < cells.size(); ++column) {

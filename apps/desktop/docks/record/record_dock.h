@@ -35,6 +35,7 @@ class RecordDock final : public QDockWidget {
   QWidget* MakeTools();
   void MakeTable(QWidget& parent);
   void TakeName();
+  int HeightOf(int steps) const;
   void Show();
   void ShowCharts();
   observe::RecordHead Head() const;
