@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "figures/axis.h"
@@ -357,10 +358,15 @@ void Record::Clear() {
 
 // ---- what is shown
 
+// A number that was typed loses a little of itself on the wire: what five digits tell as well stands in five.
 std::string Record::NumberText(double number) const {
+  constexpr double kLost = 2e-6;
   std::array<char, 64> text{};
-  const int size = std::snprintf(text.data(), text.size(), "%.6g", number);
-  std::string shown(text.data(), static_cast<std::size_t>(size));
+  for (const int digits : {5, 6}) {
+    std::snprintf(text.data(), text.size(), "%.*g", digits, number);
+    if (std::abs(std::strtod(text.data(), nullptr) - number) <= kLost * std::abs(number)) break;
+  }
+  std::string shown(text.data());
   std::replace(shown.begin(), shown.end(), '.', separator_);
   return shown;
 }

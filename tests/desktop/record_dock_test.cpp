@@ -2,12 +2,16 @@
 
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <nlohmann/json.hpp>
 
 #include "desktop/docks/docks.h"
@@ -146,6 +150,24 @@ TEST_F(RecordDockTest, IsSavedAsADocumentThatReadsBack) {
   }
   Dock().SaveTo(folder.filePath(QStringLiteral("missing/record.pdf")));
   EXPECT_TRUE(Dock().findChild<DockMessage*>()->text().contains(QLatin1String("cannot be saved")));
+}
+
+TEST_F(RecordDockTest, TheNameOfTheFileGoesWithTheKindThatIsChosen) {
+  ASSERT_TRUE(Connect());
+  Dock().show();
+  QString chosen;
+  QTimer::singleShot(100, &window_, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->selectNameFilter(QStringLiteral("Web page (*.html)"));
+    Q_EMIT dialog->filterSelected(QStringLiteral("Web page (*.html)"));
+    chosen = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+    dialog->reject();
+  });
+  for (auto* button : Dock().findChildren<QPushButton*>()) {
+    if (button->text() == QLatin1String("Save...")) button->click();
+  }
+  EXPECT_EQ(chosen, QStringLiteral("HTR60-1 calibration 2026-01-01.html"));
 }
 
 TEST_F(RecordDockTest, ALongRecordGoesOnOverNumberedPages) {

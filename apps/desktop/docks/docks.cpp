@@ -67,8 +67,11 @@ Qt::Orientation Docks::OrientationOf(QDockWidget& dock) const {
   return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea ? Qt::Vertical : Qt::Horizontal;
 }
 
-int Docks::SideOf(const QDockWidget& dock) const {
-  return sides_.at(static_cast<std::size_t>(std::find(docks_.begin(), docks_.end(), &dock) - docks_.begin()));
+// The page keeps more than half of the window.
+int Docks::SideOf(QDockWidget& dock) const {
+  const auto row = std::find(docks_.begin(), docks_.end(), &dock) - docks_.begin();
+  const int whole = OrientationOf(dock) == Qt::Vertical ? window_.height() : window_.width();
+  return std::min(Pixels(window_, sides_.at(static_cast<std::size_t>(row))), whole * 9 / 20);
 }
 
 void Docks::Toggle(QDockWidget& dock, bool shown) {
@@ -84,7 +87,7 @@ void Docks::Toggle(QDockWidget& dock, bool shown) {
         break;
       }
     }
-    if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, SideOf(dock))}, OrientationOf(dock));
+    if (!dock.isFloating()) window_.resizeDocks({&dock}, {SideOf(dock)}, OrientationOf(dock));
   }
   dock.raise();
   if (QWidget* first = dock.widget()->nextInFocusChain()) {

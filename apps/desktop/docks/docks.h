@@ -44,7 +44,7 @@ class Docks final : public QObject {
  private:
   void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
   void Toggle(QDockWidget& dock, bool shown);
-  int SideOf(const QDockWidget& dock) const;
+  int SideOf(QDockWidget& dock) const;
   Qt::Orientation OrientationOf(QDockWidget& dock) const;
 
   QMainWindow& window_;

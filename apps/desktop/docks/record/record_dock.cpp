@@ -4,6 +4,7 @@
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -45,6 +46,10 @@ RecordDock::RecordDock(DockContext context, QWidget* parent)
   auto* drawings = new QWidget(scroll);
   charts_ = new QVBoxLayout(drawings);
   charts_->setContentsMargins(0, 0, 0, 0);
+  empty_ = new QLabel(tr("Nothing has been calibrated yet. What you calibrate is kept here by itself."), drawings);
+  empty_->setWordWrap(true);
+  empty_->setAlignment(Qt::AlignCenter);
+  charts_->addWidget(empty_);
   scroll->setWidget(drawings);
   column->addWidget(scroll, 1);
   message_ = new DockMessage(all);
@@ -175,6 +180,7 @@ void RecordDock::Show() {
 
 void RecordDock::ShowCharts() {
   std::vector<observe::RecordChart> charts = record_.Charts();
+  empty_->setVisible(record_.Steps().empty());
   while (figures_.size() > charts.size()) {
     delete figures_.back();
     figures_.pop_back();
@@ -183,7 +189,12 @@ void RecordDock::ShowCharts() {
     figures_.push_back(new FigureWidget(false, this));
     charts_->addWidget(figures_.back(), 1);
   }
-  for (std::size_t i = 0; i < charts.size(); ++i) figures_[i]->Show(std::move(charts[i].figure));
+  for (std::size_t i = 0; i < charts.size(); ++i) {
+    // The words below take nothing from the drawing.
+    const auto words = static_cast<int>(charts[i].figure.remarks.size()) * fontMetrics().lineSpacing();
+    figures_[i]->setMinimumHeight(figures_[i]->minimumSizeHint().height() + words);
+    figures_[i]->Show(std::move(charts[i].figure));
+  }
 }
 
 observe::RecordHead RecordDock::Head() const {

@@ -7,6 +7,7 @@
 #include "observe/record.h"
 
 class QDoubleSpinBox;
+class QLabel;
 class QLineEdit;
 class QTableWidget;
 class QVBoxLayout;
@@ -48,6 +49,7 @@ class RecordDock final : public QDockWidget {
   QDoubleSpinBox* tolerance_;
   QTableWidget* table_;
   QVBoxLayout* charts_;
+  QLabel* empty_;
   std::vector<FigureWidget*> figures_;
   DockMessage* message_;
 };
