@@ -486,9 +486,6 @@ std::vector<RecordChart> Record::Charts() const {
     if (tolerance_) figure.bands.push_back({-*tolerance_, *tolerance_});
     figure.remarks.push_back(std::string("Hollow: as found. Filled: as left.") +
                              (tolerance_ ? " Band: tolerance." : ""));
-    if (charts.size() == 1) {
-      for (const std::string& line : Worst()) figure.remarks.push_back(line + ".");
-    }
     figure.sentence = "Errors of the calibration in percent of span.";
   }
   return charts;

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -91,6 +92,9 @@ TEST_F(RecordDockTest, TheOperatorAddsNameRemarkAndTolerance) {
   EXPECT_EQ(Dock().Kept().Steps().at(0).remark, "reference 12");
   EXPECT_EQ(Dock().Kept().Tolerance(), 0.5);
   EXPECT_FALSE(Table().item(0, 1)->flags().testFlag(Qt::ItemIsEditable)) << "what the device told stays as it is";
+  EXPECT_EQ(Dock().findChild<QLabel*>(QStringLiteral("worstErrors"))->text(),
+            QStringLiteral("Worst as found: +0.802 % of span, Lower trim, outside the tolerance.\n"
+                           "Worst as left: +0.000 % of span, Lower trim, within the tolerance."));
   const auto figures = Dock().findChildren<FigureWidget*>();
   ASSERT_EQ(figures.size(), 1);
   const Figure& figure = figures.at(0)->Shown();

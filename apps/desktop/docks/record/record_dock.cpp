@@ -52,6 +52,12 @@ RecordDock::RecordDock(DockContext context, QWidget* parent)
   charts_->addWidget(empty_);
   scroll->setWidget(drawings);
   column->addWidget(scroll, 1);
+  worst_ = new QLabel(all);
+  worst_->setObjectName(QStringLiteral("worstErrors"));
+  worst_->setAccessibleName(tr("Worst errors"));
+  worst_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  worst_->hide();
+  column->addWidget(worst_);
   message_ = new DockMessage(all);
   column->addWidget(message_);
   setWidget(all);
@@ -189,12 +195,11 @@ void RecordDock::ShowCharts() {
     figures_.push_back(new FigureWidget(false, this));
     charts_->addWidget(figures_.back(), 1);
   }
-  for (std::size_t i = 0; i < charts.size(); ++i) {
-    // The words below take nothing from the drawing.
-    const auto words = static_cast<int>(charts[i].figure.remarks.size()) * fontMetrics().lineSpacing();
-    figures_[i]->setMinimumHeight(figures_[i]->minimumSizeHint().height() + words);
-    figures_[i]->Show(std::move(charts[i].figure));
-  }
+  for (std::size_t i = 0; i < charts.size(); ++i) figures_[i]->Show(std::move(charts[i].figure));
+  QStringList worst;
+  for (const std::string& line : record_.Worst()) worst << ToQt(line) + QLatin1Char('.');
+  worst_->setText(worst.join(u'\n'));
+  worst_->setVisible(!worst.isEmpty());
 }
 
 observe::RecordHead RecordDock::Head() const {

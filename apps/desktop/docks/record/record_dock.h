@@ -50,6 +50,7 @@ class RecordDock final : public QDockWidget {
   QTableWidget* table_;
   QVBoxLayout* charts_;
   QLabel* empty_;
+  QLabel* worst_;
   std::vector<FigureWidget*> figures_;
   DockMessage* message_;
 };

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <numeric>
 #include <vector>
 
 #include "desktop/figure/figure_widget.h"
@@ -33,7 +32,8 @@ constexpr double kSignatureHeight = 90;
 constexpr double kFooterHeight = 22;
 constexpr int kTextPixels = 11;
 constexpr int kTitlePixels = 20;
-constexpr std::array<double, Record::kColumns> kColumns = {54, 106, 56, 58, 52, 58, 52, 40, 104, 100, 70};
+constexpr std::array<double, Record::kColumns> kColumns = {54, 106, 56, 58, 52, 58, 52, 40, 104, 100, 0};
+constexpr std::array<double, Record::kColumns> kColumnsOfSeveral = {54, 84, 56, 58, 52, 58, 52, 40, 94, 60, 72};
 
 QFont TextFont(int pixels = kTextPixels, bool bold = false) {
   QFont font;
@@ -48,9 +48,8 @@ class Sheet {
   Sheet(QPainter& painter, const Record& record, const observe::RecordHead& head, int pages,
         std::function<void()> newPage)
       : painter_(painter), record_(record), head_(head), pages_(pages), newPage_(std::move(newPage)) {
-    widths_.assign(kColumns.begin(), kColumns.begin() + static_cast<std::ptrdiff_t>(record.ColumnsShown()));
-    const double all = std::accumulate(widths_.begin(), widths_.end(), 0.0);
-    for (double& width : widths_) width *= kWidth / all;
+    const auto& widths = record.ColumnsShown() == Record::kColumns ? kColumnsOfSeveral : kColumns;
+    widths_.assign(widths.begin(), widths.begin() + static_cast<std::ptrdiff_t>(record.ColumnsShown()));
   }
 
   int Draw() {
@@ -203,7 +202,6 @@ class Sheet {
     paper.setColor(QPalette::Window, Qt::white);
     figure.setPalette(paper);
     figure.resize(static_cast<int>(kWidth), static_cast<int>(kChartHeight));
-    chart.figure.remarks.resize(1);  // the others stand above the drawings
     figure.Show(std::move(chart.figure));
     painter_.save();
     painter_.translate(0, y_ + 6);
