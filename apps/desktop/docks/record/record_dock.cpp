@@ -129,7 +129,7 @@ void RecordDock::MakeTable(QWidget& parent) {
     table_->horizontalHeader()->setSectionResizeMode(column,
                                                      wide ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
   }
-  table_->setMinimumHeight(HeightOf(4));
+  table_->setMinimumHeight(HeightOf(2));
   static_cast<QVBoxLayout*>(parent.layout())->addWidget(table_, 1);
   Connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
     if (showing_) return;
@@ -165,7 +165,7 @@ void RecordDock::Show() {
   table_->setColumnHidden(Record::kOperator, record_.ColumnsShown() <= Record::kOperator);
   table_->setRowCount(static_cast<int>(record_.Steps().size()));
   // Where there are few, the drawing has the room.
-  table_->setMaximumHeight(HeightOf(std::max(4, table_->rowCount())));
+  table_->setMaximumHeight(HeightOf(std::max(2, table_->rowCount())));
   for (std::size_t step = 0; step < record_.Steps().size(); ++step) {
     const auto cells = record_.Cells(step);
     for (std::size_t column = 0; column < cells.size(); ++column) {
@@ -192,7 +192,7 @@ void RecordDock::ShowCharts() {
     figures_.pop_back();
   }
   while (figures_.size() < charts.size()) {
-    figures_.push_back(new FigureWidget(false, this));
+    figures_.push_back(new FigureWidget(true, this));
     charts_->addWidget(figures_.back(), 1);
   }
   for (std::size_t i = 0; i < charts.size(); ++i) figures_[i]->Show(std::move(charts[i].figure));
