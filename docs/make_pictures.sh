@@ -26,3 +26,7 @@ take table-pasting pasting
 take level-settings level
 take no-answer stale
 take density-others fault
+take communication communication
+take trend trend
+take calibration-record-with-tolerance record
+take simulator simulator

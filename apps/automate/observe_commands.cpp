@@ -196,13 +196,14 @@ Json ValueJson(const std::optional<observe::RecordValue>& value, std::optional<d
   return json;
 }
 
-Json StepJson(const observe::RecordStep& step) {
+Json StepJson(const observe::Record& record, const observe::RecordStep& step) {
   Json json = {{"atMs", step.at},
                {"step", step.what},
                {"page", step.page},
                {"unit", step.unit},
                {"verdict", step.verdict},
                {"remark", step.remark},
+               {"operator", record.OperatorOf(step)},
                {"awaited", step.open},
                {"applied", nullptr},
                {"span", nullptr},
@@ -240,6 +241,7 @@ struct RecordCommand {
   bool setsTolerance = false;
   std::optional<double> tolerance;
   std::vector<std::pair<std::size_t, std::string>> remarks;
+  std::vector<std::pair<std::size_t, std::string>> names;
   std::optional<std::string> file;
 };
 
@@ -247,6 +249,7 @@ void PutRecord(observe::Record& record, const RecordCommand& command) {
   if (command.name) record.SetOperator(*command.name);
   if (command.setsTolerance) record.SetTolerance(command.tolerance);
   for (const auto& [step, text] : command.remarks) record.SetRemark(step, text);
+  for (const auto& [step, name] : command.names) record.SetOperatorOf(step, name);
 }
 
 // What is saved holds what the command adds; where it cannot be saved, that is taken back.
@@ -269,12 +272,15 @@ Json CarryOutRecord(VirtualHost& host, const RecordCommand& command) {
     if (step >= record.Steps().size()) throw CommandError("there is no step " + std::to_string(step));
     before.remarks.emplace_back(step, record.Steps()[step].remark);
   }
+  for (std::size_t step = 0; step < record.Steps().size(); ++step) {
+    before.names.emplace_back(step, record.Steps()[step].who);
+  }
   PutRecord(record, command);
   if (command.file) SaveRecord(host, command, before);
   if (command.clear) record.Clear();
   Json answer = {{"steps", Json::array()}, {"worst", record.Worst()}, {"operator", record.Operator()}};
   answer["tolerance"] = record.Tolerance() ? Number(*record.Tolerance()) : Json();
-  for (const observe::RecordStep& step : record.Steps()) answer["steps"].push_back(StepJson(step));
+  for (const observe::RecordStep& step : record.Steps()) answer["steps"].push_back(StepJson(record, step));
   return answer;
 }
 

@@ -26,7 +26,7 @@ void AddField(std::string& text, std::string_view field, char separator, char de
 
 }  // namespace
 
-void AddCsvLine(std::string& text, std::initializer_list<std::string_view> fields, char decimalSeparator) {
+void AddCsvLine(std::string& text, const std::vector<std::string_view>& fields, char decimalSeparator) {
   const char separator = decimalSeparator == ',' ? ';' : ',';
   bool first = true;
   for (const std::string_view field : fields) {

@@ -4,16 +4,29 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "figures/axis.h"
+#include "simulator/device/density.h"
 
 namespace htr60::observe {
 namespace {
 
 constexpr std::int64_t kPatienceMs = 30'000;
+constexpr std::int64_t kSelfPatienceMs = 600'000;  // its verdict stands on another tab
 constexpr int kCurveWrite = 31;
-constexpr std::string_view kVerdict = "operResult";
+constexpr int kBackupWrite = 32;
+constexpr int kMeasuredTypeWrite = 54;
+constexpr std::string_view kResult = "operResult";
+constexpr std::string_view kOutputUnit = "outUnit";
+constexpr std::string_view kMeasuredType = "Measured type";
+
+const WireValue* FindAttribute(const std::vector<WireValue>& values, std::size_t attribute) {
+  const std::string tag = "Attribute" + std::to_string(attribute);
+  const auto found = std::find_if(values.begin(), values.end(), [&](const WireValue& v) { return v.tag == tag; });
+  return found == values.end() ? nullptr : &*found;
+}
 
 }  // namespace
 
@@ -27,6 +40,14 @@ struct Record::Kind {
   bool verdict = true;  ///< an answer of its page tells one
   bool applied = true;  ///< a true value stands against the one shown
   std::size_t attribute = 1;
+  // Of the density, which the device calibrates by itself with some measured types, the true value it knows itself.
+  int measuredType = -1;
+  std::string_view point = {};     ///< the true value, once it has calibrated
+  std::string_view pressure = {};  ///< the pressure there
+
+  bool IsSelf() const { return measuredType >= 0; }
+  /// The operand of a write of this kind; null: it is none.
+  const WireValue* Given(int write, const std::vector<WireValue>& values) const;
 };
 
 // Without a reference nothing is applied: two points are set, and no error is found.
@@ -46,8 +67,19 @@ constexpr Record::Kind Record::kKinds[] = {
     {64, "Sensor 2, lower point without reference", "calLo.lo", "", "", false, false, 2},
     {52, "Lower density point", "@pv", "densHi", "densLo"},
     {53, "Upper density point", "@pv", "densHi", "densLo"},
+    {kMeasuredTypeWrite, "Self calibration in air", "@pv", "densHi", "densLo", true, true, 1, sim::kMeasuredKilogram,
+     "densLo", "densPressLo"},
+    // The way from air to water is none that Brix could measure.
+    {kMeasuredTypeWrite, "Self calibration in water", "@pv", "", "", true, true, 1, sim::kMeasuredBrix, "densHi",
+     "densPressHi"},
     {30, "Characterization", "", "", "", false, false},
 };
+
+const WireValue* Record::Kind::Given(int write, const std::vector<WireValue>& values) const {
+  const WireValue* given = write == code ? FindAttribute(values, attribute) : nullptr;
+  if (given != nullptr && IsSelf() && std::strtol(given->digits.c_str(), nullptr, 16) != measuredType) return nullptr;
+  return given;
+}
 
 std::optional<double> RecordStep::ErrorOf(const std::optional<RecordValue>& value) const {
   if (!applied || !value || !span || span->Width() <= 0 || value->unit != unit || span->unit != unit)
@@ -73,24 +105,41 @@ void Record::CatchUp(std::uint64_t before) {
   for (const TrafficLine& line : reader_.Next()) {
     if (line.number >= before || line.kind != EntryKind::kAnswer || !line.fault.empty()) continue;
     for (const WireValue& value : line.values) {
+      if (value.source == kOutputUnit && value.fault.empty()) outUnit_ = line.pair;
+    }
+    for (const WireValue& value : line.values) {
       if (!value.fault.empty()) continue;
-      if (value.source == kVerdict) verdict_ = {value.value, line.pair};
+      if (value.source == kResult) verdict_ = {value.value, line.pair};
       if (value.numbers.size() != 1 || !std::isfinite(value.numbers.front())) continue;
-      known_[value.source] = {{value.numbers.front(), value.unit, value.status}, line.pair};
+      known_[value.source] = {{value.numbers.front(), value.unit, value.status}, line.pair, outUnit_};
     }
   }
 }
 
 void Record::OnRequest(const Entry& request) {
   if (request.kind != EntryKind::kWrite) return;
-  bool any = request.code == kCurveWrite;
+  bool any = request.code == kCurveWrite || request.code == kBackupWrite;
   for (const Kind& kind : kKinds) any = any || kind.code == request.code;
   if (!any) return;
   CatchUp(request.number);
+  const auto values = WireWords(separator_).OfRequest({true, request.code, {}}, request.document);
+  const auto is = [&](const Kind& kind) { return kind.Given(request.code, values) != nullptr; };
+  const bool verdict = request.code != kMeasuredTypeWrite || std::any_of(std::begin(kKinds), std::end(kKinds), is);
+  if (request.state != EntryState::kFailed) EndPending(request.number, verdict);
   for (const Kind& kind : kKinds) {
-    if (kind.code == request.code) Begin(kind, request);
+    if (const WireValue* given = kind.Given(request.code, values)) Begin(kind, request, *given);
   }
-  if (request.code == kCurveWrite) BeginCurve(request);
+  if (request.code == kCurveWrite) BeginCurve(request, values);
+}
+
+// The device keeps the verdict of the last calibration alone, and what it shows behind another one that has left.
+void Record::EndPending(std::uint64_t write, bool verdict) {
+  for (Pending& pending : pending_) {
+    pending.valueEnd = std::min(pending.valueEnd, write);
+    if (!verdict) continue;
+    pending.verdictEnd = std::min(pending.verdictEnd, write);
+    pending.until = std::min(pending.until, observer_.Now() + kPatienceMs);
+  }
 }
 
 RecordStep& Record::AddStep(const Entry& request, std::string what) {
@@ -122,39 +171,40 @@ std::optional<RecordSpan> Record::SpanOf(const Kind& kind, const std::string& un
   return spans_[key] = span;
 }
 
-void Record::Begin(const Kind& kind, const Entry& request) {
-  WireWords words(separator_);
-  const auto values = words.OfRequest({true, request.code, {}}, request.document);
-  const std::string tag = "Attribute" + std::to_string(kind.attribute);
-  const auto given =
-      std::find_if(values.begin(), values.end(), [&](const WireValue& value) { return value.tag == tag; });
-  if (given == values.end()) return;
-  const bool number = given->numbers.size() == 1;
-  RecordStep& step = AddStep(request, std::string(kind.what) + (number ? "" : ": " + given->value));
+void Record::Begin(const Kind& kind, const Entry& request, const WireValue& given) {
+  const bool number = given.numbers.size() == 1;
+  // Of a measured type nobody knows yet whether the device calibrates with it.
+  const std::string_view what = kind.IsSelf() ? kMeasuredType : kind.what;
+  RecordStep& step = AddStep(request, std::string(what) + (number ? "" : ": " + given.value));
   const auto known = known_.find(kind.value);
   if (known != known_.end()) {
     step.found = known->second.value;
-    step.unit = step.found->unit;
+    if (!kind.IsSelf()) step.unit = step.found->unit;
   }
-  if (number) step.applied = given->numbers.front();
-  if (kind.applied) step.span = SpanOf(kind, step.unit);
+  if (number) step.applied = given.numbers.front();
+  if (kind.applied && !kind.IsSelf()) step.span = SpanOf(kind, step.unit);
   if (request.state == EntryState::kFailed || (kind.value.empty() && !kind.verdict)) return;
   step.open = true;
-  pending_.push_back({steps_.size() - 1, request.number, kind.value, kind.verdict, false, request.at + kPatienceMs});
+  Pending pending;
+  pending.kind = &kind;
+  pending.step = steps_.size() - 1;
+  pending.write = request.number;
+  pending.valueUntil = request.at + kPatienceMs;
+  pending.until = request.at + (kind.IsSelf() ? kSelfPatienceMs : kPatienceMs);
+  if (verdict_) pending.verdictBefore = verdict_->first;
+  if (const auto pressure = known_.find(kind.pressure); pressure != known_.end()) {
+    pending.pressureBefore = pressure->second.value;
+  }
+  pending_.push_back(std::move(pending));
 }
 
 // The points of a curve: what was applied, and what the device showed at each of them.
-void Record::BeginCurve(const Entry& request) {
-  WireWords words(separator_);
-  const auto values = words.OfRequest({true, request.code, {}}, request.document);
-  const auto find = [&](const char* tag) {
-    return std::find_if(values.begin(), values.end(), [&](const WireValue& value) { return value.tag == tag; });
-  };
-  const auto measured = find("Attribute2");
-  const auto applied = find("Attribute3");
-  const auto count = find("Attribute1");
-  const auto operation = find("Attribute4");
-  if (measured == values.end() || applied == values.end() || count == values.end()) return;
+void Record::BeginCurve(const Entry& request, const std::vector<WireValue>& values) {
+  const WireValue* count = FindAttribute(values, 1);
+  const WireValue* measured = FindAttribute(values, 2);
+  const WireValue* applied = FindAttribute(values, 3);
+  const WireValue* operation = FindAttribute(values, 4);
+  if (measured == nullptr || applied == nullptr || count == nullptr) return;
   const auto points = static_cast<std::size_t>(std::strtoul(count->digits.c_str(), nullptr, 16));
   const auto live = known_.find("@raw");
   const std::string unit = live == known_.end() ? std::string() : live->second.value.unit;
@@ -165,7 +215,7 @@ void Record::BeginCurve(const Entry& request) {
   const auto [low, high] =
       std::minmax_element(applied->numbers.begin(), applied->numbers.begin() + static_cast<std::ptrdiff_t>(known));
   if (!span) span = RecordSpan{*low, *high, unit};
-  const std::string after = operation == values.end() ? std::string() : ", " + operation->value;
+  const std::string after = operation == nullptr ? std::string() : ", " + operation->value;
   for (std::size_t i = 0; i < known; ++i) {
     RecordStep& step = AddStep(request, "Characterization, point " + std::to_string(i + 1) + after);
     step.unit = unit;
@@ -181,33 +231,110 @@ void Record::OnAnswer(const Entry& /*answer*/, const Entry* /*request*/) {
   Look();
 }
 
-// What is left is what an answer tells whose read went out behind the write.
+/// What an answer has told whose read went out behind that write and before the one that ends it.
+const Record::Known* Record::Behind(std::string_view source, std::uint64_t write, std::uint64_t end) const {
+  const auto known = known_.find(source);
+  if (known == known_.end() || known->second.request <= write || known->second.request >= end) return nullptr;
+  return &known->second;
+}
+
+void Record::TakeLeft(Pending& pending) {
+  RecordStep& step = steps_[pending.step];
+  if (step.left || observer_.Now() > pending.valueUntil) return;
+  const Known* known = Behind(pending.kind->value, pending.write, pending.valueEnd);
+  // The output unit follows the measured type, and mostly travels in another answer.
+  if (known == nullptr || (pending.kind->IsSelf() && known->outUnit <= pending.write)) return;
+  step.left = known->value;
+  if (step.unit.empty()) step.unit = step.left->unit;
+  ++revision_;
+}
+
+// Where the device calibrates by itself, nothing says that it has: the verdict may be that of a calibration before. It
+// is its own where it has changed, or where the pressure of the point has.
+void Record::TakeVerdict(Pending& pending) {
+  if (!pending.kind->verdict || pending.settled || !verdict_) return;
+  if (verdict_->second <= pending.write || verdict_->second >= pending.verdictEnd) return;
+  RecordStep& step = steps_[pending.step];
+  if (pending.kind->IsSelf()) {
+    const Known* pressure = Behind(pending.kind->pressure, pending.write, pending.verdictEnd);
+    const auto& before = pending.pressureBefore;
+    const bool moved =
+        pressure != nullptr && before && before->unit == pressure->value.unit && before->value != pressure->value.value;
+    if (!moved && (!pending.verdictBefore || *pending.verdictBefore == verdict_->first)) {
+      pending.settled = pressure != nullptr;
+      return;
+    }
+    step.what.replace(0, kMeasuredType.size(), pending.kind->what);
+  }
+  step.verdict = verdict_->first;
+  step.refused = !step.verdict.starts_with("Good");
+  pending.settled = true;
+  ++revision_;
+}
+
+// What the device has taken for the true value is the point that it keeps.
+void Record::TakePoint(Pending& pending) {
+  RecordStep& step = steps_[pending.step];
+  if (!pending.kind->IsSelf() || step.verdict.empty() || step.refused || step.applied) return;
+  const Known* point = Behind(pending.kind->point, pending.write, pending.valueEnd);
+  if (point == nullptr || point->outUnit <= pending.write) return;
+  step.applied = point->value.value;
+  step.unit = point->value.unit;
+  if (!pending.kind->spanHi.empty()) step.span = SpanOf(*pending.kind, step.unit);
+  ++revision_;
+}
+
+bool Record::IsComplete(const Pending& pending) const {
+  const RecordStep& step = steps_[pending.step];
+  const bool hasPoint = !pending.kind->IsSelf() || step.applied || step.verdict.empty() || step.refused;
+  return (step.left || pending.kind->value.empty()) && (pending.settled || !pending.kind->verdict) && hasPoint;
+}
+
 void Record::Look() {
   for (Pending& pending : pending_) {
-    RecordStep& step = steps_[pending.step];
-    const auto known = known_.find(pending.source);
-    if (!step.left && known != known_.end() && known->second.request > pending.write) {
-      step.left = known->second.value;
-      if (step.unit.empty()) step.unit = step.left->unit;
-      ++revision_;
-    }
-    if (pending.verdict && !pending.hasVerdict && verdict_ && verdict_->second > pending.write) {
-      step.verdict = verdict_->first;
-      step.refused = !step.verdict.starts_with("Good");
-      pending.hasVerdict = true;
-      ++revision_;
-    }
-    const bool complete = (step.left || pending.source.empty()) && (!pending.verdict || pending.hasVerdict);
-    if (complete || observer_.Now() > pending.until) step.open = false;
+    TakeLeft(pending);
+    TakeVerdict(pending);
+    TakePoint(pending);
+    if (!IsComplete(pending) && observer_.Now() <= pending.until) continue;
+    steps_[pending.step].open = false;
+    ++revision_;
   }
   std::erase_if(pending_, [this](const Pending& pending) { return !steps_[pending.step].open; });
 }
 
 // ---- what the operator adds
 
+// Who takes over has not done what is done.
 void Record::SetOperator(std::string name) {
+  if (name == operator_) return;
+  for (RecordStep& step : steps_) {
+    if (step.who.empty()) step.who = operator_;
+  }
   operator_ = std::move(name);
   ++revision_;
+}
+
+bool Record::SetOperatorOf(std::size_t step, std::string name) {
+  if (step >= steps_.size()) return false;
+  steps_[step].who = std::move(name);
+  ++revision_;
+  return true;
+}
+
+std::vector<std::string> Record::Names() const {
+  std::vector<std::string> names;
+  for (const RecordStep& step : steps_) {
+    const std::string& name = OperatorOf(step);
+    if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+  }
+  if (names.empty() && !operator_.empty()) names.push_back(operator_);
+  return names;
+}
+
+std::string Record::Operators() const {
+  std::string all;
+  for (const std::string& name : Names()) all += (all.empty() ? "" : ", ") + name;
+  return all;
 }
 
 bool Record::SetRemark(std::size_t step, std::string remark) {
@@ -231,10 +358,15 @@ void Record::Clear() {
 
 // ---- what is shown
 
+// A number that was typed loses a little of itself on the wire: what five digits tell as well stands in five.
 std::string Record::NumberText(double number) const {
+  constexpr double kLost = 2e-6;
   std::array<char, 64> text{};
-  const int size = std::snprintf(text.data(), text.size(), "%.6g", number);
-  std::string shown(text.data(), static_cast<std::size_t>(size));
+  for (const int digits : {5, 6}) {
+    std::snprintf(text.data(), text.size(), "%.*g", digits, number);
+    if (std::abs(std::strtod(text.data(), nullptr) - number) <= kLost * std::abs(number)) break;
+  }
+  std::string shown(text.data());
   std::replace(shown.begin(), shown.end(), '.', separator_);
   return shown;
 }
@@ -250,7 +382,8 @@ std::string Record::ErrorText(std::optional<double> error) const {
 }
 
 std::array<std::string_view, Record::kColumns> Record::Heads() {
-  return {"Time", "Step", "Applied", "As found", "Error %", "As left", "Error %", "Unit", "Device's verdict", "Remark"};
+  return {"Time",    "Step", "Applied",          "As found", "Error %", "As left",
+          "Error %", "Unit", "Device's verdict", "Remark",   "Operator"};
 }
 
 std::array<std::string, Record::kColumns> Record::Cells(std::size_t index) const {
@@ -275,14 +408,15 @@ std::array<std::string, Record::kColumns> Record::Cells(std::size_t index) const
           ErrorText(step.LeftError()),
           step.unit,
           std::move(verdict),
-          step.remark};
+          step.remark,
+          OperatorOf(step)};
 }
 
 std::vector<std::pair<std::string, std::string>> Record::Block(const RecordHead& head) const {
   std::vector<std::pair<std::string, std::string>> block = {
       {"Tag", head.tag},           {"Serial number", head.serialNumber}, {"Manufacturer", head.manufacturer},
       {"Firmware", head.firmware}, {"Measurement", head.measurement},    {"Date", head.date},
-      {"Operator", operator_}};
+      {"Operator", Operators()}};
   block.emplace_back("Tolerance", tolerance_ ? "±" + NumberText(*tolerance_) + " % of span" : "none given");
   for (const auto& [key, span] : spans_) {
     block.emplace_back("Span", NumberText(span.lower) + " to " + NumberText(span.upper) + " " + span.unit);
@@ -352,9 +486,6 @@ std::vector<RecordChart> Record::Charts() const {
     if (tolerance_) figure.bands.push_back({-*tolerance_, *tolerance_});
     figure.remarks.push_back(std::string("Hollow: as found. Filled: as left.") +
                              (tolerance_ ? " Band: tolerance." : ""));
-    if (charts.size() == 1) {
-      for (const std::string& line : Worst()) figure.remarks.push_back(line + ".");
-    }
     figure.sentence = "Errors of the calibration in percent of span.";
   }
   return charts;

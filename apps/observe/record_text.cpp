@@ -30,8 +30,6 @@ constexpr std::string_view kStyle =
     ".sign{display:inline-block;width:45%;margin-top:15mm;border-top:1px solid;padding-top:1mm;margin-right:4%}"
     "@media print{tr{break-inside:avoid}}";
 
-bool IsNumber(std::size_t column) { return column >= 2 && column <= 6; }
-
 }  // namespace
 
 std::string Record::Csv(const RecordHead& head) const {
@@ -39,14 +37,12 @@ std::string Record::Csv(const RecordHead& head) const {
   if (!head.simulated.empty()) AddCsvLine(text, {head.simulated}, separator_);
   for (const auto& [caption, value] : Block(head)) AddCsvLine(text, {caption, value}, separator_);
   AddCsvLine(text, {}, separator_);
-  const auto heads = Heads();
-  const auto line = [&](const auto& c, std::string_view page) {
-    AddCsvLine(
-        text,
-        {c[0], c[1], c[2], c[3], c[4], c[5], c[6], c[7], c[8], c[9], page, page == "Page" ? "Operator" : operator_},
-        separator_);
+  const auto line = [&](const auto& cells, std::string_view page) {
+    std::vector<std::string_view> row(cells.begin(), cells.end());
+    row.insert(row.begin() + kOperator, page);
+    AddCsvLine(text, row, separator_);
   };
-  line(heads, "Page");
+  line(Heads(), "Page");
   for (std::size_t i = 0; i < steps_.size(); ++i) line(Cells(i), steps_[i].page);
   return text;
 }
@@ -65,12 +61,14 @@ std::string Record::Html(const RecordHead& head) const {
     html += "</tr>\n";
   }
   html += "</table>\n<table><thead><tr>";
-  for (const std::string_view caption : Heads()) html += "<th>" + Escaped(caption) + "</th>";
+  const std::size_t columns = ColumnsShown();
+  const auto heads = Heads();
+  for (std::size_t column = 0; column < columns; ++column) html += "<th>" + Escaped(heads[column]) + "</th>";
   html += "</tr></thead><tbody>\n";
   for (std::size_t step = 0; step < steps_.size(); ++step) {
     html += "<tr>";
     const auto cells = Cells(step);
-    for (std::size_t column = 0; column < cells.size(); ++column) {
+    for (std::size_t column = 0; column < columns; ++column) {
       html += (IsNumber(column) ? "<td class=\"number\">" : "<td>") + Escaped(cells[column]) + "</td>";
     }
     html += "</tr>\n";

@@ -85,10 +85,32 @@ std::string_view NameOf(TrendState state) {
 
 Trend::Trend(UserCntrl& control, Observer& observer, Surroundings surroundings)
     : control_(control), observer_(observer), surroundings_(std::move(surroundings)) {
+  for (const PageUnit* unit : control_.Pages().units) {
+    for (const PageLayout& page : unit->layouts) {
+      for (const LayoutGroup& group : page.groups) {
+        for (const LayoutRow& row : group.rows) Watch(row);
+      }
+    }
+  }
   observer_.Add(*this);
 }
 
 Trend::~Trend() { observer_.Remove(*this); }
+
+// Into a number that can be written the operator may have typed.
+void Trend::Watch(const LayoutRow& row) {
+  if (!row.live || !IsNumeric(row.kind) || row.kind == RowKind::kNum || FindStanding(row.control) != nullptr) return;
+  Standing standing;
+  standing.control = row.control;
+  standing.sets = SetsOf(row.control);
+  standing_.push_back(std::move(standing));
+}
+
+const Trend::Standing* Trend::FindStanding(ControlId control) const {
+  const auto found =
+      std::find_if(standing_.begin(), standing_.end(), [&](const Standing& known) { return known.control == control; });
+  return found == standing_.end() ? nullptr : &*found;
+}
 
 // ---- which fields
 
@@ -164,6 +186,7 @@ bool Trend::Add(ControlId control) {
   }
   field.block = BlockOf(health, blockOfPage);
   field.sets = SetsOf(control);
+  TakeStanding(field);
   fields_.push_back(std::move(field));
   ++revision_;
   return true;
@@ -220,18 +243,33 @@ TrendState Trend::StateOf(const TrendField& field) const {
 }
 
 void Trend::OnHandled(int code) {
+  const std::int64_t now = observer_.Now();
+  for (Standing& standing : standing_) {
+    const std::uint32_t sets = SetsOf(standing.control);
+    if (std::exchange(standing.sets, sets) == sets) continue;
+    standing.at = now;
+    standing.code = code;
+    standing.page = control_.CurrentPage;
+  }
   for (TrendField& field : fields_) {
     const std::uint32_t sets = SetsOf(field.control);
     if (std::exchange(field.sets, sets) == sets || !ComesFromItsPage(field)) continue;
-    field.codes.insert(code);
-    if (const std::int64_t interval = IntervalOf(code); interval > 0) field.interval = interval;
-    Take(field);
+    Take(field, now, code);
   }
 }
 
-void Trend::Take(TrendField& field) {
+// What the field shows holds since the answer that has set it, where nothing else has.
+void Trend::TakeStanding(TrendField& field) {
+  const Standing* standing = FindStanding(field.control);
+  if (standing == nullptr || standing->code == 0 || standing->sets != field.sets) return;
+  if (field.page.empty() || field.page == standing->page) Take(field, standing->at, standing->code);
+}
+
+void Trend::Take(TrendField& field, std::int64_t at, int code) {
+  field.codes.insert(code);
+  if (const std::int64_t interval = IntervalOf(code); interval > 0) field.interval = interval;
   TrendSample sample;
-  sample.at = observer_.Now();
+  sample.at = at;
   const auto number = NumberOf(field.control);
   sample.value = number.value_or(std::numeric_limits<double>::quiet_NaN());
   const std::string_view unit =

@@ -135,13 +135,25 @@ class Trend final : public TrafficListener {
     std::string unit;
   };
 
+  /// A live number of some page, as the last answer that has set it left it.
+  struct Standing {
+    ControlId control{};
+    std::uint32_t sets = 0;
+    std::int64_t at = 0;
+    int code = 0;  ///< of the read; 0: no answer has set it
+    std::string page;
+  };
+
   std::optional<Place> PlaceOf(ControlId field) const;
   std::optional<double> NumberOf(ControlId field) const;
   std::uint32_t SetsOf(ControlId field) const;
   bool IsPolled(const TrendField& field) const;
   std::int64_t IntervalOf(int code) const;
   bool ComesFromItsPage(const TrendField& field) const;
-  void Take(TrendField& field);
+  void Take(TrendField& field, std::int64_t at, int code);
+  void TakeStanding(TrendField& field);
+  void Watch(const LayoutRow& row);
+  const Standing* FindStanding(ControlId control) const;
   bool GapBetween(const TrendField& field, const TrendSample& a, const TrendSample& b) const;
   const TrendSample* SampleAt(const TrendField& field, std::int64_t at) const;
   TrendReading Read(const TrendField& field, const TrendSample& sample) const;
@@ -154,6 +166,7 @@ class Trend final : public TrafficListener {
   Observer& observer_;
   Surroundings surroundings_;
   std::vector<TrendField> fields_;
+  std::vector<Standing> standing_;
   std::map<int, std::vector<Limit>> limits_;  // by block
   int window_ = 5;
   std::optional<std::int64_t> heldAt_;

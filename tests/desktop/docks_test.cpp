@@ -2,8 +2,10 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QLineEdit>
 #include <QSettings>
 
+#include "desktop/docks/record/record_dock.h"
 #include "desktop_test.h"
 
 namespace htr60::desktop {
@@ -57,6 +59,33 @@ TEST_F(DocksTest, TakeTheirOwnKeysAndLeaveThePageAsItIs) {
   PressKey(Qt::Key_Escape);
   QApplication::processEvents();
   EXPECT_EQ(TheForm().TextOf(id::txtParameter(0)), tag);
+}
+
+TEST_F(DocksTest, FloatAndComeBackByTheKeyboard) {
+  ASSERT_TRUE(Connect());
+  Docks& docks = window_.Around();
+  docks.Actions().at(3)->trigger();
+  RecordDock& dock = docks.Calibrated();
+  auto* name = dock.findChild<QLineEdit*>(QStringLiteral("operatorName"));
+  QAction* floats = nullptr;
+  for (QAction* action : window_.findChildren<QAction*>()) {
+    if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)) floats = action;
+  }
+  ASSERT_NE(floats, nullptr);
+  for (const bool floating : {true, false, true}) {
+    name->setFocus();
+    floats->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(dock.isFloating(), floating);
+    EXPECT_TRUE(dock.isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), name);
+  }
+  docks.Actions().at(3)->trigger();
+  EXPECT_FALSE(dock.isVisible());
+  docks.Actions().at(3)->trigger();
+  QApplication::processEvents();
+  EXPECT_TRUE(dock.isFloating()) << "where it was";
+  EXPECT_EQ(dock.focusWidget(), name);
 }
 
 TEST_F(DocksTest, HaveNamesForAssistiveTechnology) {

@@ -2,11 +2,17 @@
 
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 #include <nlohmann/json.hpp>
 
 #include "desktop/docks/docks.h"
@@ -29,8 +35,16 @@ class RecordDockTest : public DesktopTest {
   QTableWidget& Table() { return *Dock().findChild<QTableWidget*>(QStringLiteral("recordSteps")); }
   QString Row(int row) {
     QStringList cells;
-    for (int column = 1; column < Table().columnCount(); ++column) cells << Table().item(row, column)->text();
+    for (int column = 1; column <= observe::Record::kRemark; ++column) cells << Table().item(row, column)->text();
     return cells.join(u'|');
+  }
+  void Name(const char* name) {
+    auto* field = Dock().findChild<QLineEdit*>(QStringLiteral("operatorName"));
+    field->setFocus();
+    field->clear();
+    QTest::keyClicks(field, QLatin1String(name));
+    QTest::keyClick(field, Qt::Key_Return);
+    QApplication::processEvents();
   }
   bool Pass(std::int64_t milliseconds) {
     const std::int64_t end = clock_.Now() + milliseconds;
@@ -70,14 +84,17 @@ TEST_F(RecordDockTest, TheOperatorAddsNameRemarkAndTolerance) {
   TrimLower();
   Dock().show();
   QApplication::processEvents();
-  Dock().findChild<QLineEdit*>(QStringLiteral("operatorName"))->setText(QStringLiteral("A. Weber"));
-  Table().item(0, static_cast<int>(observe::Record::kColumns) - 1)->setText(QStringLiteral("reference 12"));
+  Name("A. Weber");
+  Table().item(0, observe::Record::kRemark)->setText(QStringLiteral("reference 12"));
   Dock().findChild<QDoubleSpinBox*>(QStringLiteral("tolerance"))->setValue(0.5);
   QApplication::processEvents();
   EXPECT_EQ(Dock().Kept().Operator(), "A. Weber");
   EXPECT_EQ(Dock().Kept().Steps().at(0).remark, "reference 12");
   EXPECT_EQ(Dock().Kept().Tolerance(), 0.5);
   EXPECT_FALSE(Table().item(0, 1)->flags().testFlag(Qt::ItemIsEditable)) << "what the device told stays as it is";
+  EXPECT_EQ(Dock().findChild<QLabel*>(QStringLiteral("worstErrors"))->text(),
+            QStringLiteral("Worst as found: +0.802 % of span, Lower trim, outside the tolerance.\n"
+                           "Worst as left: +0.000 % of span, Lower trim, within the tolerance."));
   const auto figures = Dock().findChildren<FigureWidget*>();
   ASSERT_EQ(figures.size(), 1);
   const Figure& figure = figures.at(0)->Shown();
@@ -89,9 +106,33 @@ TEST_F(RecordDockTest, TheOperatorAddsNameRemarkAndTolerance) {
   EXPECT_NEAR(figure.markers.at(1).at.y, 0, 1e-3);
 }
 
+TEST_F(RecordDockTest, AStepKeepsTheNameOfWhoDidIt) {
+  TrimLower();
+  Dock().show();
+  Name("A. Webr");
+  EXPECT_TRUE(Table().isColumnHidden(observe::Record::kOperator)) << "one name stands above the table";
+  Name("B. Klein");
+  window_.Presented().Press(id::cmdWriteCalibLower);
+  ASSERT_TRUE(Pass(6'000));
+  ASSERT_EQ(Table().rowCount(), 2);
+  EXPECT_FALSE(Table().isColumnHidden(observe::Record::kOperator));
+  EXPECT_EQ(Table().item(0, observe::Record::kOperator)->text(), QStringLiteral("A. Webr"));
+  EXPECT_EQ(Table().item(1, observe::Record::kOperator)->text(), QStringLiteral("B. Klein"));
+  Table().item(0, observe::Record::kOperator)->setText(QStringLiteral("A. Weber"));
+  const QTemporaryDir folder;
+  const QString file = folder.filePath(QStringLiteral("record.pdf"));
+  Dock().SaveTo(file);
+  const QString text = TextOf(file);
+  EXPECT_TRUE(text.contains(QLatin1String("A. Weber, B. Klein"))) << text.toStdString();
+  EXPECT_FALSE(text.contains(QLatin1String("Webr")));
+  Table().item(0, observe::Record::kOperator)->setText(QStringLiteral("B. Klein"));
+  QApplication::processEvents();
+  EXPECT_TRUE(Table().isColumnHidden(observe::Record::kOperator));
+}
+
 TEST_F(RecordDockTest, IsSavedAsADocumentThatReadsBack) {
   TrimLower();
-  Dock().Kept().SetOperator("Łukasz Weber");
+  Dock().findChild<QLineEdit*>(QStringLiteral("operatorName"))->setText(QStringLiteral("Łukasz Weber"));
   Dock().Kept().SetTolerance(0.5);
   Dock().Kept().SetRemark(0, "reference 12");
   const QTemporaryDir folder;
@@ -113,6 +154,24 @@ TEST_F(RecordDockTest, IsSavedAsADocumentThatReadsBack) {
   }
   Dock().SaveTo(folder.filePath(QStringLiteral("missing/record.pdf")));
   EXPECT_TRUE(Dock().findChild<DockMessage*>()->text().contains(QLatin1String("cannot be saved")));
+}
+
+TEST_F(RecordDockTest, TheNameOfTheFileGoesWithTheKindThatIsChosen) {
+  ASSERT_TRUE(Connect());
+  Dock().show();
+  QString chosen;
+  QTimer::singleShot(100, &window_, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    dialog->selectNameFilter(QStringLiteral("Web page (*.html)"));
+    Q_EMIT dialog->filterSelected(QStringLiteral("Web page (*.html)"));
+    chosen = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+    dialog->reject();
+  });
+  for (auto* button : Dock().findChildren<QPushButton*>()) {
+    if (button->text() == QLatin1String("Save...")) button->click();
+  }
+  EXPECT_EQ(chosen, QStringLiteral("HTR60-1 calibration 2026-01-01.html"));
 }
 
 TEST_F(RecordDockTest, ALongRecordGoesOnOverNumberedPages) {

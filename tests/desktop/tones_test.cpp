@@ -45,6 +45,7 @@ TEST(Tones, EveryTextAndEveryMarkIsSeenInEveryPalette) {
         {QPalette::WindowText, QPalette::Window},
         {QPalette::Text, QPalette::Base},
         {QPalette::Text, QPalette::Window},
+        {QPalette::PlaceholderText, QPalette::Base},
         {QPalette::ButtonText, QPalette::Button},
         {QPalette::HighlightedText, QPalette::Highlight},
         {QPalette::ToolTipText, QPalette::ToolTipBase}};

@@ -224,6 +224,141 @@ TEST(RecordTest, KeepsADensityCalibration) {
   EXPECT_NEAR(step.at("left").at("value").get<double>(), 0.85, 1e-3);
 }
 
+/// A device that calibrates its density by itself; its first sensor has an error. The diaphragms are half a metre
+/// apart, the first one metre below the surface.
+class SelfCalibration : public RecordDriver {
+ public:
+  explicit SelfCalibration(bool armed = true)
+      : RecordDriver(Json{{"device",
+                           {{"primaryValueType", "Density"},
+                            {"gainErrorHi", kGain},
+                            {"offsetErrorHi", kAirOffset},
+                            {"selfCalibration", armed}}}}) {}
+  void Around(double density, double level) {
+    Ok({{"do", "simulator"}, {"set", {{"process", {{"vessel", {{"density", density}, {"level", level}}}}}}}});
+    Advance(10'000);
+  }
+  void OpenPoint(int tab) {
+    Tab("SSTabDensityCalib", tab);
+    Advance(7'000);
+  }
+  void Choose(const char* type) {
+    Activate("Calibration");
+    Advance(1'000);
+    Driver::Choose("cmbCalibMeasuredType", type);
+    Click("cmdWriteParameter");
+    Advance(3'000);
+  }
+  Json Step(std::size_t step) { return Record()["steps"].at(step); }
+
+  static constexpr double kAirOffset = 20;                            // Pa
+  static constexpr double kHeight = 0.5;                              // m
+  static constexpr double kAir = 101'325 / (287.05 * (20 + 273.15));  // kg/m³, dry, at 20 °C
+  /// kg/m³ that the device makes of a fluid before it is calibrated.
+  static double Measured(double density) {
+    return ((1 + kGain) * density - kHeight * density) / kHeight + kAirOffset / (9.80665 * kHeight);
+  }
+};
+
+TEST(RecordTest, KeepsASelfCalibrationWithThePointThatTheDeviceTook) {
+  SelfCalibration driver;
+  driver.Around(1000, 0);
+  driver.Activate("Calibration");
+  driver.Advance(200);
+  driver.OpenPoint(1);
+  driver.Choose("Density (kg/m³)");
+  EXPECT_EQ(driver.Step(0).at("step"), "Measured type: Density (kg/m³)") << "nothing has told yet that it calibrates";
+  EXPECT_EQ(driver.Step(0).at("awaited"), true);
+  driver.OpenPoint(1);
+  Json step = driver.Step(0);
+  EXPECT_EQ(step.at("step"), "Self calibration in air: Density (kg/m³)");
+  EXPECT_EQ(step.at("page"), "Density Calibration, Measured Type");
+  EXPECT_EQ(step.at("verdict"), "Good");
+  EXPECT_EQ(step.at("awaited"), false);
+  EXPECT_EQ(step.at("unit"), "kg/m³");
+  EXPECT_NEAR(step.at("applied").get<double>(), SelfCalibration::kAir, 1e-4);
+  // It was found in the unit before, and what stands in another unit has no error.
+  EXPECT_EQ(step.at("found").at("unit"), "g/cm³");
+  EXPECT_NEAR(step.at("found").at("value").get<double>(), SelfCalibration::Measured(0) / 1000, 1e-6);
+  EXPECT_EQ(step.at("found").at("error"), nullptr);
+  EXPECT_NEAR(step.at("left").at("error").get<double>(), 0, 1e-4);
+
+  // Once more in a gas, and in the same unit: now there is an error. Calibrated it shows less by what it was off.
+  driver.Around(30, 1);
+  driver.Choose("Density (kg/m³)");
+  driver.OpenPoint(1);
+  step = driver.Step(1);
+  const double found = SelfCalibration::Measured(30) - SelfCalibration::Measured(0) + SelfCalibration::kAir;
+  EXPECT_NEAR(step.at("found").at("value").get<double>(), found, 1e-3);
+  EXPECT_NEAR(step.at("found").at("error").get<double>(),
+              (found - SelfCalibration::kAir) / (1800 - SelfCalibration::kAir) * 100, 1e-4);
+
+  driver.Around(998.2041, 1);
+  driver.Choose("Brix");
+  driver.OpenPoint(2);
+  step = driver.Step(2);
+  EXPECT_EQ(step.at("step"), "Self calibration in water: Brix");
+  EXPECT_EQ(step.at("verdict"), "Good");
+  EXPECT_NEAR(step.at("applied").get<double>(), 0, 0.01) << "water has no sugar";
+  EXPECT_NEAR(step.at("left").at("value").get<double>(), step.at("applied").get<double>(), 1e-4);
+  EXPECT_EQ(step.at("found").at("unit"), "kg/m³");
+  EXPECT_EQ(step.at("span"), nullptr);
+  EXPECT_EQ(step.at("left").at("error"), nullptr);
+}
+
+TEST(RecordTest, ASelfCalibrationThatIsRefusedHasNoPoint) {
+  SelfCalibration driver;
+  driver.Around(998.2041, 1);
+  driver.Activate("Calibration");
+  driver.Advance(200);
+  driver.OpenPoint(2);
+  driver.Choose("Brix");  // without the air before it
+  driver.OpenPoint(2);
+  const Json step = driver.Step(0);
+  EXPECT_EQ(step.at("step"), "Self calibration in water: Brix");
+  EXPECT_EQ(step.at("verdict"), "Invalid configuration for request");
+  EXPECT_EQ(step.at("applied"), nullptr);
+  EXPECT_EQ(step.at("awaited"), false);
+  EXPECT_EQ(driver.Record()["worst"], Json::array({"1 step was refused and stands in the table alone"}));
+  // A second refusal of the same words cannot be told from the first.
+  driver.Choose("Brix");
+  driver.OpenPoint(2);
+  EXPECT_EQ(driver.Step(1).at("step"), "Measured type: Brix");
+  EXPECT_EQ(driver.Step(1).at("verdict"), "");
+}
+
+TEST(RecordTest, AMeasuredTypeThatCalibratesNothingIsNoCalibration) {
+  SelfCalibration driver(false);
+  driver.Around(850, 1);
+  driver.Activate("Calibration");
+  driver.Advance(200);
+  driver.OpenPoint(1);
+  driver.Choose("Density (kg/m³)");
+  driver.OpenPoint(1);
+  const Json step = driver.Step(0);
+  EXPECT_EQ(step.at("step"), "Measured type: Density (kg/m³)");
+  EXPECT_EQ(step.at("verdict"), "") << "the one that stands there is that of another calibration";
+  EXPECT_EQ(step.at("applied"), nullptr);
+  EXPECT_EQ(step.at("awaited"), false);
+  EXPECT_NEAR(step.at("left").at("value").get<double>(), SelfCalibration::Measured(850), 1e-2);
+  driver.Choose("Plato");
+  EXPECT_EQ(driver.Record()["steps"].size(), 1U) << "with the other types no device calibrates";
+}
+
+TEST(RecordTest, AVerdictIsThatOfTheLastCalibrationAlone) {
+  RecordDriver driver;
+  driver.OpenTrim();
+  driver.Type("txtParameter(103)", "0");
+  driver.Click("cmdWriteCalibLower");
+  driver.Advance(100);
+  driver.Upper("0.1");  // too close to the lower point
+  const Json steps = driver.Record()["steps"];
+  ASSERT_EQ(steps.size(), 2U);
+  EXPECT_EQ(steps[0]["verdict"], "") << "nobody has read it before the next write";
+  EXPECT_EQ(steps[0]["left"], nullptr);
+  EXPECT_EQ(steps[1]["verdict"], "Invalid configuration for request");
+}
+
 TEST(RecordTest, WithoutAReferenceNoErrorIsFound) {
   Driver driver(Driver::Simulated());
   driver.Init();
@@ -269,6 +404,21 @@ TEST(RecordTest, RemarksOperatorAndTolerance) {
   EXPECT_EQ(driver.Record({{"clear", true}})["steps"].size(), 0U);
 }
 
+TEST(RecordTest, WhoTakesOverHasNotDoneWhatIsDone) {
+  RecordDriver driver;
+  driver.OpenTrim();
+  driver.Lower("0");
+  EXPECT_EQ(driver.Record({{"operator", "A. Weber"}})["steps"][0]["operator"], "A. Weber") << "named afterwards";
+  driver.Refused({{"do", "record"}, {"operator", "B. Klein"}, {"save", "/no such folder/a.csv"}});
+  EXPECT_EQ(driver.Record()["steps"][0]["operator"], "A. Weber");
+  driver.Record({{"operator", "B. Klein"}});
+  driver.Pressure(35'000);
+  driver.Upper("25");
+  const Json steps = driver.Record()["steps"];
+  EXPECT_EQ(steps[0]["operator"], "A. Weber");
+  EXPECT_EQ(steps[1]["operator"], "B. Klein");
+}
+
 class RecordFile : public testing::Test {
  protected:
   RecordFile() : folder_(fs::path(testing::TempDir()) / ("htr60-record-" + std::to_string(::getpid()))) {
@@ -300,7 +450,9 @@ TEST_F(RecordFile, TheTableReadsBack) {
     const std::string row =
         "Lower trim" + between + "0" + between + found + between + "+1" + *separator + "337" + between;
     EXPECT_NE(csv.find(row), std::string::npos) << csv;
-    EXPECT_NE(csv.find("\"a \"\"b\"\"; c, d\""), std::string::npos) << csv;
+    EXPECT_NE(csv.find("\"a \"\"b\"\"; c, d\"" + between + "Lower/Upper Calibration" + between + "A. Weber\r\n"),
+              std::string::npos)
+        << csv;
   }
 }
 
@@ -316,7 +468,22 @@ TEST_F(RecordFile, TheWebPageHoldsTheSameAndEscapesIt) {
     EXPECT_NE(html.find(part), std::string::npos) << part;
   }
   EXPECT_EQ(html.find("<b>A"), std::string::npos);
+  EXPECT_EQ(html.find("<th>Operator"), std::string::npos) << "one name stands in the title block alone";
   EXPECT_EQ(html.find("http://", html.find("<svg") + 40), std::string::npos) << "nothing is fetched";
+}
+
+TEST_F(RecordFile, SeveralOperatorsHaveAColumn) {
+  RecordDriver driver;
+  driver.OpenTrim();
+  driver.Record({{"operator", "A. Weber"}});
+  driver.Lower("0");
+  driver.Record({{"operator", "B. Klein"}});
+  driver.Lower("0");
+  const std::string html = Saved(driver, "record.html");
+  for (const char* part :
+       {"<td>A. Weber, B. Klein</td>", "<th>Operator</th>", "<td>A. Weber</td>", "<td>B. Klein</td>"}) {
+    EXPECT_NE(html.find(part), std::string::npos) << part;
+  }
 }
 
 }  // namespace

@@ -72,6 +72,38 @@ TEST(TrendTest, AValueSimulatedInABlockAppears) {
   EXPECT_EQ(high, 12.5);
 }
 
+TEST(TrendTest, BeginsWithTheValueThatStandsAtTheTimeOfItsAnswer) {
+  TrendDriver driver;
+  driver.Activate("AI 1 View");
+  driver.Advance(40);
+  driver.Refused({{"do", "trend"}, {"add", {kAiOut}}});  // nothing has answered
+  driver.Advance(7'000);
+  const Json trend = driver.Trend({{"add", {kAiOut}}});
+  const Json& field = trend.at("fields").at(0);
+  EXPECT_EQ(field.at("state"), "live");
+  EXPECT_EQ(field.at("samples"), 1);
+  EXPECT_EQ(field.at("reading").at("atMs"), 3'050) << "50 ms behind the read, however long ago";
+  EXPECT_EQ(field.at("reading").at("value"), "10");
+  EXPECT_EQ(field.at("reading").at("status").get<std::string>().substr(0, 4), "Good");
+  // The view of another block shows its own value in the same field.
+  driver.Activate("AI 2 View");
+  driver.Advance(10);
+  driver.Trend({{"clear", true}});
+  EXPECT_EQ(driver.Trend({{"add", {kAiOut}}}).at("fields").at(0).at("samples"), 0) << "it still shows the other's";
+  driver.Advance(100);
+  EXPECT_EQ(driver.Trend().at("fields").at(0).at("reading").at("value"), "20") << "the pressure at sensor 1";
+}
+
+TEST(TrendTest, ANumberThatMayHaveBeenTypedIsNoValueOfTheInstrument) {
+  TrendDriver driver;
+  driver.Activate("Analog Input 1");
+  driver.Advance(100);
+  driver.Ok({{"do", "tab"}, {"control", "SSTabAI"}, {"index", 5}});
+  driver.Advance(1'000);
+  driver.Type("txtParameter(125)", "99");
+  EXPECT_EQ(driver.Trend({{"add", {"txtParameter(125)"}}}).at("fields").at(0).at("samples"), 0);
+}
+
 TEST(TrendTest, ABadValueIsAGapAndAGoodOneGoesOnBehindIt) {
   TrendDriver driver;
   driver.OpenView();
@@ -81,8 +113,8 @@ TEST(TrendTest, ABadValueIsAGapAndAGoodOneGoesOnBehindIt) {
   driver.Advance(30'000);
   driver.Advance(46'000);
   const Json trend = driver.Trend({{"csv", true}});
-  EXPECT_EQ(driver.Curves(trend), "3+3");
-  EXPECT_EQ(trend.at("fields").at(0).at("samples"), 8);
+  EXPECT_EQ(driver.Curves(trend), "4+3");
+  EXPECT_EQ(trend.at("fields").at(0).at("samples"), 9);
   const std::string csv = trend.at("csv");
   EXPECT_NE(csv.find(",Bad"), std::string::npos) << "the file tells of them: " << csv;
 }
@@ -94,10 +126,10 @@ TEST(TrendTest, AMissingAnswerIsAGap) {
   driver.Advance(46'000);
   driver.Ok({{"do", "simulator"}, {"fault", {{"kind", "noAnswer"}, {"codes", {27}}, {"count", 2}}}});
   driver.Advance(90'000);
-  EXPECT_EQ(driver.Curves(driver.Trend()), "7") << "three intervals are none yet";
+  EXPECT_EQ(driver.Curves(driver.Trend()), "8") << "three intervals are none yet";
   driver.Ok({{"do", "simulator"}, {"fault", {{"kind", "noAnswer"}, {"codes", {27}}, {"count", 3}}}});
   driver.Advance(75'000);
-  EXPECT_EQ(driver.Curves(driver.Trend()), "7+2");
+  EXPECT_EQ(driver.Curves(driver.Trend()), "8+2");
 }
 
 TEST(TrendTest, WhatNoPagePollsAnyMoreHasEndedAndIsNotFlat) {
@@ -111,14 +143,14 @@ TEST(TrendTest, WhatNoPagePollsAnyMoreHasEndedAndIsNotFlat) {
   driver.Advance(60'000);
   const Json trend = driver.Trend();
   EXPECT_EQ(trend.at("fields").at(0).at("state"), "ended");
-  EXPECT_EQ(trend.at("fields").at(0).at("samples"), 3);
+  EXPECT_EQ(trend.at("fields").at(0).at("samples"), 4);
   EXPECT_EQ(trend.at("plots").at(0).at("texts"), Json::array({"ended 00:00:48"}));
   const Json& points = trend.at("plots").at(0).at("curves").at(0).at("points");
   EXPECT_LT(points.back().at(0).get<double>(), trend.at("toMs").get<double>() - 50'000);
   driver.OpenView();
   driver.Advance(20'000);
   EXPECT_EQ(driver.Trend().at("fields").at(0).at("state"), "live");
-  EXPECT_EQ(driver.Curves(driver.Trend()), "3+2") << "with a gap for the time in between";
+  EXPECT_EQ(driver.Curves(driver.Trend()), "4+2") << "with a gap for the time in between";
 }
 
 TEST(TrendTest, AnAxisForEachUnit) {

@@ -168,7 +168,7 @@ TEST(OperatorManual, EveryCaptionIsThereAsItStands) {
 /// All texts in quotes of the sources that a text of the screen can come from.
 std::string Literals() {
   std::string literals;
-  for (const char* folder : {"src", "apps/desktop"}) {
+  for (const char* folder : {"src", "apps/desktop", "apps/observe"}) {
     for (const auto& entry : fs::recursive_directory_iterator(kTop / folder)) {
       if (!entry.is_regular_file()) continue;
       for (const std::string& text : AllIn(Read(entry.path()), R"re("((?:[^"\\\n]|\\.)*)")re")) literals += text + '\n';

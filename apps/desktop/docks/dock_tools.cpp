@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "desktop/edge.h"
 #include "desktop/qt_text.h"
 #include "observe/save_file.h"
 #include "observe/traffic_list.h"
@@ -42,7 +43,21 @@ QString AskForFile(QWidget* parent, const DockContext& context, std::string_view
   const std::string tag = identity.empty() ? std::string() : identity[presentation::kTagPart];
   const std::string name = observe::ProposedName(tag, what, ToUtf8(now.date().toString(Qt::ISODate)), ending);
   const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-  return QFileDialog::getSaveFileName(parent, QObject::tr("Save"), folder.filePath(ToQt(name)), filter);
+  QFileDialog dialog(parent, QObject::tr("Save"), folder.path(), filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(ToQt(ending));
+  dialog.selectFile(ToQt(name));
+  // The name goes with the kind of file that is chosen.
+  Connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& chosen) {
+    const QString suffix = chosen.section(QLatin1String("*."), 1).section(u')', 0, 0);
+    const QStringList files = dialog.selectedFiles();
+    if (suffix.isEmpty() || files.isEmpty()) return;
+    dialog.setDefaultSuffix(suffix);
+    const QFileInfo file(files.front());
+    dialog.selectFile(file.dir().filePath(file.completeBaseName() + u'.' + suffix));
+  });
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  return dialog.selectedFiles().front();
 }
 
 void SaveAndSay(const QString& file, std::string_view bytes, DockMessage& message) {

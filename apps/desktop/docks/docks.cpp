@@ -1,5 +1,6 @@
 #include "desktop/docks/docks.h"
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
@@ -60,6 +61,25 @@ void Docks::AddTo(QMenu& menu) {
     // Closed by its own button, or behind another in its place.
     Connect(dock->toggleViewAction(), &QAction::toggled, action, [action](bool shown) { action->setChecked(shown); });
   }
+  AddFloating(menu);
+}
+
+void Docks::AddFloating(QMenu& menu) {
+  QAction* action = menu.addAction(tr("Float or Put Back"));
+  action->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+  action->setToolTip(tr("The dock with the focus: into a window of its own, or back to where it was."));
+  Connect(action, &QAction::triggered, this, [this](bool /*checked*/) { Float(); });
+}
+
+void Docks::Float() {
+  QWidget* focus = QApplication::focusWidget();
+  for (QDockWidget* dock : docks_) {
+    if (focus == nullptr || !dock->isAncestorOf(focus)) continue;
+    dock->setFloating(!dock->isFloating());
+    (dock->isFloating() ? dock->window() : &window_)->activateWindow();
+    focus->setFocus(Qt::OtherFocusReason);
+    return;
+  }
 }
 
 Qt::Orientation Docks::OrientationOf(QDockWidget& dock) const {
@@ -67,8 +87,11 @@ Qt::Orientation Docks::OrientationOf(QDockWidget& dock) const {
   return area == Qt::BottomDockWidgetArea || area == Qt::TopDockWidgetArea ? Qt::Vertical : Qt::Horizontal;
 }
 
-int Docks::SideOf(const QDockWidget& dock) const {
-  return sides_.at(static_cast<std::size_t>(std::find(docks_.begin(), docks_.end(), &dock) - docks_.begin()));
+// The page keeps more than half of the window.
+int Docks::SideOf(QDockWidget& dock) const {
+  const auto row = std::find(docks_.begin(), docks_.end(), &dock) - docks_.begin();
+  const int whole = OrientationOf(dock) == Qt::Vertical ? window_.height() : window_.width();
+  return std::min(Pixels(window_, sides_.at(static_cast<std::size_t>(row))), whole * 9 / 20);
 }
 
 void Docks::Toggle(QDockWidget& dock, bool shown) {
@@ -84,9 +107,10 @@ void Docks::Toggle(QDockWidget& dock, bool shown) {
         break;
       }
     }
-    if (!dock.isFloating()) window_.resizeDocks({&dock}, {Pixels(window_, SideOf(dock))}, OrientationOf(dock));
+    if (!dock.isFloating()) window_.resizeDocks({&dock}, {SideOf(dock)}, OrientationOf(dock));
   }
   dock.raise();
+  if (dock.isFloating()) dock.activateWindow();
   if (QWidget* first = dock.widget()->nextInFocusChain()) {
     for (int i = 0; i < 50 && !(first->focusPolicy() & Qt::TabFocus); ++i) first = first->nextInFocusChain();
     if (dock.isAncestorOf(first)) first->setFocus(Qt::OtherFocusReason);

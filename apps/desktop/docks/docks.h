@@ -26,7 +26,7 @@ class Docks final : public QObject {
   Docks(DockContext context, QMainWindow& window);
   ~Docks() override;
 
-  /// Adds an entry for each dock: shows it and goes there, or closes it.
+  /// Adds an entry for each dock: shows it and goes there, or closes it; and one that lets it float.
   void AddTo(QMenu& menu);
   /// Once a turn.
   void Turn();
@@ -43,8 +43,10 @@ class Docks final : public QObject {
 
  private:
   void Add(QDockWidget& dock, Qt::DockWidgetArea area, int side);
+  void AddFloating(QMenu& menu);
+  void Float();
   void Toggle(QDockWidget& dock, bool shown);
-  int SideOf(const QDockWidget& dock) const;
+  int SideOf(QDockWidget& dock) const;
   Qt::Orientation OrientationOf(QDockWidget& dock) const;
 
   QMainWindow& window_;

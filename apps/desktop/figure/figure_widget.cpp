@@ -54,6 +54,21 @@ void FigureWidget::Show(Figure figure) {
   update();
 }
 
+double FigureWidget::WidthOfNumbers() const {
+  double width = 0;
+  for (const FigureTick& tick : figure_.y.ticks) {
+    width = std::max(width, static_cast<double>(fontMetrics().horizontalAdvance(ToQt(tick.text))));
+  }
+  return width;
+}
+
+void FigureWidget::SetWidthOfNumbers(double least) {
+  if (leastNumbers_ == least) return;
+  leastNumbers_ = least;
+  Arrange();
+  update();
+}
+
 QSize FigureWidget::minimumSizeHint() const {
   return {Pixels(*this, kLeastWidth), Pixels(*this, flat_ ? kLeastFlat : kLeastHeight)};
 }
@@ -101,16 +116,14 @@ void FigureWidget::Arrange() {
     bar_ = QRectF(middle.right() - width, middle.top(), width, middle.height());
     room.setRight(std::max(room.left(), bar_.left() - gap * 2));
   }
-  double left = 0;
-  for (const FigureTick& tick : figure_.y.ticks) {
-    left = std::max(left, static_cast<double>(metrics.horizontalAdvance(ToQt(tick.text))));
-  }
+  const double left = std::max(leastNumbers_, WidthOfNumbers());
   double right = gap * 2;
   if (!figure_.x.ticks.empty()) {
     right = std::max(right, metrics.horizontalAdvance(ToQt(figure_.x.ticks.back().text)) / 2.0);
   }
+  const double under = figure_.x.caption.empty() ? 1.4 : 2.4;  // lines for numbers and caption of the axis
   plot_ = QRectF(QPointF(room.left() + left + gap * 1.5, above_.bottom() + line * 1.4),
-                 QPointF(room.right() - right, below_.top() - line * 2.4));
+                 QPointF(room.right() - right, below_.top() - line * under));
 }
 
 QPointF FigureWidget::Place(FigurePoint point) const {
@@ -195,13 +208,13 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
     painter.drawLine(QPointF(x, plot_.bottom()), QPointF(x, plot_.bottom() + gap / 2));
     painter.drawText(RoomOfX(tick), Qt::AlignCenter, ToQt(tick.text));
   }
-  for (const FigureTick& tick : figure_.y.ticks) {
-    const double y = std::round(plot_.bottom() - Share(figure_.y, tick.value) * plot_.height());
+  for (const FigureTick* tick : TicksWithRoom()) {
+    const double y = std::round(plot_.bottom() - Share(figure_.y, tick->value) * plot_.height());
     painter.setPen(QPen(grid, 0));
     painter.drawLine(QPointF(plot_.left(), y), QPointF(plot_.right(), y));
     painter.setPen(axisPen);
     painter.drawLine(QPointF(plot_.left() - gap / 2, y), QPointF(plot_.left(), y));
-    painter.drawText(RoomOfY(tick), Qt::AlignRight | Qt::AlignVCenter, ToQt(tick.text));
+    painter.drawText(RoomOfY(*tick), Qt::AlignRight | Qt::AlignVCenter, ToQt(tick->text));
   }
   painter.setPen(axisPen);
   painter.drawLine(plot_.bottomLeft(), plot_.bottomRight());
@@ -210,6 +223,20 @@ void FigureWidget::PaintAxes(QPainter& painter) const {
                    Qt::AlignRight | Qt::AlignVCenter, ToQt(figure_.x.caption));
   painter.drawText(QRectF(above_.left(), above_.bottom(), above_.width(), line), Qt::AlignLeft | Qt::AlignVCenter,
                    ToQt(figure_.y.caption));
+}
+
+// Where there is no room for all numbers before the axis, each second, third, ... stands there: 0 among them.
+std::vector<const FigureTick*> FigureWidget::TicksWithRoom() const {
+  const std::vector<FigureTick>& ticks = figure_.y.ticks;
+  std::vector<const FigureTick*> shown;
+  if (ticks.empty()) return shown;
+  const double all = std::abs(Share(figure_.y, ticks.back().value) - Share(figure_.y, ticks.front().value));
+  const double each = all * plot_.height() / std::max(1.0, static_cast<double>(ticks.size()) - 1);
+  const auto step = static_cast<std::size_t>(std::clamp(std::ceil(fontMetrics().ascent() / each), 1.0, 1000.0));
+  const auto zero = std::find_if(ticks.begin(), ticks.end(), [](const FigureTick& tick) { return tick.value == 0; });
+  const auto first = zero == ticks.end() ? 0 : static_cast<std::size_t>(zero - ticks.begin()) % step;
+  for (std::size_t i = first; i < ticks.size(); i += step) shown.push_back(&ticks[i]);
+  return shown;
 }
 
 // Of the number of a tick below the plot, and before it.

@@ -19,6 +19,9 @@ class FigureWidget final : public QWidget {
   FigureWidget(bool flat, QWidget* parent);
   void Show(Figure figure);
   const Figure& Shown() const { return figure_; }
+  /// Width of the numbers before the axis, and what it shall at least be: so axes below each other begin alike.
+  double WidthOfNumbers() const;
+  void SetWidthOfNumbers(double least);
   /// Where a point of the figure stands in the widget.
   QPointF Place(FigurePoint point) const;
   /// Paints it somewhere else, as large as the widget, in the widget's colours.
@@ -44,6 +47,7 @@ class FigureWidget final : public QWidget {
   void PaintTexts(QPainter& painter) const;
   void PaintWords(QPainter& painter) const;
   void PaintBar(QPainter& painter) const;
+  std::vector<const FigureTick*> TicksWithRoom() const;
   QRectF RoomOfX(const FigureTick& tick) const;
   QRectF RoomOfY(const FigureTick& tick) const;
   FigurePoint Pixel(FigurePoint point) const;
@@ -58,6 +62,7 @@ class FigureWidget final : public QWidget {
 
   const bool flat_;
   Figure figure_;
+  double leastNumbers_ = 0;
   QRectF plot_;   // where the axes' units lie
   QRectF bar_;    // beside the plot, or alone
   QRectF above_;  // verdict and further lines

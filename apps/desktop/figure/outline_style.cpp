@@ -40,7 +40,8 @@ void OutlineStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     return DrawBox(*painter, option->rect.adjusted(0, title + kAboveBox, 0, 0), BoxColor(option->palette));
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  if (element == PE_FrameLineEdit || element == PE_PanelButtonCommand) Outline(*painter, *option);
+  const bool edged = element == PE_FrameLineEdit || element == PE_PanelButtonCommand || element == PE_IndicatorCheckBox;
+  if (edged) Outline(*painter, *option);
   if (element != PE_Frame || widget == nullptr) return;
   // Frames have no colour of their own. A list to be read is a field.
   const bool field = qobject_cast<const QListWidget*>(widget) != nullptr;
@@ -61,7 +62,14 @@ void OutlineStyle::drawControl(ControlElement element, const QStyleOption* optio
 void OutlineStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                       const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
-  if (control == CC_ComboBox) Outline(*painter, *option);
+  if (control == CC_ComboBox || control == CC_SpinBox) Outline(*painter, *option);
+  if (control != CC_Slider) return;
+  QStyleOption part(*option);
+  for (const SubControl sub : {SC_SliderGroove, SC_SliderHandle}) {
+    part.rect = proxy()->subControlRect(CC_Slider, option, sub, widget);
+    part.state.setFlag(State_HasFocus, sub == SC_SliderHandle && option->state.testFlag(State_HasFocus));
+    Outline(*painter, part);
+  }
 }
 
 }  // namespace htr60::desktop

@@ -28,7 +28,8 @@ presentation::Grounds GroundsOf(const QPalette& palette) {
 QPalette Made(std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors, const QColor& disabled) {
   QPalette palette;
   for (const auto& [role, color] : colors) palette.setColor(role, color);
-  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+  for (const QPalette::ColorRole role :
+       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::PlaceholderText}) {
     palette.setColor(QPalette::Disabled, role, disabled);
   }
   return palette;
@@ -41,7 +42,7 @@ QPalette Plain(const QColor& ground, const QColor& field, const QColor& button, 
                {QPalette::Base, field},
                {QPalette::AlternateBase, ground},
                {QPalette::Text, ink},
-               {QPalette::PlaceholderText, ink},
+               {QPalette::PlaceholderText, Against(field, Mixed(field, ink, 0.6), kTextContrast)},
                {QPalette::Button, button},
                {QPalette::ButtonText, ink},
                {QPalette::BrightText, ink},

@@ -191,9 +191,12 @@ Tour::Outcome Tour::Try(const TourStep& step) {
       number->setValue(step.number);
       return Outcome::kDone;
     }
-    case TourDo::kOperator:
-      window_.Around().Calibrated().findChild<QLineEdit*>(QStringLiteral("operatorName"))->setText(ToQt(step.text));
+    case TourDo::kOperator: {
+      auto* name = window_.Around().Calibrated().findChild<QLineEdit*>(QStringLiteral("operatorName"));
+      name->setText(ToQt(step.text));
+      Q_EMIT name->editingFinished();
       return Outcome::kDone;
+    }
     case TourDo::kRecord: {
       const QString file = folder_.filePath(ToQt(step.text).replace(QLatin1Char(' '), QLatin1Char('-')));
       window_.Around().Calibrated().SaveTo(file);

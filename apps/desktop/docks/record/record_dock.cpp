@@ -4,11 +4,14 @@
 #include <QDoubleSpinBox>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTableWidget>
+#include <QTimer>
+#include <algorithm>
 
 #include "desktop/docks/record/record_pdf.h"
 #include "desktop/edge.h"
@@ -20,8 +23,7 @@ namespace {
 
 using observe::Record;
 
-constexpr int kRemark = static_cast<int>(Record::kColumns) - 1;
-constexpr int kStep = 1;
+bool IsOperators(int column) { return column == Record::kRemark || column == Record::kOperator; }
 
 }  // namespace
 
@@ -44,8 +46,18 @@ RecordDock::RecordDock(DockContext context, QWidget* parent)
   auto* drawings = new QWidget(scroll);
   charts_ = new QVBoxLayout(drawings);
   charts_->setContentsMargins(0, 0, 0, 0);
+  empty_ = new QLabel(tr("Nothing has been calibrated yet. What you calibrate is kept here by itself."), drawings);
+  empty_->setWordWrap(true);
+  empty_->setAlignment(Qt::AlignCenter);
+  charts_->addWidget(empty_);
   scroll->setWidget(drawings);
   column->addWidget(scroll, 1);
+  worst_ = new QLabel(all);
+  worst_->setObjectName(QStringLiteral("worstErrors"));
+  worst_->setAccessibleName(tr("Worst errors"));
+  worst_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  worst_->hide();
+  column->addWidget(worst_);
   message_ = new DockMessage(all);
   column->addWidget(message_);
   setWidget(all);
@@ -59,6 +71,7 @@ QWidget* RecordDock::MakeTools() {
   name_->setObjectName(QStringLiteral("operatorName"));
   name_->setAccessibleName(tr("Operator"));
   name_->setMaxLength(100);
+  name_->setToolTip(tr("Who calibrates from now on. What has been done keeps the name it has."));
   tolerance_ = new QDoubleSpinBox(tools);
   tolerance_->setObjectName(QStringLiteral("tolerance"));
   tolerance_->setAccessibleName(tr("Tolerance in percent of span"));
@@ -78,7 +91,10 @@ QWidget* RecordDock::MakeTools() {
   line->addWidget(save);
   line->addWidget(clear);
   for (QPushButton* button : {save, clear}) button->setAutoDefault(false);
-  Connect(name_, &QLineEdit::textChanged, this, [this](const QString& name) { record_.SetOperator(ToUtf8(name)); });
+  Connect(name_, &QLineEdit::editingFinished, this, [this] {
+    TakeName();
+    Turn();
+  });
   Connect(tolerance_, &QDoubleSpinBox::valueChanged, this, [this](double percent) {
     record_.SetTolerance(percent > 0 ? std::optional(percent) : std::nullopt);
     Turn();
@@ -109,15 +125,18 @@ void RecordDock::MakeTable(QWidget& parent) {
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   table_->setTabKeyNavigation(false);
   for (int column = 0; column < table_->columnCount(); ++column) {
-    const bool wide = column == kStep || column == kRemark;
+    const bool wide = column == Record::kStep || column == Record::kRemark;
     table_->horizontalHeader()->setSectionResizeMode(column,
                                                      wide ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
   }
-  table_->setMinimumHeight(table_->horizontalHeader()->sizeHint().height() + 4 * (fontMetrics().height() + 6));
+  table_->setMinimumHeight(HeightOf(2));
   static_cast<QVBoxLayout*>(parent.layout())->addWidget(table_, 1);
   Connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
-    if (showing_ || item->column() != kRemark) return;
-    record_.SetRemark(static_cast<std::size_t>(item->row()), ToUtf8(item->text()));
+    if (showing_) return;
+    const auto step = static_cast<std::size_t>(item->row());
+    if (item->column() == Record::kRemark) record_.SetRemark(step, ToUtf8(item->text()));
+    if (item->column() == Record::kOperator) record_.SetOperatorOf(step, ToUtf8(item->text()));
+    QTimer::singleShot(0, this, [this] { Guarded([this] { Turn(); }); });
   });
 }
 
@@ -135,8 +154,18 @@ void RecordDock::Turn() {
   ShowCharts();
 }
 
+int RecordDock::HeightOf(int steps) const {
+  return table_->horizontalHeader()->sizeHint().height() + 2 * table_->frameWidth() +
+         steps * table_->verticalHeader()->defaultSectionSize();
+}
+
+void RecordDock::TakeName() { record_.SetOperator(ToUtf8(name_->text().trimmed())); }
+
 void RecordDock::Show() {
+  table_->setColumnHidden(Record::kOperator, record_.ColumnsShown() <= Record::kOperator);
   table_->setRowCount(static_cast<int>(record_.Steps().size()));
+  // Where there are few, the drawing has the room.
+  table_->setMaximumHeight(HeightOf(std::max(2, table_->rowCount())));
   for (std::size_t step = 0; step < record_.Steps().size(); ++step) {
     const auto cells = record_.Cells(step);
     for (std::size_t column = 0; column < cells.size(); ++column) {
@@ -145,27 +174,32 @@ void RecordDock::Show() {
       QTableWidgetItem* item = table_->item(row, at);
       if (item == nullptr) {
         item = new QTableWidgetItem;
-        if (at != kRemark) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+        if (!IsOperators(at)) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
         table_->setItem(row, at, item);
       }
       const QString text = ToQt(cells[column]);
       if (item->text() != text) item->setText(text);
-      if (at >= 2 && at <= 6) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      if (Record::IsNumber(column)) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
   }
 }
 
 void RecordDock::ShowCharts() {
   std::vector<observe::RecordChart> charts = record_.Charts();
+  empty_->setVisible(record_.Steps().empty());
   while (figures_.size() > charts.size()) {
     delete figures_.back();
     figures_.pop_back();
   }
   while (figures_.size() < charts.size()) {
-    figures_.push_back(new FigureWidget(false, this));
+    figures_.push_back(new FigureWidget(true, this));
     charts_->addWidget(figures_.back(), 1);
   }
   for (std::size_t i = 0; i < charts.size(); ++i) figures_[i]->Show(std::move(charts[i].figure));
+  QStringList worst;
+  for (const std::string& line : record_.Worst()) worst << ToQt(line) + QLatin1Char('.');
+  worst_->setText(worst.join(u'\n'));
+  worst_->setVisible(!worst.isEmpty());
 }
 
 observe::RecordHead RecordDock::Head() const {
@@ -182,6 +216,7 @@ observe::RecordHead RecordDock::Head() const {
 }
 
 void RecordDock::SaveTo(const QString& file) {
+  TakeName();
   const QString ending = QFileInfo(file).suffix().toLower();
   if (ending == QLatin1String("html")) return SaveAndSay(file, record_.Html(Head()), *message_);
   if (ending == QLatin1String("csv")) return SaveAndSay(file, record_.Csv(Head()), *message_);

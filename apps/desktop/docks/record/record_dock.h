@@ -7,6 +7,7 @@
 #include "observe/record.h"
 
 class QDoubleSpinBox;
+class QLabel;
 class QLineEdit;
 class QTableWidget;
 class QVBoxLayout;
@@ -34,6 +35,8 @@ class RecordDock final : public QDockWidget {
  private:
   QWidget* MakeTools();
   void MakeTable(QWidget& parent);
+  void TakeName();
+  int HeightOf(int steps) const;
   void Show();
   void ShowCharts();
   observe::RecordHead Head() const;
@@ -46,6 +49,8 @@ class RecordDock final : public QDockWidget {
   QDoubleSpinBox* tolerance_;
   QTableWidget* table_;
   QVBoxLayout* charts_;
+  QLabel* empty_;
+  QLabel* worst_;
   std::vector<FigureWidget*> figures_;
   DockMessage* message_;
 };

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <vector>
 
 #include "desktop/figure/figure_widget.h"
 #include "desktop/figure/tones.h"
@@ -31,7 +32,8 @@ constexpr double kSignatureHeight = 90;
 constexpr double kFooterHeight = 22;
 constexpr int kTextPixels = 11;
 constexpr int kTitlePixels = 20;
-constexpr std::array<double, Record::kColumns> kColumns = {54, 106, 56, 58, 52, 58, 52, 40, 104, 100};
+constexpr std::array<double, Record::kColumns> kColumns = {54, 106, 56, 58, 52, 58, 52, 40, 104, 100, 0};
+constexpr std::array<double, Record::kColumns> kColumnsOfSeveral = {54, 84, 56, 58, 52, 58, 52, 40, 94, 60, 72};
 
 QFont TextFont(int pixels = kTextPixels, bool bold = false) {
   QFont font;
@@ -45,7 +47,10 @@ class Sheet {
  public:
   Sheet(QPainter& painter, const Record& record, const observe::RecordHead& head, int pages,
         std::function<void()> newPage)
-      : painter_(painter), record_(record), head_(head), pages_(pages), newPage_(std::move(newPage)) {}
+      : painter_(painter), record_(record), head_(head), pages_(pages), newPage_(std::move(newPage)) {
+    const auto& widths = record.ColumnsShown() == Record::kColumns ? kColumnsOfSeveral : kColumns;
+    widths_.assign(widths.begin(), widths.begin() + static_cast<std::ptrdiff_t>(record.ColumnsShown()));
+  }
 
   int Draw() {
     Begin();
@@ -143,18 +148,16 @@ class Sheet {
     y_ += 14;
   }
 
-  static bool IsNumber(std::size_t column) { return column >= 2 && column <= 6; }
-
   void DrawHeads() {
     painter_.setFont(TextFont(kTextPixels - 1, true));
     const auto heads = Record::Heads();
     double height = 0;
-    for (std::size_t i = 0; i < heads.size(); ++i) height = std::max(height, HeightOf(ToQt(heads[i]), kColumns[i]));
+    for (std::size_t i = 0; i < widths_.size(); ++i) height = std::max(height, HeightOf(ToQt(heads[i]), widths_[i]));
     double x = 0;
-    for (std::size_t i = 0; i < heads.size(); ++i) {
-      painter_.fillRect(QRectF(x, y_, kColumns[i], height), QColor(0xE8, 0xE8, 0xE8));
-      Cell(x, kColumns[i], height, ToQt(heads[i]), false);
-      x += kColumns[i];
+    for (std::size_t i = 0; i < widths_.size(); ++i) {
+      painter_.fillRect(QRectF(x, y_, widths_[i], height), QColor(0xE8, 0xE8, 0xE8));
+      Cell(x, widths_[i], height, ToQt(heads[i]), false);
+      x += widths_[i];
     }
     y_ += height;
   }
@@ -165,16 +168,16 @@ class Sheet {
       painter_.setFont(TextFont(kTextPixels - 1));
       const auto cells = record_.Cells(step);
       double height = 0;
-      for (std::size_t i = 0; i < cells.size(); ++i) height = std::max(height, HeightOf(ToQt(cells[i]), kColumns[i]));
+      for (std::size_t i = 0; i < widths_.size(); ++i) height = std::max(height, HeightOf(ToQt(cells[i]), widths_[i]));
       if (y_ + height > Bottom()) {
         NewPage();
         DrawHeads();
         painter_.setFont(TextFont(kTextPixels - 1));
       }
       double x = 0;
-      for (std::size_t i = 0; i < cells.size(); ++i) {
-        Cell(x, kColumns[i], height, ToQt(cells[i]), IsNumber(i));
-        x += kColumns[i];
+      for (std::size_t i = 0; i < widths_.size(); ++i) {
+        Cell(x, widths_[i], height, ToQt(cells[i]), Record::IsNumber(i));
+        x += widths_[i];
       }
       y_ += height;
     }
@@ -199,7 +202,6 @@ class Sheet {
     paper.setColor(QPalette::Window, Qt::white);
     figure.setPalette(paper);
     figure.resize(static_cast<int>(kWidth), static_cast<int>(kChartHeight));
-    chart.figure.remarks.resize(1);  // the others stand above the drawings
     figure.Show(std::move(chart.figure));
     painter_.save();
     painter_.translate(0, y_ + 6);
@@ -221,9 +223,7 @@ class Sheet {
       Text(QRectF(x, line + 2, kHalf - 30, 18), QLatin1String(who));
       x += kHalf;
     }
-    if (!record_.Operator().empty()) {
-      Text(QRectF(0, line - 20, kHalf - 30, 18), ToQt(record_.Operator()));
-    }
+    Text(QRectF(0, line - 20, kHalf - 30, 18), ToQt(record_.Operators()));
     y_ += kSignatureHeight;
   }
 
@@ -240,6 +240,7 @@ class Sheet {
   const Record& record_;
   const observe::RecordHead& head_;
   const int pages_;
+  std::vector<double> widths_;
   std::function<void()> newPage_;
   int page_ = 0;
   double y_ = 0;

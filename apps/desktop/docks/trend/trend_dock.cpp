@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QStyleOptionFocusRect>
 #include <QTableWidget>
+#include <algorithm>
 #include <array>
 
 #include "desktop/edge.h"
@@ -74,7 +75,13 @@ void TrendPlots::Refresh() {
     column_->addWidget(figure, 1);
     figures_.push_back(figure);
   }
-  for (std::size_t i = 0; i < plots.size(); ++i) figures_[i]->Show(std::move(plots[i].figure));
+  double numbers = 0;
+  for (std::size_t i = 0; i < plots.size(); ++i) {
+    figures_[i]->Show(std::move(plots[i].figure));
+    numbers = std::max(numbers, figures_[i]->WidthOfNumbers());
+  }
+  // One time stands at one place in all of them.
+  for (FigureWidget* figure : figures_) figure->SetWidthOfNumbers(numbers);
   empty_->setVisible(plots.empty());
   if (plots.empty() && !trend_.Fields().empty()) {
     empty_->setText(tr("No value has come in this time."));
