@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "view_bench.h"
-#include "windows/view/page_window.h"
 
 namespace htr60::client {
 namespace {
@@ -100,11 +99,6 @@ void ExpectWhole(const Shown& shown, const std::string& which) {
   CHECK_FOR(which, !whole.IsBlank());
 }
 
-const view::PagePlan& PlanOf(const Shown& shown) {
-  auto* window = reinterpret_cast<view::Window*>(GetWindowLongPtrW(shown.Page(), GWLP_USERDATA));
-  return static_cast<view::PageWindow*>(window)->Plan();
-}
-
 struct Piece {
   RECT rect;
   std::string what;
@@ -184,8 +178,8 @@ void LookAt(const Shown& shown, const std::string& type, const SIZE& size) {
   std::replace_if(
       which.begin(), which.end(), [](unsigned char c) { return std::isalnum(c) == 0 && c != '_'; }, '-');
   const view::Look look(theDpi);
-  ExpectRoom(PlanOf(shown), look, which);
-  ExpectApart(PlanOf(shown), which);
+  ExpectRoom(PageOf(shown).Plan(), look, which);
+  ExpectApart(PageOf(shown).Plan(), which);
   Picture(shown.Root()).Save(which);
   ExpectWhole(shown, which);
   ChangeSomething(shown, which);

@@ -8,6 +8,7 @@
 #include "library.h"
 #include "windows/base/text.h"
 #include "windows/view/child.h"
+#include "windows/view/page_window.h"
 
 namespace htr60::client {
 
@@ -224,6 +225,13 @@ inline std::vector<HWND> Below(HWND root) {
       },
       reinterpret_cast<LPARAM>(&windows));
   return windows;
+}
+
+/// What stands behind the window of the page.
+inline const view::PageWindow& PageOf(const Shown& shown) {
+  auto* window = reinterpret_cast<view::Window*>(GetWindowLongPtrW(shown.Page(), GWLP_USERDATA));
+  CHECK(window != nullptr);
+  return *static_cast<view::PageWindow*>(window);
 }
 
 inline view::Child* FieldWindow(HWND page, ControlId control) {

@@ -82,7 +82,14 @@ void CompareWithScreen(const Shown& shown) {
   };
   paints(around, screen.title);
   paints(around, screen.dataLine);
-  for (const presentation::ScreenGroup& group : screen.groups) paints(painted, group.caption);
+  for (const presentation::ScreenGroup& group : screen.groups) {
+    paints(painted, group.caption);
+    const auto& texts = PageOf(shown).Plan().texts;
+    CHECK_FOR(of + group.caption, std::any_of(texts.begin(), texts.end(), [&](const view::PlannedText& text) {
+                return text.style == view::PlannedText::Style::kTitle && Utf8(text.text) == group.caption &&
+                       text.mnemonic == group.mnemonic;
+              }));
+  }
   for (const ScreenRow& row : screen.rows) {
     if (!row.words.empty())
       CHECK_FOR(of + row.words, painted.find(L"...") != std::wstring::npos ||
@@ -93,6 +100,9 @@ void CompareWithScreen(const Shown& shown) {
     }
     const view::Child* child = FieldWindow(page, row.control);
     CHECK_FOR(of + row.name, child != nullptr);
+    if (const auto* rows = dynamic_cast<const view::RowsField*>(PageOf(shown).FieldOf(row.control))) {
+      CHECK_FOR(of + row.name, Utf8(rows->Rows()) == row.text);
+    }
     if (row.kind != RowKind::kListBox && row.role != RowRole::kAccessCode) {
       CHECK_FOR(of + row.name, Utf8(child->Text()) == row.text);
     }

@@ -16,7 +16,7 @@ using presentation::Spot;
 constexpr wchar_t kClass[] = L"Htr60View";
 
 // Units of 1/96 inch.
-constexpr int kTree = 200;
+constexpr int kTree = 200;  // at least
 constexpr int kFoldedTree = 24;
 constexpr int kWholeWidth = 700;  // below it the tree folds
 constexpr int kWholeHeight = 460;
@@ -194,9 +194,9 @@ void ControlView::Arrange() {
   places_.status = {client.left, std::max(client.top, client.bottom - line - gap), client.right, client.bottom};
   places_.folded = client.right < look_->Pixels(kWholeWidth) || client.bottom < look_->Pixels(kWholeHeight);
   const bool unfolded = !places_.folded || presented_.Keys().At() == Spot::Part::kTree;
-  const int beside = look_->Pixels(places_.folded ? kFoldedTree : kTree);
-  places_.tree = {client.left, client.top, client.left + (unfolded ? look_->Pixels(kTree) : beside),
-                  places_.status.top};
+  const int tree = std::max<int>(look_->Pixels(kTree), std::min<int>(tree_->TextWidth(), client.right / 2));
+  const int beside = places_.folded ? look_->Pixels(kFoldedTree) : tree;
+  places_.tree = {client.left, client.top, client.left + (unfolded ? tree : beside), places_.status.top};
   RECT column{client.left + beside, client.top, client.right, places_.status.top};
   places_.actions = {column.left, std::max(column.top, column.bottom - look_->FieldHeight() - 2 * gap), column.right,
                      column.bottom};

@@ -57,6 +57,11 @@ GroupPlan::GroupPlan(UserCntrl& control, presentation::Presentation& presented, 
   }
   for (const LayoutRow& row : group.rows) AddRow(row);
   for (Line& line : lines_) AddWords(line);
+  AlignJoined();
+  AlignButtons();
+  for (const presentation::ScreenGroup& shown : presented.Shown().groups) {
+    if (shown.group == &group) mnemonic_ = shown.mnemonic;
+  }
   const bool own = !group.frame || form.Any(group.frame).Visible();
   shows_ =
       own && (lines_.empty() || std::any_of(lines_.begin(), lines_.end(), [](const Line& line) { return line.shows; }));
@@ -130,7 +135,6 @@ GroupPlan::Cell GroupPlan::FieldCell(const LayoutRow& row, RowKind kind, Control
   }
   if (SpansPage(kind)) {
     cell.text = Wide(control ? control_.form.TextOf(control) : presentation::CaptionOf(control_.form, row, false));
-    cell.page = true;
     cell.wanted = look_.WidthOf(cell.text);
     cell.least = std::min(cell.wanted, kLeastCharacters * look_.Character());
     return cell;
@@ -214,6 +218,50 @@ void GroupPlan::AddWords(Line& line) {
     words.wanted = std::max(words.wanted, presentation::kWordsCharacters * look_.Character());
   }
   line.cells.insert(place, std::move(words));
+}
+
+// The captions of what joins a line stand in a column of their own.
+void GroupPlan::AlignJoined() {
+  struct Joined {
+    Cell* caption;
+    int first;
+  };
+  std::vector<Joined> joined;
+  int widest = 0;
+  int widestCaption = 0;
+  for (Line& line : lines_) {
+    if (!line.shows || line.rows.size() < 2) continue;
+    int first = 0;
+    for (Cell& cell : line.cells) {
+      if (cell.what == Cell::What::kCaption && cell.row == line.rows[1] && cell.control == cell.row->control) {
+        joined.push_back({&cell, first});
+        widest = std::max(widest, first);
+        widestCaption = std::max(widestCaption, cell.wanted);
+        break;
+      }
+      if (cell.what != Cell::What::kWords) first += cell.wanted + CellGap();
+    }
+  }
+  for (const Joined& one : joined) {
+    one.caption->before = widest - one.first;
+    one.caption->after = widestCaption - one.caption->wanted;
+    one.caption->wanted += one.caption->before + one.caption->after;
+  }
+}
+
+// Buttons that stand below one another are of one width.
+void GroupPlan::AlignButtons() {
+  std::vector<Cell*> buttons;
+  int widest = 0;
+  for (Line& line : lines_) {
+    const auto field = [](const Cell& cell) { return cell.what == Cell::What::kField; };
+    if (!line.shows || std::count_if(line.cells.begin(), line.cells.end(), field) != 1) continue;
+    Cell& cell = *std::find_if(line.cells.begin(), line.cells.end(), field);
+    if (!IsButton(cell.kind)) continue;
+    buttons.push_back(&cell);
+    widest = std::max(widest, cell.wanted);
+  }
+  for (Cell* button : buttons) button->wanted = button->least = widest;
 }
 
 // ---- widths and heights
@@ -303,7 +351,7 @@ int GroupPlan::LineHeight(const Line& line, int width) const {
     if (cell.what != Cell::What::kField) continue;
     height = std::max(height, cell.kind == RowKind::kMsg ? look_.HeightOf(cell.text, width) : FieldHeight(cell));
   }
-  return height + (line.above ? look_.Line() : 0);
+  return height + (line.above ? CaptionAbove() : 0);
 }
 
 int GroupPlan::HeightAt(int width) const {
@@ -366,27 +414,41 @@ void GroupPlan::PlaceLine(const Line& line, RECT room, int captions, PagePlan& p
     if (!line.above) rect.right = rect.left + captions;
     plan.texts.push_back({.rect = rect, .text = line.caption, .field = line.captioned});
   }
-  if (line.above) room.top += look_.Line();
+  if (line.above) room.top += CaptionAbove();
   room.left += captions;
   int missing = WidthOfLine(line, false) - (room.right - room.left);
   int givable = 0;
+  int aligning = 0;
   for (const Cell& cell : line.cells) {
-    if (cell.what == Cell::What::kWords) missing -= cell.wanted;  // words never take room from a field
-    if (cell.what != Cell::What::kWords) givable += cell.wanted - cell.least;
+    if (cell.what == Cell::What::kWords) {
+      missing -= cell.wanted;  // words never take room from a field
+    } else {
+      aligning += cell.before + cell.after;
+      givable += cell.wanted - cell.least - cell.before - cell.after;
+    }
   }
+  const int unaligned = std::clamp(missing, 0, aligning);
+  missing -= unaligned;
+  const auto given = [](int part, int of, int all) {
+    return all == 0 ? 0 : static_cast<int>(static_cast<long long>(part) * of / all);
+  };
   LONG x = room.left;
   for (const Cell& cell : line.cells) {
     int width = cell.wanted;
     if (cell.page) width = std::max<int>(room.right - x, cell.least);
-    if (missing > 0 && givable > 0 && cell.what != Cell::What::kWords && !cell.page) {
-      width -=
-          static_cast<int>(static_cast<long long>(cell.wanted - cell.least) * std::min(missing, givable) / givable);
+    const int before = cell.before - given(cell.before, unaligned, aligning);
+    const int after = cell.after - given(cell.after, unaligned, aligning);
+    width -= cell.before + cell.after - before - after;
+    if (missing > 0 && cell.what != Cell::What::kWords && !cell.page) {
+      width -= given(cell.wanted - cell.least - cell.before - cell.after, std::min(missing, givable), givable);
     }
     if (cell.what == Cell::What::kWords) width = std::max<int>(0, std::min<int>(cell.wanted, room.right - x));
     const RECT rect{x, room.top, x + width, room.bottom};
     switch (cell.what) {
       case Cell::What::kCaption:
-        plan.texts.push_back({.rect = rect, .text = cell.text, .field = cell.control});
+        plan.texts.push_back({.rect = {rect.left + before, rect.top, rect.right - after, rect.bottom},
+                              .text = cell.text,
+                              .field = cell.control});
         break;
       case Cell::What::kUnit:
         plan.texts.push_back({.rect = rect,
@@ -452,6 +514,7 @@ void GroupPlan::PlaceField(const Cell& cell, const RECT& rect, PagePlan& plan) c
         cell.kind == RowKind::kNum || cell.kind == RowKind::kValue ||
         (cell.kind == RowKind::kLabel && FindLocaleNumber(text, control_.codecs.DecimalSeparator()).has_value());
     if (const ScreenRow* row = presented_.Row(cell.control)) {
+      if (cell.kind == RowKind::kListBox) field.text = Wide(row->text);
       field.pale = row->pale;
       field.name = Wide(row->name);
       field.description = Wide(presentation::DescriptionOf(*row, note));

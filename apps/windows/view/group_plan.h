@@ -37,6 +37,8 @@ class GroupPlan {
     std::wstring text;
     int wanted = 0;
     int least = 0;
+    int before = 0;     ///< of `wanted`: room for alignment, which gives way before anything else does
+    int after = 0;      ///< likewise
     bool page = false;  ///< takes all the width there is
     bool pale = false;
     presentation::LineWords words{};
@@ -58,12 +60,15 @@ class GroupPlan {
   int Below() const { return boxed_ ? look_.Character() : look_.Character() / 2; }
   int CellGap() const { return look_.Character() / (IsTight() ? 3 : 2) + 1; }
   int ColumnGap() const { return IsTight() ? look_.Character() / 2 : look_.Character(); }
+  int CaptionAbove() const { return look_.Line() + look_.Character() / 2; }
   int LineGap() const { return std::max(2, look_.Character() * 2 / 3); }
 
   void AddRow(const LayoutRow& row);
   void AddField(Line& line, const LayoutRow& row, bool second);
   void AddUnit(Line& line, const LayoutRow& row);
   void AddWords(Line& line);
+  void AlignJoined();
+  void AlignButtons();
   Cell FieldCell(const LayoutRow& row, RowKind kind, ControlId control, WidthClass width) const;
   int FieldHeight(const Cell& cell) const;
   int LineHeight(const Line& line, int width) const;

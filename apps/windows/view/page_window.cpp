@@ -254,6 +254,9 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
       ScrollBy(bar, LOWORD(word), info.nTrackPos);
       return 0;
     }
+    case WM_UPDATEUISTATE:
+      Invalidate();
+      return Window::OnMessage(message, word, number);
     case WM_MOUSEWHEEL:
       Scroll(GET_WHEEL_DELTA_WPARAM(word));
       return 0;
@@ -352,7 +355,8 @@ void PageWindow::PaintText(const Canvas& canvas, const PlannedText& text) const 
       break;
   }
   canvas.Text(text.rect, text.text, color, flags, font);
-  if (text.mnemonic == '\0') return;
+  const bool hidden = (SendMessageW(Handle(), WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL) != 0;
+  if (text.mnemonic == '\0' || hidden) return;
   for (std::size_t i = 0; i < text.text.size(); ++i) {
     if (std::towupper(text.text[i]) != static_cast<wchar_t>(text.mnemonic)) continue;
     const LONG left = text.rect.left + look_->WidthOf(std::wstring_view(text.text).substr(0, i), font);

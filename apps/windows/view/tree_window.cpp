@@ -34,6 +34,7 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
   }
   const bool rebuilt = tree.Generation() != generation_ || items_.size() != tree.Nodes().size() + 1;
   if (rebuilt) Rebuild(tree);
+  if (rebuilt || restyled) MeasureTexts();
   HTREEITEM selected = nullptr;
   for (std::size_t i = 0; i < tree.Nodes().size(); ++i) {
     const TreeNode& node = tree.Nodes()[i];
@@ -48,6 +49,19 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
   marks_ = marks;
   ShowPictures(tree);
   InvalidateRect(Handle(), nullptr, TRUE);  // a pencil stands where the tree itself paints nothing
+}
+
+void TreeWindow::MeasureTexts() {
+  textWidth_ = 0;
+  const int scrolled = GetScrollPos(Handle(), SB_HORZ);
+  for (const Item& item : items_) {
+    RECT rect{};
+    if (item.handle == nullptr || TreeView_GetItemRect(Handle(), item.handle, &rect, TRUE) == FALSE) continue;
+    textWidth_ = std::max(textWidth_, static_cast<int>(rect.right) + scrolled);
+  }
+  const bool bar = (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VSCROLL) != 0;
+  textWidth_ += look_->Ascent() + look_->Character() + 2 * GetSystemMetrics(SM_CXBORDER) +
+                (bar ? GetSystemMetrics(SM_CXVSCROLL) : 0);
 }
 
 // The open node has its own.

@@ -27,6 +27,8 @@ class TreeWindow final : private Child {
 
   Child& Own() { return *this; }
   void Take(const TreeView& tree, const presentation::TreeMarks& marks, const Look& look);
+  /// Pixels that the widest text needs, with a pencil behind it.
+  int TextWidth() const { return textWidth_; }
   /// The node at the cursor; none where there is none.
   std::optional<TreePlace> Cursor() const;
   /// The node under a click, which becomes the cursor.
@@ -43,6 +45,7 @@ class TreeWindow final : private Child {
 
   void Rebuild(const TreeView& tree);
   void ShowPictures(const TreeView& tree);
+  void MeasureTexts();
   const Item* ItemOf(HTREEITEM handle) const;
   HTREEITEM Find(const std::string& text) const;
   std::optional<TreePlace> PlaceOf(HTREEITEM handle) const;
@@ -51,6 +54,7 @@ class TreeWindow final : private Child {
   std::uint32_t generation_ = 0;
   presentation::TreeMarks marks_;
   const Look* look_ = nullptr;
+  int textWidth_ = 0;
   std::unique_ptr<Pictures> pictures_;
 };
 
