@@ -194,7 +194,8 @@ void ControlView::Arrange() {
   places_.status = {client.left, std::max(client.top, client.bottom - line - gap), client.right, client.bottom};
   places_.folded = client.right < look_->Pixels(kWholeWidth) || client.bottom < look_->Pixels(kWholeHeight);
   const bool unfolded = !places_.folded || presented_.Keys().At() == Spot::Part::kTree;
-  const int tree = std::max<int>(look_->Pixels(kTree), std::min<int>(tree_->TextWidth(), client.right / 2));
+  const int tree = std::max<int>(look_->Pixels(kTree),
+                                 std::min<int>(tree_->TextWidth(), client.right - look_->Pixels(kWholeWidth - kTree)));
   const int beside = places_.folded ? look_->Pixels(kFoldedTree) : tree;
   places_.tree = {client.left, client.top, client.left + (unfolded ? tree : beside), places_.status.top};
   RECT column{client.left + beside, client.top, client.right, places_.status.top};

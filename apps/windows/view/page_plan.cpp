@@ -90,6 +90,8 @@ PagePlan PlanPage(UserCntrl& control, presentation::Presentation& presented, con
     for (presentation::FlowPoint* point : {&arrow.left, &arrow.right, &arrow.tip}) point->x += gap;
   }
   plan.height = flow.height + gap;
+  for (const RECT& box : plan.boxes) plan.width = std::max<int>(plan.width, box.right + gap);
+  for (const PlannedField& field : plan.fields) plan.width = std::max<int>(plan.width, field.rect.right + gap);
   return plan;
 }
 

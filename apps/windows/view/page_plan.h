@@ -53,6 +53,7 @@ struct PagePlan {
   std::vector<RECT> boxes;
   std::vector<presentation::FlowArrow> arrows;
   RECT figure{};  ///< empty: none
+  int width = 0;  ///< that it needs, where the room is narrower
   int height = 0;
 };
 

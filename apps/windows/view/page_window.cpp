@@ -12,7 +12,7 @@ namespace htr60::view {
 namespace {
 
 constexpr wchar_t kClass[] = L"Htr60Page";
-constexpr int kSmallestWidth = 620;  // 1/96 inch: below it the page scrolls sideways
+constexpr int kSmallestWidth = 480;  // 1/96 inch: below it the page scrolls sideways
 
 bool IsTypedInto(RowKind kind) { return kind == RowKind::kEdit || kind == RowKind::kNum; }
 
@@ -46,7 +46,7 @@ void PageWindow::Take(const Look& look) {
     room.cx = std::max<LONG>(window.right - window.left - GetSystemMetrics(SM_CXVSCROLL), look.Pixels(kSmallestWidth));
     plan_ = PlanPage(control_, presented_, look, room);
   }
-  room_ = room;
+  room_ = {std::max<LONG>(room.cx, plan_.width), room.cy};
   SetBars();
   PlaceFields();
   const bool drawn = IsRectEmpty(&plan_.figure) == FALSE;
