@@ -128,7 +128,9 @@ void ExpectRoom(const view::PagePlan& plan, const view::Look& look, const std::s
     const std::string of = which + ": " + com::Utf8WithMarks(field.name);
     CHECK_FOR(of, field.rect.right > field.rect.left && field.rect.bottom > field.rect.top);
     const view::Look::Font font = field.large ? view::Look::Font::kLarge : view::Look::Font::kPlain;
-    if (field.number) CHECK_FOR(of, look.WidthOf(field.text, font) < field.rect.right - field.rect.left);
+    const bool whole = field.number || field.large;
+    const LONG around = 2 * look.Pixels(4);
+    if (whole) CHECK_FOR(of, look.WidthOf(field.text, font) + around <= field.rect.right - field.rect.left);
   }
 }
 

@@ -88,10 +88,15 @@ void EntryField::Place(const RECT& frame, const PlannedField& field, const Look&
 }
 
 void EntryField::Take(const PlannedField& field, const Look& look) {
+  const bool restyled = look_ != &look;
   look_ = &look;
   number_ = field.number;
   font_ = field.large ? Look::Font::kLarge : Look::Font::kPlain;
   SetFont(look.Handle(font_));
+  if (restyled) {  // the system's own grow with the font, and large texts would be cut
+    const int margin = look.Pixels(2);
+    SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
+  }
   if (pale_ != field.pale) {
     pale_ = field.pale;
     InvalidateRect(Handle(), nullptr, TRUE);
