@@ -185,12 +185,42 @@ void LookAt(const Shown& shown, const std::string& type, const SIZE& size) {
   ExpectRoom(PageOf(shown).Plan(), look, which);
   RECT page{};
   GetClientRect(shown.Page(), &page);
-  // The large values of that page need more than the smallest width has: it alone scrolls sideways there.
-  const bool scrolls = size.cx == kSizes[1].cx && screen.title == "Observe";
+  // Large values, and coefficients of many digits in columns, need more than the smallest width has: these two scroll.
+  const bool scrolls =
+      size.cx == kSizes[1].cx && (screen.title == "Observe" || screen.title == "General Concentration");
   ExpectApart(PageOf(shown).Plan(), scrolls ? PageOf(shown).Plan().width : page.right, which);
   Picture(shown.Root()).Save(which);
   ExpectWhole(shown, which);
   ChangeSomething(shown, which);
+}
+
+/// A page by its node, and the tab of its strip.
+void OpenTab(const Shown& shown, const std::string& node, int tab) {
+  Open(shown, node);
+  const std::vector<presentation::ScreenTabs> tabs = shown.Presented().Shown().tabs;
+  if (tab == 0 || tabs.empty()) return;
+  shown.Presented().ClickTab(tabs.front().control, tab);
+  Pump(40);
+}
+
+void LookWithButtons(const Shown& shown, const std::string& type, const SIZE& size, const std::string& node, int tab) {
+  OpenTab(shown, node, tab);
+  LookAt(shown, type, size);
+  const PageLayout* page = shown.Presented().Page();
+  if (page == nullptr) return;
+  const auto& rows = shown.Presented().Shown().rows;
+  const auto asks = [](const presentation::ScreenRow& row) { return row.role == RowRole::kAccessCode; };
+  if (std::any_of(rows.begin(), rows.end(), asks)) return;  // without the code there is a box, and no page
+  std::vector<ControlId> buttons;
+  for (const view::PlannedField& field : PageOf(shown).Plan().fields) {
+    if (field.kind == RowKind::kOpen && field.enabled) buttons.push_back(field.control);
+  }
+  for (const ControlId button : buttons) {
+    shown.Presented().Press(ButtonId{button});
+    Pump(60);
+    if (shown.Presented().Page() != page) LookAt(shown, type, size);
+    OpenTab(shown, node, tab);
+  }
 }
 
 void EveryPageOf(const std::string& type) {
@@ -206,14 +236,9 @@ void EveryPageOf(const std::string& type) {
     CHECK(place->SetObjectRects(&rect, &rect) == S_OK);
     for (const std::string& name : names) {
       Open(shown, name);
-      LookAt(shown, type, size);
       const std::vector<presentation::ScreenTabs> tabs = shown.Presented().Shown().tabs;
-      if (tabs.empty()) continue;
-      for (int tab = 1; tab < static_cast<int>(tabs.front().captions.size()); ++tab) {
-        shown.Presented().ClickTab(tabs.front().control, tab);
-        Pump(40);
-        LookAt(shown, type, size);
-      }
+      const int count = tabs.empty() ? 1 : static_cast<int>(tabs.front().captions.size());
+      for (int tab = 0; tab < count; ++tab) LookWithButtons(shown, type, size, name, tab);
     }
   }
 }

@@ -151,6 +151,10 @@ GroupPlan::Cell GroupPlan::FieldCell(const LayoutRow& row, RowKind kind, Control
   const int arrow = kind == RowKind::kList || characters >= 28 ? look_.Line() * 3 / 2 : 0;
   cell.wanted = characters * look_.Character() + frame + arrow;
   cell.least = least * look_.Character() + frame + arrow;
+  if (control && (kind == RowKind::kNum || kind == RowKind::kValue)) {  // no number is cut for want of room beside it
+    const int text = look_.WidthOf(Wide(control_.form.TextOf(control)), font) + frame + look_.Pixels(4);
+    cell.least = std::clamp(text, cell.least, std::max(cell.least, cell.wanted));
+  }
   if (row.large && control) {  // what is read from afar is not cut
     const int text = look_.WidthOf(Wide(control_.form.TextOf(control)), font) + frame + 2 * look_.Character();
     cell.wanted = std::max(cell.wanted, text);

@@ -70,6 +70,8 @@ PagePlan PlanPage(UserCntrl& control, presentation::Presentation& presented, con
                      .heightOf = [height](int) { return height; }});
   }
   const int gap = look.Character();
+  // A group is never narrower than it can be: the page scrolls then.
+  for (const auto& group : groups) room.cx = std::max<LONG>(room.cx, group->Least() + 2 * gap);
   const presentation::Flow flow =
       presentation::LayOut(items, {.width = static_cast<int>(room.cx) - 2 * gap,
                                    .height = static_cast<int>(room.cy) - gap,
