@@ -107,14 +107,6 @@ inline std::wstring Identification(std::string_view tag) {
 }
 constexpr LONG kIdentificationCode = 100;
 
-inline VARIANT TextVariant(const Bstr& text) {
-  VARIANT variant;
-  VariantInit(&variant);
-  variant.vt = VT_BSTR;
-  variant.bstrVal = text.Get();
-  return variant;
-}
-
 /// One answer, as a manager gives it.
 inline HRESULT Answer(com::IUpdateUI& receiver, std::wstring_view document, LONG code = kIdentificationCode) {
   const Bstr text(document);

@@ -42,4 +42,15 @@ class Library {
   HMODULE module_;
 };
 
+/// The cases of a program that is given a DLL; `library` is that one meanwhile.
+inline int RunWithLibrary(int count, char** arguments, const Library*& library, std::span<const Case> cases) {
+  if (count != 2) return 2;
+  OleInitialize(nullptr);
+  const Library dll(arguments[1]);
+  library = &dll;
+  const int result = RunCases(cases);
+  OleUninitialize();
+  return result;
+}
+
 }  // namespace htr60::client

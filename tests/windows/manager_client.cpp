@@ -169,11 +169,5 @@ constexpr Case kCases[] = {
 }  // namespace htr60::client
 
 int main(int count, char** arguments) {
-  if (count != 2) return 2;
-  OleInitialize(nullptr);
-  const htr60::client::Library dll(arguments[1]);
-  htr60::client::library = &dll;
-  const int result = htr60::client::RunCases(htr60::client::kCases);
-  OleUninitialize();
-  return result;
+  return htr60::client::RunWithLibrary(count, arguments, htr60::client::library, htr60::client::kCases);
 }

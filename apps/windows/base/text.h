@@ -39,4 +39,13 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
+/// As an argument of a call; `text` keeps it.
+inline VARIANT TextVariant(const Bstr& text) {
+  VARIANT variant;
+  VariantInit(&variant);
+  variant.vt = VT_BSTR;
+  variant.bstrVal = text.Get();
+  return variant;
+}
+
 }  // namespace htr60::com

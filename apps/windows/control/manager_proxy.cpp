@@ -32,14 +32,6 @@ void Check(HRESULT result) {
   if (FAILED(result)) throw RuntimeFailure("the DTM manager failed");
 }
 
-VARIANT Text(const Bstr& text) {
-  VARIANT variant;
-  VariantInit(&variant);
-  variant.vt = VT_BSTR;
-  variant.bstrVal = text.Get();
-  return variant;
-}
-
 /// Calls a member by name. None where the object does not know the name; then it is called by its table.
 std::optional<HRESULT> ByName(IDispatch& object, const wchar_t* name, std::initializer_list<VARIANT> arguments) {
   auto* asked = const_cast<wchar_t*>(name);
@@ -81,7 +73,8 @@ class Core final : public htr60::IDtmCore {
     handed.vt = VT_UNKNOWN;
     handed.punkVal = receiver.Get();
     const CallOut call(calls_);
-    const auto byName = ByName(*core.Get(), L"RegisterUI", {Text(name), Text(id), handed, Number(number), Out(given)});
+    const auto byName =
+        ByName(*core.Get(), L"RegisterUI", {TextVariant(name), TextVariant(id), handed, Number(number), Out(given)});
     Check(byName ? *byName : core->RegisterUI(name.Get(), id.Get(), receiver.Get(), number, &given));
     flag = given != VARIANT_FALSE;
   }
@@ -95,7 +88,7 @@ class Core final : public htr60::IDtmCore {
     minusOne.vt = VT_BOOL;
     minusOne.boolVal = static_cast<VARIANT_BOOL>(number);
     const CallOut call(calls_);
-    const auto byName = ByName(*core.Get(), L"UnregisterUI", {Text(id), minusOne, Out(given)});
+    const auto byName = ByName(*core.Get(), L"UnregisterUI", {TextVariant(id), minusOne, Out(given)});
     Check(byName ? *byName : core->UnregisterUI(id.Get(), minusOne.boolVal, &given));
     flag = given != VARIANT_FALSE;
   }
@@ -147,7 +140,7 @@ class Access final : public htr60::IDtmParameterAccess {
     out.vt = VT_BYREF | VT_BSTR;
     out.pbstrVal = given.Out();
     const CallOut call(calls_);
-    const auto byName = ByName(*access.Get(), name, {Text(number), Text(text), out});
+    const auto byName = ByName(*access.Get(), name, {TextVariant(number), TextVariant(text), out});
     Check(byName ? *byName : (access.Get()->*request)(number.Get(), text.Get(), out.pbstrVal));
     result = Utf8WithMarks(TextOf(given.Get()));
   }

@@ -39,14 +39,6 @@ VARIANT Call(IDispatch* object, const wchar_t* name, WORD kind, std::initializer
   return result;
 }
 
-VARIANT Text(const Bstr& text) {
-  VARIANT variant;
-  VariantInit(&variant);
-  variant.vt = VT_BSTR;
-  variant.bstrVal = text.Get();
-  return variant;
-}
-
 }  // namespace
 
 Servers::Servers() {
@@ -110,7 +102,7 @@ void FrameControl::Start(const std::wstring& preset) {
   if (!manager_ || !control) return;
   if (!preset.empty()) {
     const Bstr name{std::wstring_view(preset)};
-    Call(manager_.Get(), L"UsePreset", DISPATCH_METHOD, {Text(name)});
+    Call(manager_.Get(), L"UsePreset", DISPATCH_METHOD, {TextVariant(name)});
   }
   const Bstr invokeId(std::wstring_view(L"htr60-frame"));
   VARIANT_BOOL attached = VARIANT_FALSE;
