@@ -6,6 +6,7 @@
 #include "library.h"
 #include "test_manager.h"
 #include "windows/base/dispatch.h"
+#include "windows/base/hand_out.h"
 
 namespace htr60::client {
 namespace {
@@ -77,10 +78,7 @@ class Site final : public IOleClientSite {
   virtual ~Site() = default;
   LONG References() const { return references_; }
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    *object = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IOleClientSite) ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
+    return com::HandOut({{IID_IUnknown, this}, {IID_IOleClientSite, this}}, id, object);
   }
   ULONG WINAPI AddRef() override { return static_cast<ULONG>(++references_); }
   ULONG WINAPI Release() override { return static_cast<ULONG>(--references_); }

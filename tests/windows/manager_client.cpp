@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "library.h"
+#include "windows/base/hand_out.h"
 #include "windows/base/text.h"
 #include "windows/control/identity.h"
 
@@ -23,10 +24,7 @@ class Taker final : public com::IUpdateUI {
   LONG References() const { return references_; }
 
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    *object = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, com::kUpdateUI) ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
+    return com::HandOut({{IID_IUnknown, this}, {com::kUpdateUI, this}}, id, object);
   }
   ULONG WINAPI AddRef() override { return static_cast<ULONG>(++references_); }
   ULONG WINAPI Release() override { return static_cast<ULONG>(--references_); }

@@ -1,6 +1,7 @@
 // The entries of the DLL.
 
 #include "windows/base/entry.h"
+#include "windows/base/hand_out.h"
 #include "windows/base/server.h"
 #include "windows/win.h"
 
@@ -10,11 +11,7 @@ namespace {
 class Factory final : public IClassFactory, private Counted {
  public:
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IClassFactory) ? this : nullptr;
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
+    return HandOut({{IID_IUnknown, this}, {IID_IClassFactory, this}}, id, object);
   }
   ULONG WINAPI AddRef() override { return CountUp(); }
   ULONG WINAPI Release() override { return CountDown(); }

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "windows/base/hand_out.h"
 #include "windows/base/module.h"
 #include "windows/base/server.h"
 #include "windows/base/text.h"
@@ -93,30 +94,25 @@ void ControlObject::Turned() {
 Members ControlObject::ScriptMembers() const { return kMembers; }
 
 HRESULT ControlObject::QueryInterface(REFIID id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, kDtmActiveXControl) ||
-      IsEqualIID(id, kScriptedControl)) {
-    *object = static_cast<IDtmActiveXControl*>(this);
-  } else if (IsEqualIID(id, IID_IOleObject)) {
-    *object = static_cast<IOleObject*>(this);
-  } else if (IsEqualIID(id, IID_IOleInPlaceObject) || IsEqualIID(id, IID_IOleWindow)) {
-    *object = static_cast<IOleInPlaceObject*>(this);
-  } else if (IsEqualIID(id, IID_IOleInPlaceActiveObject)) {
-    *object = static_cast<IOleInPlaceActiveObject*>(this);
-  } else if (IsEqualIID(id, IID_IOleControl)) {
-    *object = static_cast<IOleControl*>(this);
-  } else if (IsEqualIID(id, IID_IViewObject) || IsEqualIID(id, IID_IViewObject2)) {
-    *object = static_cast<IViewObject2*>(this);
-  } else if (IsEqualIID(id, IID_IPersistStreamInit) || IsEqualIID(id, IID_IPersist)) {
-    *object = static_cast<IPersistStreamInit*>(this);
-  } else if (IsEqualIID(id, IID_IProvideClassInfo)) {
-    *object = static_cast<IProvideClassInfo*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
+  auto* const control = static_cast<IDtmActiveXControl*>(this);
+  auto* const place = static_cast<IOleInPlaceObject*>(this);
+  auto* const view = static_cast<IViewObject2*>(this);
+  auto* const persistent = static_cast<IPersistStreamInit*>(this);
+  return HandOut({{IID_IUnknown, control},
+                  {IID_IDispatch, control},
+                  {kDtmActiveXControl, control},
+                  {kScriptedControl, control},
+                  {IID_IOleObject, static_cast<IOleObject*>(this)},
+                  {IID_IOleInPlaceObject, place},
+                  {IID_IOleWindow, place},
+                  {IID_IOleInPlaceActiveObject, static_cast<IOleInPlaceActiveObject*>(this)},
+                  {IID_IOleControl, static_cast<IOleControl*>(this)},
+                  {IID_IViewObject, view},
+                  {IID_IViewObject2, view},
+                  {IID_IPersistStreamInit, persistent},
+                  {IID_IPersist, persistent},
+                  {IID_IProvideClassInfo, static_cast<IProvideClassInfo*>(this)}},
+                 id, object);
 }
 
 HRESULT ControlObject::Init(BSTR invokeId, BSTR functionCall, IUnknown* dtm, VARIANT_BOOL* attached) {

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "windows/base/hand_out.h"
 #include "windows/base/text.h"
 
 namespace htr60::com {
@@ -45,17 +46,12 @@ Receiver::~Receiver() {
 Members Receiver::ScriptMembers() const { return kMembers; }
 
 HRESULT Receiver::QueryInterface(REFIID id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) || IsEqualIID(id, kUpdateUI)) {
-    *object = static_cast<IUpdateUI*>(this);
-  } else if (IsEqualIID(id, IID_IMarshal)) {
-    *object = static_cast<IMarshal*>(this);
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
+  auto* const update = static_cast<IUpdateUI*>(this);
+  return HandOut({{IID_IUnknown, update},
+                  {IID_IDispatch, update},
+                  {kUpdateUI, update},
+                  {IID_IMarshal, static_cast<IMarshal*>(this)}},
+                 id, object);
 }
 
 void Receiver::Close() {

@@ -8,6 +8,7 @@
 #include "text/failure.h"
 #include "text/xml_reader.h"
 #include "windows/base/com_ptr.h"
+#include "windows/base/hand_out.h"
 #include "windows/base/text.h"
 #include "windows/control/xml_prolog.h"
 #include "windows/win.h"
@@ -46,9 +47,7 @@ class Handler final : public ISAXContentHandler {
   }
 
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    if (object == nullptr) return E_POINTER;
-    *object = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, kContentHandler) ? this : nullptr;
-    return *object != nullptr ? S_OK : E_NOINTERFACE;
+    return com::HandOut({{IID_IUnknown, this}, {kContentHandler, this}}, id, object);
   }
   ULONG WINAPI AddRef() override { return 2; }
   ULONG WINAPI Release() override { return 1; }

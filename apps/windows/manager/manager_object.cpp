@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "simulator/manager/json_text.h"
+#include "windows/base/hand_out.h"
 #include "windows/base/server.h"
 #include "windows/base/text.h"
 
@@ -238,19 +239,12 @@ ManagerObject::~ManagerObject() { manager_->onScheduleChanged = nullptr; }
 Members ManagerObject::ScriptMembers() const { return kMembers; }
 
 HRESULT ManagerObject::QueryInterface(REFIID id, void** object) {
-  if (object == nullptr) return E_POINTER;
-  *object = nullptr;
-  if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch)) {
-    *object = static_cast<IDispatch*>(this);
-  } else if (IsEqualIID(id, kDtmCore)) {
-    *object = static_cast<com::IDtmCore*>(core_.get());
-  } else if (IsEqualIID(id, kDtmParameterAccess)) {
-    *object = static_cast<com::IDtmParameterAccess*>(access_.get());
-  } else {
-    return E_NOINTERFACE;
-  }
-  AddRef();
-  return S_OK;
+  auto* const dispatch = static_cast<IDispatch*>(this);
+  return HandOut({{IID_IUnknown, dispatch},
+                  {IID_IDispatch, dispatch},
+                  {kDtmCore, static_cast<com::IDtmCore*>(core_.get())},
+                  {kDtmParameterAccess, static_cast<com::IDtmParameterAccess*>(access_.get())}},
+                 id, object);
 }
 
 void ManagerObject::Begin(const sim::Settings& settings) {
