@@ -104,4 +104,34 @@ std::vector<std::optional<LabelRect>> PlaceLabels(std::span<const LabelWish> wis
   return places;
 }
 
+// On the other side of an axis a text would be read as one of its numbers.
+std::vector<std::optional<LabelRect>> PlaceTexts(const Figure& figure, const LabelPaper& paper) {
+  std::vector<LabelWish> wishes;
+  for (const FigureText& text : figure.texts) {
+    wishes.push_back({.at = paper.at(text.at),
+                      .width = paper.widthOf(text.text),
+                      .height = paper.letters,
+                      .leftOf = text.rightAligned,
+                      .canWait = text.canWait});
+  }
+  const LabelRect& plot = paper.plot;
+  const double bottom = plot.y + plot.height;
+  std::vector<LabelLine> lines{{{plot.x, bottom}, {plot.x, plot.y}}, {{plot.x, bottom}, {plot.x + plot.width, bottom}}};
+  for (const FigureLine& line : figure.lines) {
+    for (std::size_t i = 1; i < line.points.size(); ++i) {
+      lines.push_back({paper.at(line.points[i - 1]), paper.at(line.points[i])});
+    }
+  }
+  std::vector<LabelRect> marks;
+  const double side = paper.character;
+  for (const FigureMarker& marker : figure.markers) {
+    const FigurePoint at = paper.at(marker.at);
+    marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
+  }
+  return PlaceLabels(wishes, {.room = {plot.x, paper.top, paper.right - plot.x, bottom - paper.top},
+                              .lines = lines,
+                              .marks = marks,
+                              .gap = paper.character});
+}
+
 }  // namespace htr60::figures

@@ -100,5 +100,28 @@ TEST(Labels, WordsThatMustStandDoAndKeepInside) {
   EXPECT_FALSE(places[0]) << "there is no place off the lines";
 }
 
+TEST(Labels, OfAPointInTheCornerStandBetweenTheAxes) {
+  Figure figure;
+  figure.lines.push_back({.points = {{0, 0}, {10, 10}}});
+  figure.markers.push_back({.at = {0, 0}});
+  figure.texts.push_back({.at = {0, 0}, .text = "1", .canWait = true});
+  // As narrow as this the curve takes the place above the point.
+  const LabelPaper paper{.at =
+                             [](FigurePoint point) {
+                               return FigurePoint{40 + point.x * 40, 300 - point.y * 30};
+                             },
+                         .widthOf = [](std::string_view text) { return 8.0 * static_cast<double>(text.size()); },
+                         .letters = 14,
+                         .character = 7,
+                         .plot = {40, 0, 400, 300},
+                         .top = -20,
+                         .right = 500};
+  const auto places = PlaceTexts(figure, paper);
+  ASSERT_EQ(places.size(), 1U);
+  ASSERT_TRUE(places[0]);
+  EXPECT_GE(places[0]->x, 40);
+  EXPECT_LE(places[0]->y + places[0]->height, 300);
+}
+
 }  // namespace
 }  // namespace htr60::figures

@@ -303,36 +303,15 @@ void FigureWidget::PaintMarkers(QPainter& painter) const {
 
 void FigureWidget::PaintTexts(QPainter& painter) const {
   const QFontMetrics metrics = fontMetrics();
-  std::vector<figures::LabelWish> wishes;
-  for (const FigureText& text : figure_.texts) {
-    wishes.push_back({.at = Pixel(text.at),
-                      .width = static_cast<double>(metrics.horizontalAdvance(ToQt(text.text))),
-                      .height = static_cast<double>(metrics.ascent()),
-                      .leftOf = text.rightAligned,
-                      .canWait = text.canWait});
-  }
-  std::vector<figures::LabelLine> lines;
-  for (const FigureLine& line : figure_.lines) {
-    for (std::size_t i = 1; i < line.points.size(); ++i) {
-      lines.push_back({Pixel(line.points[i - 1]), Pixel(line.points[i])});
-    }
-  }
-  std::vector<figures::LabelRect> marks;
-  const double side = MarkerSide();
-  for (const FigureMarker& marker : figure_.markers) {
-    const FigurePoint at = Pixel(marker.at);
-    marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
-  }
-  // The axes and their numbers are no place either.
-  const FigurePoint corner{plot_.left(), plot_.bottom()};
-  lines.push_back({corner, {plot_.left(), plot_.top()}});
-  lines.push_back({corner, {plot_.right(), plot_.bottom()}});
-  const auto keepOff = [&](const QRectF& rect) { marks.push_back({rect.x(), rect.y(), rect.width(), rect.height()}); };
-  for (const FigureTick& tick : figure_.x.ticks) keepOff(RoomOfX(tick));
-  for (const FigureTick& tick : figure_.y.ticks) keepOff(RoomOfY(tick));
-  const figures::LabelRect room{0, above_.bottom(), static_cast<double>(width()), below_.top() - above_.bottom()};
-  const auto places = PlaceLabels(
-      wishes, {.room = room, .lines = lines, .marks = marks, .gap = static_cast<double>(metrics.averageCharWidth())});
+  const auto places = figures::PlaceTexts(
+      figure_,
+      {.at = [this](FigurePoint point) { return Pixel(point); },
+       .widthOf = [&](std::string_view text) { return static_cast<double>(metrics.horizontalAdvance(ToQt(text))); },
+       .letters = static_cast<double>(metrics.ascent()),
+       .character = static_cast<double>(MarkerSide()),
+       .plot = {plot_.x(), plot_.y(), plot_.width(), plot_.height()},
+       .top = above_.bottom(),
+       .right = static_cast<double>(width())});
   painter.setPen(palette().color(QPalette::WindowText));
   for (std::size_t i = 0; i < places.size(); ++i) {
     if (places[i])

@@ -231,46 +231,20 @@ void Painter::Markers() const {
 }
 
 void Painter::Texts(const RECT& room) const {
-  const auto place = [this](FigurePoint point) {
-    const POINT at = places_.At(point);
-    return FigurePoint{static_cast<double>(at.x), static_cast<double>(at.y)};
-  };
-  std::vector<figures::LabelWish> wishes;
-  for (const FigureText& text : figure_.texts) {
-    wishes.push_back({.at = place(text.at),
-                      .width = static_cast<double>(look_.WidthOf(Wide(text.text))),
-                      .height = static_cast<double>(look_.Ascent()),
-                      .leftOf = text.rightAligned,
-                      .canWait = text.canWait});
-  }
-  std::vector<figures::LabelLine> lines;
-  for (const FigureLine& line : figure_.lines) {
-    for (std::size_t i = 1; i < line.points.size(); ++i) {
-      lines.push_back({place(line.points[i - 1]), place(line.points[i])});
-    }
-  }
-  std::vector<figures::LabelRect> marks;
-  const double side = look_.Character();
-  for (const FigureMarker& marker : figure_.markers) {
-    const FigurePoint at = place(marker.at);
-    marks.push_back({at.x - side / 2, at.y - side / 2, side, side});
-  }
-  // The axes and their numbers are no place either.
   const RECT& plot = places_.plot;
-  const FigurePoint corner{static_cast<double>(plot.left), static_cast<double>(plot.bottom)};
-  lines.push_back({corner, {corner.x, static_cast<double>(plot.top)}});
-  lines.push_back({corner, {static_cast<double>(plot.right), corner.y}});
-  const auto keepOff = [&](const RECT& rect) {
-    marks.push_back({static_cast<double>(rect.left), static_cast<double>(rect.top),
-                     static_cast<double>(rect.right - rect.left), static_cast<double>(rect.bottom - rect.top)});
+  const auto at = [this](FigurePoint point) {
+    const POINT place = places_.At(point);
+    return FigurePoint{static_cast<double>(place.x), static_cast<double>(place.y)};
   };
-  for (const FigureTick& tick : figure_.x.ticks) keepOff(RoomOfX(tick));
-  for (const FigureTick& tick : figure_.y.ticks) keepOff(RoomOfY(tick));
-  const figures::LabelRect inside{static_cast<double>(room.left), static_cast<double>(places_.above.bottom),
-                                  static_cast<double>(room.right - room.left),
-                                  static_cast<double>(places_.below.top - places_.above.bottom)};
-  const auto found = PlaceLabels(
-      wishes, {.room = inside, .lines = lines, .marks = marks, .gap = static_cast<double>(look_.Character())});
+  const auto found = figures::PlaceTexts(
+      figure_, {.at = at,
+                .widthOf = [this](std::string_view text) { return static_cast<double>(look_.WidthOf(Wide(text))); },
+                .letters = static_cast<double>(look_.Ascent()),
+                .character = static_cast<double>(look_.Character()),
+                .plot = {static_cast<double>(plot.left), static_cast<double>(plot.top),
+                         static_cast<double>(plot.right - plot.left), static_cast<double>(plot.bottom - plot.top)},
+                .top = static_cast<double>(places_.above.bottom),
+                .right = static_cast<double>(room.right)});
   for (std::size_t i = 0; i < found.size(); ++i) {
     if (!found[i]) continue;
     // The height of a label is that of its letters; the line has room above them.
