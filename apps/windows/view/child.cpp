@@ -11,6 +11,7 @@ namespace {
 constexpr wchar_t kProperty[] = L"Htr60Child";
 
 bool IsKey(UINT message) { return message == WM_KEYDOWN || message == WM_SYSKEYDOWN; }
+bool IsPointer(UINT message) { return message >= WM_MOUSEMOVE && message <= WM_MBUTTONUP; }
 bool IsCharacter(UINT message) { return message == WM_CHAR || message == WM_SYSCHAR; }
 
 }  // namespace
@@ -20,12 +21,13 @@ Child::Child(IViewActs& acts, HWND parent, const Kind& kind, presentation::Spot 
                             0, parent, nullptr, com::Module(), nullptr);
   if (window_ == nullptr) throw std::bad_alloc();
   SetPropW(window_, kProperty, this);
+  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   before_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Child::Procedure)));
 }
 
-// The frame may have destroyed the window with its own. The procedure stays to the end: tooltips have put theirs before
-// it, and let go of it when the window goes.
+// The frame may have destroyed the window with its own. The procedure stays to the end: others may have put theirs
+// before it, and let go of it when the window goes.
 Child::~Child() {
   if (window_ == nullptr) return;
   going_ = true;
@@ -86,7 +88,8 @@ LRESULT Child::Default(UINT message, WPARAM word, LPARAM number) {
 LRESULT Child::OnMessage(UINT message, WPARAM word, LPARAM number) { return Default(message, word, number); }
 
 LRESULT CALLBACK Child::Procedure(HWND window, UINT message, WPARAM word, LPARAM number) noexcept {
-  Child* const child = Of(window);
+  // Of these windows it is known that they are a child's; by its property each message would ask for it anew.
+  auto* const child = reinterpret_cast<Child*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (child == nullptr) return DefWindowProcW(window, message, word, number);
   try {
     const Hold hold = child->acts_.Held();
@@ -101,10 +104,12 @@ LRESULT Child::Handle(UINT message, WPARAM word, LPARAM number) {
   const HWND window = window_;
   if (message == WM_NCDESTROY) {
     RemovePropW(window, kProperty);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     window_ = nullptr;
     return CallWindowProcW(before_, window, message, word, number);
   }
   if (going_) return Default(message, word, number);
+  if (IsPointer(message)) acts_.Pointed({window, message, word, number, 0, {}});
   if (IsKey(message) || IsCharacter(message)) {
     if (IsCharacter(message) && eats_) return 0;
     const bool taken = acts_.TakeKey({window, message, word, number, 0, {}});

@@ -23,6 +23,8 @@ class IViewActs {
   virtual void Came(presentation::Spot spot) = 0;
   /// The focus has left the view's windows for `other`, null for none.
   virtual void Left(HWND other) = 0;
+  /// The pointer moves over a window of the view, or presses there.
+  virtual void Pointed(const MSG& message) = 0;
   /// Text from the clipboard for a field. True where it was taken as columns.
   virtual bool Paste(ControlId field, std::wstring_view text) = 0;
   /// The menu of a field, at a place of the screen.

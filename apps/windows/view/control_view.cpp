@@ -444,6 +444,12 @@ void ControlView::Acted() {
   if (!closed_) holder_.TurnNow();
 }
 
+// Those of the other tips are none of its windows: it only hears that the pointer has left.
+void ControlView::Pointed(const MSG& message) {
+  tips_.Relay(message);
+  page_->Pointed(message);
+}
+
 void ControlView::Wheel(int notches) { page_->Scroll(notches); }
 
 void ControlView::Activate(const std::optional<TreePlace>& place) {

@@ -99,6 +99,7 @@ class ControlView final : private Window, private IViewActs, public std::enable_
   void Left(HWND other) override;
   bool Paste(ControlId field, std::wstring_view text) override;
   void ShowMenu(ControlId field, POINT at) override;
+  void Pointed(const MSG& message) override;
   void Acted() override;
   void Wheel(int notches) override;
 

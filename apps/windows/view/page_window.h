@@ -26,6 +26,8 @@ class PageWindow final : public Window {
   FieldWindow* FieldOf(ControlId control) const;
   FieldWindow* FieldOf(const Child& child) const;
   void ScrollTo(ControlId control);
+  /// The pointer is over one of the view's windows, for the tooltips.
+  void Pointed(const MSG& message) const { tips_.Relay(message); }
   void Scroll(int notches);
   /// The focus has gone to `window`: the frames of two fields change.
   void FollowFocus(HWND window);

@@ -10,7 +10,7 @@ constexpr int kWidest = 480;  // 1/96 inch: longer texts go on in a second line
 TOOLINFOW ToolOf(HWND owner, HWND tool) {
   TOOLINFOW info{};
   info.cbSize = sizeof info;
-  info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  info.uFlags = TTF_IDISHWND;  // not subclassed: that would cost at every message of every window
   info.hwnd = owner;
   info.uId = reinterpret_cast<UINT_PTR>(tool);
   info.lpszText = LPSTR_TEXTCALLBACKW;
@@ -39,6 +39,11 @@ void Tips::Add(HWND tool) {
 void Tips::Remove(HWND tool) {
   TOOLINFOW info = ToolOf(owner_, tool);
   SendMessageW(window_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+}
+
+void Tips::Relay(const MSG& message) const {
+  MSG relayed = message;
+  SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
 }
 
 bool Tips::Answer(NMHDR& header, const std::function<std::wstring(HWND)>& textOf) {

@@ -21,6 +21,8 @@ class Tips {
   void Take(const Look& look);
   void Add(HWND tool);
   void Remove(HWND tool);
+  /// What the pointer does over a window below the owner.
+  void Relay(const MSG& message) const;
   /// True where the notification is the question for a text; `textOf` answers it.
   bool Answer(NMHDR& header, const std::function<std::wstring(HWND)>& textOf);
 
