@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,7 @@ namespace {
 
 using view::PlannedText;
 
+constexpr std::string_view kAccessCode = "QK475";
 constexpr SIZE kSizes[] = {{1100, 720}, {700, 460}};  // 1/96 inch
 int theDpi = 96;
 std::filesystem::path theFolder;  ///< empty: no pictures are written
@@ -174,10 +176,24 @@ void ChangeSomething(const Shown& shown, const std::string& which) {
   ExpectWhole(shown, which + ", left");
 }
 
-void LookAt(const Shown& shown, const std::string& type, const SIZE& size) {
+/// All that a page paints and where; the types share most pages behind buttons, to the last dot.
+std::wstring Contents(const view::PagePlan& plan) {
+  std::wstring all = std::to_wstring(plan.width);
+  const auto add = [&](const std::wstring& text, const RECT& rect) {
+    all += text;
+    for (const LONG edge : {rect.left, rect.top, rect.right, rect.bottom}) all += L' ' + std::to_wstring(edge);
+  };
+  for (const PlannedText& text : plan.texts) add(text.text, text.rect);
+  for (const view::PlannedField& field : plan.fields) add(field.name + field.text, field.rect);
+  return all;
+}
+
+void LookAt(const Shown& shown, const std::string& place) {
   const presentation::Screen& screen = shown.Presented().Shown();
   if (!screen.frame) return;
-  std::string which = type + "_" + std::to_string(size.cx) + "_" + screen.title;
+  static std::set<std::wstring> seen;
+  if (!seen.insert(Contents(PageOf(shown).Plan())).second) return;
+  std::string which = place + "_" + screen.title;
   for (const presentation::ScreenTabs& tabs : screen.tabs) which += "_" + std::to_string(tabs.index);
   std::replace_if(
       which.begin(), which.end(), [](unsigned char c) { return std::isalnum(c) == 0 && c != '_'; }, '-');
@@ -186,40 +202,77 @@ void LookAt(const Shown& shown, const std::string& type, const SIZE& size) {
   RECT page{};
   GetClientRect(shown.Page(), &page);
   // Large values, and coefficients of many digits in columns, need more than the smallest width has: these two scroll.
-  const bool scrolls =
-      size.cx == kSizes[1].cx && (screen.title == "Observe" || screen.title == "General Concentration");
+  RECT whole{};
+  GetClientRect(shown.Root(), &whole);
+  const bool narrow = whole.right == Pixels(kSizes[1].cx);
+  const bool scrolls = narrow && (screen.title == "Observe" || screen.title == "General Concentration");
   ExpectApart(PageOf(shown).Plan(), scrolls ? PageOf(shown).Plan().width : page.right, which);
   Picture(shown.Root()).Save(which);
   ExpectWhole(shown, which);
   ChangeSomething(shown, which);
 }
 
-/// A page by its node, and the tab of its strip.
-void OpenTab(const Shown& shown, const std::string& node, int tab) {
-  Open(shown, node);
-  const std::vector<presentation::ScreenTabs> tabs = shown.Presented().Shown().tabs;
-  if (tab == 0 || tabs.empty()) return;
-  shown.Presented().ClickTab(tabs.front().control, tab);
-  Pump(40);
+/// What leads from a page on: a button, or a tab of a strip.
+struct Step {
+  ControlId control;
+  int tab = -1;  ///< -1: a button
+};
+/// A node of the tree, and what is clicked behind it.
+struct Way {
+  std::string node;
+  std::vector<Step> steps;
+
+  Way With(Step step) const {
+    Way longer = *this;
+    longer.steps.push_back(step);
+    return longer;
+  }
+};
+using Pages = std::vector<const PageLayout*>;
+
+void Go(const Shown& shown, const Way& way) {
+  Open(shown, way.node);
+  for (const Step& step : way.steps) {
+    presentation::Presentation& presented = shown.Presented();
+    if (step.tab >= 0) presented.ClickTab(TabsId{step.control}, step.tab);
+    const auto& rows = presented.Shown().rows;
+    const auto asks = [](const presentation::ScreenRow& row) { return row.role == RowRole::kAccessCode; };
+    if (std::any_of(rows.begin(), rows.end(), asks)) presented.Type(TextId{id::txtPassword}, kAccessCode);
+    if (step.tab < 0) presented.Press(ButtonId{step.control});
+    Settle();
+  }
 }
 
-void LookWithButtons(const Shown& shown, const std::string& type, const SIZE& size, const std::string& node, int tab) {
-  OpenTab(shown, node, tab);
-  LookAt(shown, type, size);
+void LookFrom(const Shown& shown, const std::string& place, const Way& way, Pages& seen);
+
+/// The page in front, and those behind its buttons that have not been seen yet.
+void LookAround(const Shown& shown, const std::string& place, const Way& way, Pages& seen) {
+  LookAt(shown, place);
   const PageLayout* page = shown.Presented().Page();
   if (page == nullptr) return;
-  const auto& rows = shown.Presented().Shown().rows;
-  const auto asks = [](const presentation::ScreenRow& row) { return row.role == RowRole::kAccessCode; };
-  if (std::any_of(rows.begin(), rows.end(), asks)) return;  // without the code there is a box, and no page
   std::vector<ControlId> buttons;
   for (const view::PlannedField& field : PageOf(shown).Plan().fields) {
     if (field.kind == RowKind::kOpen && field.enabled) buttons.push_back(field.control);
   }
   for (const ControlId button : buttons) {
-    shown.Presented().Press(ButtonId{button});
-    Pump(60);
-    if (shown.Presented().Page() != page) LookAt(shown, type, size);
-    OpenTab(shown, node, tab);
+    const Way behind = way.With({button, -1});
+    Go(shown, behind);
+    const PageLayout* opened = shown.Presented().Page();
+    if (opened == page || std::find(seen.begin(), seen.end(), opened) != seen.end()) continue;
+    LookFrom(shown, place, behind, seen);
+  }
+}
+
+/// The page in front, to which the way leads, with all its tabs.
+void LookFrom(const Shown& shown, const std::string& place, const Way& way, Pages& seen) {
+  seen.push_back(shown.Presented().Page());
+  const std::vector<presentation::ScreenTabs> strips = shown.Presented().Shown().tabs;
+  if (strips.empty()) return LookAround(shown, place, way, seen);
+  const int tabs = static_cast<int>(strips.front().captions.size());
+  for (int tab = 0; tab < tabs; ++tab) {
+    const Way there = way.With({strips.front().control, tab});
+    Go(shown, there);
+    LookAround(shown, place, there, seen);
   }
 }
 
@@ -234,12 +287,12 @@ void EveryPageOf(const std::string& type) {
     SetWindowPos(shown.site.window, nullptr, 0, 0, rect.right + 40, rect.bottom + 60, SWP_NOZORDER | SWP_NOMOVE);
     const auto place = ComPtr<IOleInPlaceObject>::Of(shown.control.object.Get(), IID_IOleInPlaceObject);
     CHECK(place->SetObjectRects(&rect, &rect) == S_OK);
+    Pages seen;
     for (const std::string& name : names) {
       Open(shown, name);
-      const std::vector<presentation::ScreenTabs> tabs = shown.Presented().Shown().tabs;
-      const int count = tabs.empty() ? 1 : static_cast<int>(tabs.front().captions.size());
-      for (int tab = 0; tab < count; ++tab) LookWithButtons(shown, type, size, name, tab);
+      LookFrom(shown, type + "_" + std::to_string(size.cx), {name, {}}, seen);
     }
+    CHECK(std::find(seen.begin(), seen.end(), nullptr) == seen.end());
   }
 }
 

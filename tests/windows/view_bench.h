@@ -6,6 +6,7 @@
 
 #include "control_bench.h"
 #include "library.h"
+#include "windows/base/hand_out.h"
 #include "windows/base/text.h"
 #include "windows/view/child.h"
 #include "windows/view/page_window.h"
@@ -37,19 +38,17 @@ class Site final : public IOleClientSite, public IOleInPlaceSite, public IOleInP
   bool takesKeys = false;
 
   HRESULT WINAPI QueryInterface(REFIID id, void** object) override {
-    *object = nullptr;
-    if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IOleClientSite))
-      *object = static_cast<IOleClientSite*>(this);
-    if (IsEqualIID(id, IID_IOleInPlaceSite) || IsEqualIID(id, IID_IOleWindow)) {
-      *object = static_cast<IOleInPlaceSite*>(this);
-    }
-    if (IsEqualIID(id, IID_IOleInPlaceFrame) || IsEqualIID(id, IID_IOleInPlaceUIWindow)) {
-      *object = static_cast<IOleInPlaceFrame*>(this);
-    }
-    if (IsEqualIID(id, IID_IOleControlSite)) *object = static_cast<IOleControlSite*>(this);
-    if (*object == nullptr) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
+    auto* const client = static_cast<IOleClientSite*>(this);
+    auto* const inPlace = static_cast<IOleInPlaceSite*>(this);
+    auto* const frame = static_cast<IOleInPlaceFrame*>(this);
+    return com::HandOut({{IID_IUnknown, client},
+                         {IID_IOleClientSite, client},
+                         {IID_IOleInPlaceSite, inPlace},
+                         {IID_IOleWindow, inPlace},
+                         {IID_IOleInPlaceFrame, frame},
+                         {IID_IOleInPlaceUIWindow, frame},
+                         {IID_IOleControlSite, static_cast<IOleControlSite*>(this)}},
+                        id, object);
   }
   ULONG WINAPI AddRef() override { return static_cast<ULONG>(++references_); }
   ULONG WINAPI Release() override { return static_cast<ULONG>(--references_); }
@@ -140,6 +139,13 @@ inline void Pump(DWORD milliseconds) {
   }
 }
 
+/// Handles what comes until nothing has come for longer than an answer takes.
+inline void Settle() {
+  do {
+    Pump(0);
+  } while (MsgWaitForMultipleObjects(0, nullptr, FALSE, 25, QS_ALLINPUT) == WAIT_OBJECT_0);
+}
+
 /// A control with a window in a frame of the test's own.
 class Shown {
  public:
@@ -208,7 +214,7 @@ inline void Open(const Shown& shown, std::string_view node) {
   for (std::size_t i = 0; i < nodes.size(); ++i) {
     if (nodes[i].text != node) continue;
     shown.Presented().Activate(std::string(node), static_cast<int>(i) + 1);
-    Pump(60);
+    Settle();
     return;
   }
   CHECK_FOR(std::string(node), false);

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "presentation/frame_texts.h"
+#include "told.h"
 #include "view_bench.h"
 #include "windows/view/control_view.h"
 
@@ -15,6 +17,18 @@ using presentation::Screen;
 using presentation::ScreenRow;
 
 std::string Utf8(const std::wstring& text) { return com::Utf8WithMarks(text); }
+
+ToldWindows* theTold;  ///< lives in main
+
+/// What assistive technology hears of a field is what the screen tells.
+void ExpectTold(HWND window, const ScreenRow& row, const std::string& which) {
+  const Told& told = theTold->windows[window];
+  CHECK_FOR(which, Utf8(told.name) == row.name);
+  CHECK_FOR(which, Utf8(told.description).find(row.words) != std::string::npos);
+  if (row.kind != RowKind::kList && row.kind != RowKind::kListRo) return;
+  CHECK_FOR(which, told.role == ROLE_SYSTEM_COMBOBOX);
+  CHECK_FOR(which, Utf8(told.value) == row.text);
+}
 
 // ---- cases
 
@@ -107,7 +121,7 @@ void CompareWithScreen(const Shown& shown) {
       CHECK_FOR(of + row.name, Utf8(child->Text()) == row.text);
     }
     CHECK_FOR(of + row.name, (IsWindowEnabled(child->Handle()) != FALSE) == row.enabled);
-    CHECK_FOR(of + row.name, Utf8(child->Name()) == row.name);
+    ExpectTold(child->Handle(), row, of + row.name);
     if (!row.unit.empty()) paints(painted, row.unit);
   }
   for (const presentation::ScreenButton& button : screen.buttons) {
@@ -132,9 +146,12 @@ void CompareWithScreen(const Shown& shown) {
 }
 
 void EveryPageOf(std::wstring_view preset) {
+  CHECK(theTold->windows.empty());  // of windows that are gone nothing is kept
   const Shown shown;
   Start(shown, preset);
   CompareWithScreen(shown);
+  const HWND tree = FindWindowExW(shown.Root(), nullptr, WC_TREEVIEWW, nullptr);
+  CHECK(Utf8(theTold->windows[tree].name) == presentation::kTreeName);
   std::vector<std::string> names;
   for (const TreeNode& node : shown.control.Inside().form.treeView.Nodes()) names.emplace_back(node.text);
   int pages = 0;
@@ -147,7 +164,7 @@ void EveryPageOf(std::wstring_view preset) {
     if (tabs.empty()) continue;
     for (int tab = 1; tab < static_cast<int>(tabs.front().captions.size()); ++tab) {
       shown.Presented().ClickTab(tabs.front().control, tab);
-      Pump(40);
+      Settle();
       CompareWithScreen(shown);
     }
   }
@@ -368,5 +385,7 @@ int main(int count, char** arguments) {
   const Apartment apartment;
   const Library library(arguments[1]);
   theManager = &library;
+  ToldWindows told;
+  theTold = &told;
   return RunCases(kCases);
 }

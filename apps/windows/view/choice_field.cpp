@@ -276,7 +276,7 @@ void ChoiceField::PaintField(HDC context) {
     COLORREF color = enabled_ ? look_->text : look_->disabled;
     if (pale_ && enabled_) color = look_->PaleOn(ground);
     RECT words = client;
-    words.left += look_->Pixels(4);
+    words.left += look_->Pixels(6);  // as the text of an EDIT in its frame
     const int side = look_->Line();
     words.right -= side;
     canvas.Text(words, text_, color, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);

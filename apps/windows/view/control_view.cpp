@@ -191,7 +191,8 @@ void ControlView::Arrange() {
   const int line = look_->Line();
   const int gap = look_->Character();
   places_ = {};
-  places_.status = {client.left, std::max(client.top, client.bottom - line - gap), client.right, client.bottom};
+  places_.status = {client.left, std::max(client.top, client.bottom - std::max(line, look_->Picture()) - gap),
+                    client.right, client.bottom};
   places_.folded = client.right < look_->Pixels(kWholeWidth) || client.bottom < look_->Pixels(kWholeHeight);
   const bool unfolded = !places_.folded || presented_.Keys().At() == Spot::Part::kTree;
   const int tree = std::max<int>(look_->Pixels(kTree),

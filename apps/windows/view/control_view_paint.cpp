@@ -64,7 +64,7 @@ void ControlView::PlacePanels(Parts& parts) const {
     RECT words = Hollowed({left, status.top, right, status.bottom}, gap);
     const StatusPanel& panel = control_.form.statusBar.Panel(static_cast<int>(i) + 1);
     if (!panel.picture.empty()) {
-      const int side = look_->Line();
+      const int side = look_->Picture();
       parts[kPicture] = {{words.left, words.top, words.left + side, words.bottom}, Wide(panel.picture)};
       words.left += side + gap;
     }
@@ -80,7 +80,7 @@ void ControlView::TakeParts() {
     if (icon_ != nullptr) DestroyIcon(icon_);
     icon_ = nullptr;
     const std::string picture = com::Utf8WithMarks(now[kPicture].text);
-    if (!picture.empty()) icon_ = LoadIconFile(picture, look_->Line());
+    if (!picture.empty()) icon_ = LoadIconFile(picture, look_->Picture());
   }
   for (std::size_t i = 0; i < now.size(); ++i) {
     if (now[i] == parts_[i]) continue;
@@ -98,7 +98,7 @@ void ControlView::PaintAll(const Canvas& canvas) const {
     if (i == kLate) {
       PaintShape(canvas, part.rect, Shape::kWarning);
     } else if (i == kPicture) {
-      const int side = look_->Line();
+      const int side = look_->Picture();
       if (icon_ != nullptr) {
         DrawIconEx(canvas.Context(), part.rect.left, (part.rect.top + part.rect.bottom - side) / 2, icon_, side, side,
                    0, nullptr, DI_NORMAL);

@@ -25,6 +25,8 @@ class Look {
   HFONT Handle(Font font) const { return fonts_[static_cast<std::size_t>(font)].handle; }
   int Line(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].line; }
   int Ascent(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].ascent; }
+  /// Side of a small picture: scaled to another than its own sizes it would lose lines.
+  int Picture() const { return Pixels(16); }
   /// Mean width of a character.
   int Character() const { return character_; }
   int FieldHeight(Font font = Font::kPlain) const { return Line(font) + 2 * (2 + Line(font) / 6); }

@@ -25,10 +25,10 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
   if (restyled) {
     look_ = &look;
     SetFont(look.Handle(Look::Font::kPlain));
-    TreeView_SetItemHeight(Handle(), look.Line() + look.Pixels(4));
+    TreeView_SetItemHeight(Handle(), std::max(look.Line() + look.Pixels(4), look.Picture() + look.Pixels(2)));
     TreeView_SetBkColor(Handle(), look.base);
     TreeView_SetTextColor(Handle(), look.text);
-    auto pictures = std::make_unique<Pictures>(look.Line(), look.text);
+    auto pictures = std::make_unique<Pictures>(look.Picture(), look.text);
     TreeView_SetImageList(Handle(), pictures->List(), TVSIL_NORMAL);
     pictures_ = std::move(pictures);
   }
