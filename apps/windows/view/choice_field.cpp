@@ -193,6 +193,20 @@ void ChoiceField::Take(const PlannedField& field, const Look& look) {
   Describe(field.name, field.description);
 }
 
+RECT ChoiceField::RoomOfText() const {
+  RECT room{};
+  GetClientRect(Handle(), &room);
+  room.left += look_->Pixels(6);  // as the text of an EDIT in its frame
+  room.right -= look_->Line();    // the arrow
+  return room;
+}
+
+bool ChoiceField::CutOff() const {
+  if (look_ == nullptr) return false;
+  const RECT room = RoomOfText();
+  return look_->WidthOf(text_) > room.right - room.left;
+}
+
 void ChoiceField::Follow() {
   const bool opened = keys_.Opened() != nullptr && keys_.OpenedOf() == Spot().control;
   if (popup_ != nullptr && (!opened || !popup_->Shows(keys_.Opened()))) popup_.reset();
@@ -275,11 +289,8 @@ void ChoiceField::PaintField(HDC context) {
     }
     COLORREF color = enabled_ ? look_->text : look_->disabled;
     if (pale_ && enabled_) color = look_->PaleOn(ground);
-    RECT words = client;
-    words.left += look_->Pixels(6);  // as the text of an EDIT in its frame
     const int side = look_->Line();
-    words.right -= side;
-    canvas.Text(words, text_, color, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+    canvas.Text(RoomOfText(), text_, color, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
     const LONG x = client.right - side / 2 - look_->Pixels(2);
     const LONG y = (client.top + client.bottom) / 2;
     const int arm = std::max(2, side / 4);

@@ -47,6 +47,7 @@ class ChoiceField final : public FieldWindow, private Child {
 
   Child& Own() override { return *this; }
   void Take(const PlannedField& field, const Look& look) override;
+  bool CutOff() const override;
   /// Shows or closes the open list as the presentation has it.
   void Follow();
   /// The wheel turns over the open list; false where none is open.
@@ -54,6 +55,7 @@ class ChoiceField final : public FieldWindow, private Child {
 
  private:
   LRESULT OnMessage(UINT message, WPARAM word, LPARAM number) override;
+  RECT RoomOfText() const;
   void PaintField(HDC context);
 
   presentation::Keyboard& keys_;

@@ -116,7 +116,7 @@ PlannedField ControlView::Planned(std::wstring text, bool enabled, char mnemonic
   field.text = field.name = std::move(text);
   field.enabled = enabled;
   field.mnemonic = mnemonic;
-  field.description = field.tip = Wide(tip);
+  field.description = field.note = Wide(tip);
   return field;
 }
 

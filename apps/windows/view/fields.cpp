@@ -10,6 +10,7 @@
 namespace htr60::view {
 namespace {
 
+constexpr int kMargin = 2;  // 1/96 inch, on both sides of a text within its window
 constexpr wchar_t kTooLong[] = L"#####";
 
 DWORD EntryStyle(const PlannedField& field, bool typed) {
@@ -94,7 +95,7 @@ void EntryField::Take(const PlannedField& field, const Look& look) {
   font_ = field.large ? Look::Font::kLarge : Look::Font::kPlain;
   SetFont(look.Handle(font_));
   if (restyled) {  // the system's own grow with the font, and large texts would be cut
-    const int margin = look.Pixels(2);
+    const int margin = look.Pixels(kMargin);
     SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
   }
   if (pale_ != field.pale) {
@@ -132,13 +133,15 @@ void EntryField::CopyToClipboard() {
   }
 }
 
-// A number that is only read is never cut.
-bool EntryField::TooLong() const {
-  if (typed_ || !number_ || look_ == nullptr) return false;
+bool EntryField::CutOff() const {
+  if (look_ == nullptr) return false;
   RECT client{};
   GetClientRect(Handle(), &client);
-  return look_->WidthOf(Text(), font_) > client.right;
+  return look_->WidthOf(Text(), font_) > client.right - 2 * look_->Pixels(kMargin);
 }
+
+// A number that is only read is never cut.
+bool EntryField::TooLong() const { return !typed_ && number_ && CutOff(); }
 
 void EntryField::PaintTooLong() {
   PAINTSTRUCT paint{};

@@ -18,6 +18,8 @@ class FieldWindow {
   virtual bool IsFramed() const { return false; }
   /// Takes what is planned of it.
   virtual void Take(const PlannedField& field, const Look& look) = 0;
+  /// Part of its text is not to be seen.
+  virtual bool CutOff() const { return false; }
   /// Its whole text is selected.
   virtual void SelectAll() {}
   /// Part of its text is selected; then a copy is the window's own.
@@ -35,6 +37,7 @@ class EntryField final : public FieldWindow, private Child {
   void Take(const PlannedField& field, const Look& look) override;
   void SelectAll() override;
   bool HasSelection() const override;
+  bool CutOff() const override;
   /// The text as the operator has left it, where it is not the program's.
   bool IsTyped() const { return typed_ && !taking_; }
   bool IsPale() const { return pale_; }

@@ -437,6 +437,8 @@ void GroupPlan::PlaceLine(const Line& line, RECT room, int captions, PagePlan& p
     return all == 0 ? 0 : static_cast<int>(static_cast<long long>(part) * of / all);
   };
   LONG x = room.left;
+  const std::size_t first = plan.fields.size();
+  bool wordsCut = false;
   for (const Cell& cell : line.cells) {
     int width = cell.wanted;
     if (cell.page) width = std::max<int>(room.right - x, cell.least);
@@ -447,45 +449,44 @@ void GroupPlan::PlaceLine(const Line& line, RECT room, int captions, PagePlan& p
       width -= given(cell.wanted - cell.least - cell.before - cell.after, std::min(missing, givable), givable);
     }
     if (cell.what == Cell::What::kWords) width = std::max<int>(0, std::min<int>(cell.wanted, room.right - x));
-    const RECT rect{x, room.top, x + width, room.bottom};
-    switch (cell.what) {
-      case Cell::What::kCaption:
-        plan.texts.push_back({.rect = {rect.left + before, rect.top, rect.right - after, rect.bottom},
-                              .text = cell.text,
-                              .field = cell.control});
-        break;
-      case Cell::What::kUnit:
-        plan.texts.push_back({.rect = rect,
-                              .text = cell.text,
-                              .style = cell.pale ? PlannedText::Style::kPale : PlannedText::Style::kPlain,
-                              .field = cell.control});
-        break;
-      case Cell::What::kWords:
-        if (!cell.words.words.empty()) {
-          const std::string_view fitting =
-              presentation::FittingIn(cell.words, width, look_.Character(),
-                                      [this](std::string_view text) { return look_.WidthOf(Wide(text)); });
-          plan.texts.push_back({.rect = rect,
-                                .text = Wide(fitting),
-                                .style = cell.words.alert ? PlannedText::Style::kAlert : PlannedText::Style::kWords,
-                                .field = cell.control});
-        }
-        break;
-      case Cell::What::kShape:
-        if (const ScreenRow* row = cell.control ? presented_.Row(cell.control) : nullptr) {
-          Shape shape = row->state ? ShapeOf(*row->state) : Shape::kNone;
-          std::string_view name = row->state ? presentation::NameOf(*row->state) : std::string_view();
-          if (shape == Shape::kNone && (shape = ShapeOf(row->mark)) != Shape::kNone) {
-            name = presentation::NameOf(row->mark);
-          }
-          if (shape != Shape::kNone) plan.shapes.push_back({.rect = rect, .shape = shape, .name = name});
-        }
-        break;
-      case Cell::What::kField:
-        PlaceField(cell, rect, plan);
-        break;
-    }
+    if (cell.what == Cell::What::kWords) wordsCut = look_.WidthOf(Wide(cell.words.words)) > width;
+    const bool caption = cell.what == Cell::What::kCaption;
+    PlaceCell(cell, {x + (caption ? before : 0), room.top, x + width - (caption ? after : 0), room.bottom}, plan);
     x += width + (width > 0 || cell.what != Cell::What::kWords ? CellGap() : 0);
+  }
+  for (std::size_t i = first; i < plan.fields.size(); ++i) plan.fields[i].wordsCut = wordsCut;
+}
+
+void GroupPlan::PlaceCell(const Cell& cell, const RECT& rect, PagePlan& plan) const {
+  const auto say = [&](std::wstring text, PlannedText::Style style) {
+    plan.texts.push_back({.rect = rect, .text = std::move(text), .style = style, .field = cell.control});
+  };
+  switch (cell.what) {
+    case Cell::What::kCaption:
+      say(cell.text, PlannedText::Style::kPlain);
+      break;
+    case Cell::What::kUnit:
+      say(cell.text, cell.pale ? PlannedText::Style::kPale : PlannedText::Style::kPlain);
+      break;
+    case Cell::What::kWords:
+      if (cell.words.words.empty()) break;
+      say(Wide(presentation::FittingIn(cell.words, rect.right - rect.left, look_.Character(),
+                                       [this](std::string_view text) { return look_.WidthOf(Wide(text)); })),
+          cell.words.alert ? PlannedText::Style::kAlert : PlannedText::Style::kWords);
+      break;
+    case Cell::What::kShape:
+      if (const ScreenRow* row = cell.control ? presented_.Row(cell.control) : nullptr) {
+        Shape shape = row->state ? ShapeOf(*row->state) : Shape::kNone;
+        std::string_view name = row->state ? presentation::NameOf(*row->state) : std::string_view();
+        if (shape == Shape::kNone && (shape = ShapeOf(row->mark)) != Shape::kNone) {
+          name = presentation::NameOf(row->mark);
+        }
+        if (shape != Shape::kNone) plan.shapes.push_back({.rect = rect, .shape = shape, .name = name});
+      }
+      break;
+    case Cell::What::kField:
+      PlaceField(cell, rect, plan);
+      break;
   }
 }
 
@@ -505,9 +506,10 @@ void GroupPlan::PlaceField(const Cell& cell, const RECT& rect, PagePlan& plan) c
   field.enabled = control_.form.Any(cell.control).Enabled();
   field.role = cell.control == cell.row->control ? cell.row->role : RowRole::kNone;
   const std::string_view note = presentation::NoteOf(*cell.row, cell.control);
+  field.note = Wide(note);
   if (IsButton(cell.kind)) {
     field.text = field.name = cell.text;
-    field.description = field.tip = Wide(note);
+    field.description = field.note;
     for (const presentation::ScreenButton& button : presented_.Shown().buttons) {
       if (button.control == cell.control) field.mnemonic = button.mnemonic;
     }
@@ -522,7 +524,6 @@ void GroupPlan::PlaceField(const Cell& cell, const RECT& rect, PagePlan& plan) c
       field.pale = row->pale;
       field.name = Wide(row->name);
       field.description = Wide(presentation::DescriptionOf(*row, note));
-      field.tip = Wide(presentation::ToolTipOf(*row, note, {.text = true, .words = true}));
     }
   }
   plan.fields.push_back(std::move(field));

@@ -78,6 +78,7 @@ class GroupPlan {
   int Captions(int column) const;
   std::vector<int> ColumnWidths(int width) const;
   void PlaceLine(const Line& line, RECT room, int captions, PagePlan& plan) const;
+  void PlaceCell(const Cell& cell, const RECT& rect, PagePlan& plan) const;
   void PlaceField(const Cell& cell, const RECT& rect, PagePlan& plan) const;
 
   UserCntrl& control_;

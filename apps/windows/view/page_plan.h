@@ -21,10 +21,11 @@ struct PlannedField {
   bool large = false;
   bool enabled = true;
   bool pale = false;
+  bool wordsCut = false;  ///< what stands beside it is not all to be seen
   std::wstring text;
   std::wstring name;         ///< for assistive technology
   std::wstring description;  ///< likewise
-  std::wstring tip;
+  std::wstring note;         ///< for the tooltip
   char mnemonic = '\0';
 };
 

@@ -299,10 +299,16 @@ LRESULT PageWindow::OnMessage(UINT message, WPARAM word, LPARAM number) {
 
 std::wstring PageWindow::TipOf(HWND window) const {
   const Child* child = Child::Of(window);
-  for (const PlannedField& field : plan_.fields) {
-    if (child != nullptr && child->Spot() == presentation::Spot(field.control)) return field.tip;
-  }
-  return {};
+  const FieldWindow* asked = child != nullptr ? FieldOf(*child) : nullptr;
+  if (asked == nullptr) return {};
+  const auto field = std::find_if(plan_.fields.begin(), plan_.fields.end(), [&](const PlannedField& planned) {
+    return child->Spot() == presentation::Spot(planned.control);
+  });
+  if (field == plan_.fields.end()) return {};
+  const presentation::ScreenRow* row = presented_.Row(field->control);
+  if (row == nullptr) return field->note;
+  return com::Utf16WithMarks(presentation::ToolTipOf(*row, com::Utf8WithMarks(field->note),
+                                                     {.text = asked->CutOff(), .words = field->wordsCut}));
 }
 
 // A frame line without a field's ground tells reading from typing.
