@@ -228,6 +228,35 @@ void Keys() {
   CHECK(!Key(shown, VK_F5));
 }
 
+/// The tooltip that comes up with the pointer over a field; empty: none does.
+std::wstring TipOver(const Shown& shown, ControlId control) {
+  const view::Child* field = FieldWindow(shown.Page(), control);
+  CHECK(field != nullptr);
+  RECT rect{};
+  GetWindowRect(field->Handle(), &rect);
+  SetCursorPos(rect.left + 9, rect.top + 5);
+  SendMessageW(field->Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(9, 5));
+  for (const ULONGLONG end = GetTickCount64() + 3000; GetTickCount64() < end; Pump(20)) {
+    for (HWND tip = nullptr; (tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+      if (IsWindowVisible(tip) != FALSE && GetWindow(tip, GW_OWNER) == shown.site.window) return Painted(tip);
+    }
+  }
+  return {};
+}
+
+// What can be read beside it is not told again.
+void Tooltips() {
+  for (const bool cut : {false, true}) {
+    const Shown shown;
+    Start(shown);
+    const std::string tag(cut ? 32 : 5, 'W');
+    shown.Presented().Type(TextId{id::txtParameter(0)}, tag);
+    Settle();
+    const std::wstring note = L"The name of this measuring point, up to 32 characters.\n";
+    CHECK(TipOver(shown, id::txtParameter(0)) == (cut ? com::Utf16WithMarks(tag) + L"\n" + note : note));
+  }
+}
+
 void OpenList() {
   const Shown shown;
   Start(shown);
@@ -368,6 +397,7 @@ constexpr Case kCases[] = {
     {"every page of a level device", &PagesOfLevel},
     {"every page of a density device", &PagesOfDensity},
     {"keys", &Keys},
+    {"tooltips", &Tooltips},
     {"an open list", &OpenList},
     {"boxes stand before the frame", &BoxesStandBeforeTheFrame},
     {"any rectangle", &AnyRectangle},
