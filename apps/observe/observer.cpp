@@ -114,7 +114,7 @@ void Observer::Clear() {
 
 const Entry* Observer::Find(std::uint64_t number) const {
   if (number < first_ || number - first_ >= entries_.size()) return nullptr;
-  return &entries_[number - first_];
+  return &entries_[static_cast<std::size_t>(number - first_)];
 }
 
 EntryState Observer::StateOf(const Entry& entry) const {

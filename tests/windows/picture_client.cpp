@@ -131,7 +131,7 @@ void ExpectRoom(const view::PagePlan& plan, const view::Look& look, const std::s
     CHECK_FOR(of, field.rect.right > field.rect.left && field.rect.bottom > field.rect.top);
     const view::Look::Font font = field.large ? view::Look::Font::kLarge : view::Look::Font::kPlain;
     const bool whole = field.number || field.large;
-    const LONG around = 2 * look.Pixels(4);
+    const LONG around = 2 * look.Inset();
     if (whole) CHECK_FOR(of, look.WidthOf(field.text, font) + around <= field.rect.right - field.rect.left);
   }
 }
@@ -287,6 +287,8 @@ void EveryPageOf(const std::string& type) {
     SetWindowPos(shown.site.window, nullptr, 0, 0, rect.right + 40, rect.bottom + 60, SWP_NOZORDER | SWP_NOMOVE);
     const auto place = ComPtr<IOleInPlaceObject>::Of(shown.control.object.Get(), IID_IOleInPlaceObject);
     CHECK(place->SetObjectRects(&rect, &rect) == S_OK);
+    const HWND tree = FindWindowExW(shown.Root(), nullptr, WC_TREEVIEWW, nullptr);
+    if (size.cx == kSizes[0].cx) CHECK_FOR(type, (GetWindowLongPtrW(tree, GWL_STYLE) & WS_HSCROLL) == 0);
     Pages seen;
     for (const std::string& name : names) {
       Open(shown, name);

@@ -196,8 +196,8 @@ void ChoiceField::Take(const PlannedField& field, const Look& look) {
 RECT ChoiceField::RoomOfText() const {
   RECT room{};
   GetClientRect(Handle(), &room);
-  room.left += look_->Pixels(6);  // as the text of an EDIT in its frame
-  room.right -= look_->Line();    // the arrow
+  room.left += look_->Inset();
+  room.right -= look_->Line();  // the arrow
   return room;
 }
 

@@ -24,7 +24,7 @@ DWORD EntryStyle(const PlannedField& field, bool typed) {
 // The page paints the frame of a text, which stands in its middle: the system's window would have it at its top.
 RECT TextIn(const RECT& frame, const Look& look, Look::Font font) {
   RECT text = frame;
-  InflateRect(&text, -look.Pixels(4), 0);
+  InflateRect(&text, look.Pixels(kMargin) - look.Inset(), 0);
   text.top = (frame.top + frame.bottom - look.Line(font)) / 2;
   text.bottom = text.top + look.Line(font);
   return text;

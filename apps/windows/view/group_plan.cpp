@@ -147,12 +147,12 @@ GroupPlan::Cell GroupPlan::FieldCell(const LayoutRow& row, RowKind kind, Control
     characters = characters * kLargeShare / 16 * look_.Line(font) / look_.Line();
     least = std::min(least * 2, characters);
   }
-  const int frame = 2 * (look_.Pixels(1) + 3);
+  const int frame = look_.Pixels(8);
   const int arrow = kind == RowKind::kList || characters >= 28 ? look_.Line() * 3 / 2 : 0;
   cell.wanted = characters * look_.Character() + frame + arrow;
   cell.least = least * look_.Character() + frame + arrow;
   if (control && (kind == RowKind::kNum || kind == RowKind::kValue)) {  // no number is cut for want of room beside it
-    const int text = look_.WidthOf(Wide(control_.form.TextOf(control)), font) + frame + look_.Pixels(4);
+    const int text = look_.WidthOf(Wide(control_.form.TextOf(control)), font) + 2 * look_.Inset();
     cell.least = std::clamp(text, cell.least, std::max(cell.least, cell.wanted));
   }
   if (row.large && control) {  // what is read from afar is not cut

@@ -25,6 +25,8 @@ class Look {
   HFONT Handle(Font font) const { return fonts_[static_cast<std::size_t>(font)].handle; }
   int Line(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].line; }
   int Ascent(Font font = Font::kPlain) const { return fonts_[static_cast<std::size_t>(font)].ascent; }
+  /// From the frame of a field to its text.
+  int Inset() const { return Pixels(6); }
   /// Side of a small picture: scaled to another than its own sizes it would lose lines.
   int Picture() const { return Pixels(16); }
   /// Mean width of a character.

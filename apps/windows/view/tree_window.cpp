@@ -10,6 +10,7 @@
 namespace htr60::view {
 namespace {
 
+constexpr int kIndent = 14;  // 1/96 inch; the system takes what it needs at least
 constexpr DWORD kStyle = WS_BORDER | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS |
                          TVS_NOTOOLTIPS | TVS_DISABLEDRAGDROP;
 
@@ -26,6 +27,7 @@ void TreeWindow::Take(const TreeView& tree, const presentation::TreeMarks& marks
     look_ = &look;
     SetFont(look.Handle(Look::Font::kPlain));
     TreeView_SetItemHeight(Handle(), std::max(look.Line() + look.Pixels(4), look.Picture() + look.Pixels(2)));
+    TreeView_SetIndent(Handle(), look.Pixels(kIndent));
     TreeView_SetBkColor(Handle(), look.base);
     TreeView_SetTextColor(Handle(), look.text);
     auto pictures = std::make_unique<Pictures>(look.Picture(), look.text);
