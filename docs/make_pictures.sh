@@ -10,7 +10,7 @@ QT_QPA_PLATFORM=offscreen "$program" --tour "$work" --colours light | tail -n 1
 # take STEP NAME: the picture of a step of the tour.
 take() {
   if command -v convert >/dev/null; then  # a quarter of the size
-    convert "$work"/[0-9]*-"$1".png -strip -colors 200 "PNG8:$pictures/$2.png"
+    convert "$work"/[0-9]*-"$1".png -strip +dither -colors 200 "PNG8:$pictures/$2.png"
   else
     cp "$work"/[0-9]*-"$1".png "$pictures/$2.png"
   fi

@@ -62,6 +62,9 @@ inline constexpr TourStep kDockSteps[] = {
     {TourDo::kWait},
     {TourDo::kPicture, {}, "simulator"},
     {TourDo::kFault, {}, "none"},
+    {TourDo::kPass, {}, {}, 10},  // both tabs are read once more, for the health
+    {TourDo::kTab, id::SSTabDiagnosis, {}, 0},
+    {TourDo::kWait},
     {TourDo::kDock, {}, "Simulator"},
 
     // A lower and an upper trim, with the error found and the error left.
