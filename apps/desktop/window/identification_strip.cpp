@@ -15,7 +15,13 @@ namespace {
 
 using presentation::kIdentityParts;
 
-constexpr int kWholeCharacters = 24;  // of the tag and the health, where the rest gives way
+/// Characters that are left at least of the tag and the health, and of all else.
+struct Least {
+  int chief;
+  int other;
+};
+// From a wide window to the narrowest: a badge is never cut, for it tells what not to trust.
+constexpr Least kLeast[] = {{24, 8}, {16, 4}, {8, 2}, {3, 1}};
 
 }  // namespace
 
@@ -67,15 +73,11 @@ IdentificationStrip::IdentificationStrip(QWidget* parent)
     AddBar(*line);
     if (i == presentation::kLockPart) line->addWidget(padlock_);
     auto* label = new CopyLabel(this);
-    if (i == presentation::kTagPart) {
-      label->setFont(bold);
-      label->SetLeast(kWholeCharacters);
-    }
+    if (i == presentation::kTagPart) label->setFont(bold);
     line->addWidget(label);
     labels_.push_back(label);
   }
   line->addStretch(1);
-  health_->SetLeast(kWholeCharacters);
   health_->setObjectName(QStringLiteral("health"));
   health_->setAccessibleName(ToQt(presentation::kHealthName));
   Connect(health_, &HealthButton::clicked, this, [this] { Q_EMIT HealthPressed(); });
@@ -126,6 +128,22 @@ void IdentificationStrip::Apply(const presentation::Screen& screen, const QStrin
   health_->setAccessibleDescription(ToQt(screen.healthText));
   health_->setToolTip(healthTip);
   healthShape_->SetShape(ShapeOf(screen.health), presentation::NameOf(screen.health));
+  Fit();
+}
+
+void IdentificationStrip::Fit() {
+  for (const Least& least : kLeast) {
+    for (std::size_t i = 0; i < labels_.size(); ++i) {
+      labels_[i]->SetLeast(i == presentation::kTagPart ? least.chief : least.other);
+    }
+    health_->SetLeast(least.chief);
+    if (layout()->totalMinimumSize().width() <= width()) return;
+  }
+}
+
+void IdentificationStrip::resizeEvent(QResizeEvent* event) {
+  Guarded([this] { Fit(); });
+  QFrame::resizeEvent(event);
 }
 
 QString IdentificationStrip::Tag() const { return tag_; }

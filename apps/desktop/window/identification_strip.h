@@ -28,7 +28,11 @@ class FittedText : public Widget {
   }
   const QString& FullText() const { return full_; }
   /// Characters that it shows at least, where it has as many.
-  void SetLeast(int characters) { least_ = characters; }
+  void SetLeast(int characters) {
+    if (characters == least_) return;
+    least_ = characters;
+    this->updateGeometry();
+  }
   QSize sizeHint() const override {
     const QFontMetrics metrics = this->fontMetrics();
     return {metrics.horizontalAdvance(full_) + (kAside + 1) * metrics.averageCharWidth(), metrics.height()};
@@ -87,8 +91,10 @@ class IdentificationStrip final : public QFrame {
  protected:
   bool event(QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void Fit();
   void ShowPadlock();
   void AddBar(QHBoxLayout& line);
 
