@@ -67,7 +67,7 @@ bool TrafficList::RefreshHeads() {
   std::erase_if(open_, [&](std::uint64_t number) {
     const Entry* entry = observer_.Find(number);
     if (entry == nullptr || number < first_) return true;
-    TrafficLine& line = lines_[number - first_];
+    TrafficLine& line = lines_[IndexOf(number)];
     const TrafficLine head = reader_.Head(*entry);
     if (head.state == line.state) return false;
     any = true;

@@ -36,7 +36,7 @@ class TrafficList {
 
   std::size_t Rows() const { return rows_.size(); }
   std::size_t All() const { return lines_.size(); }
-  const TrafficLine& Row(std::size_t row) const { return lines_[rows_[row] - first_]; }
+  const TrafficLine& Row(std::size_t row) const { return lines_[IndexOf(rows_[row])]; }
   /// The row of an entry, or of the nearest after it; `Rows` where there is none.
   std::size_t RowOf(std::uint64_t number) const;
   std::string Time(std::int64_t at) const { return timeOfDay_(at); }
@@ -49,6 +49,7 @@ class TrafficList {
  private:
   void TakeLines(Change& change);
   bool RefreshHeads();
+  std::size_t IndexOf(std::uint64_t number) const { return static_cast<std::size_t>(number - first_); }
 
   const Observer& observer_;
   TrafficReader reader_;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cases.h"
+#include "window_lists.h"
 #include "windows/win.h"
 
 namespace htr60::client {
@@ -108,25 +109,6 @@ inline std::size_t GdiObjects() {
   return used;
 }
 
-/// All windows of this thread, those below others too.
-inline std::size_t Windows() {
-  std::size_t count = 0;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM number) -> BOOL {
-        auto& all = *reinterpret_cast<std::size_t*>(number);
-        ++all;
-        EnumChildWindows(
-            window,
-            [](HWND, LPARAM below) -> BOOL {
-              ++*reinterpret_cast<std::size_t*>(below);
-              return TRUE;
-            },
-            number);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&count));
-  return count;
-}
+inline std::size_t Windows() { return WindowsOfThread().size(); }
 
 }  // namespace htr60::client

@@ -6,6 +6,7 @@
 
 #include "control_bench.h"
 #include "library.h"
+#include "window_lists.h"
 #include "windows/base/hand_out.h"
 #include "windows/base/text.h"
 #include "windows/view/child.h"
@@ -220,19 +221,6 @@ inline void Open(const Shown& shown, std::string_view node) {
   CHECK_FOR(std::string(node), false);
 }
 
-/// The windows below one, all of them.
-inline std::vector<HWND> Below(HWND root) {
-  std::vector<HWND> windows;
-  EnumChildWindows(
-      root,
-      [](HWND window, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&windows));
-  return windows;
-}
-
 /// What stands behind the window of the page.
 inline const view::PageWindow& PageOf(const Shown& shown) {
   auto* window = reinterpret_cast<view::Window*>(GetWindowLongPtrW(shown.Page(), GWLP_USERDATA));
@@ -248,23 +236,21 @@ inline view::Child* FieldWindow(HWND page, ControlId control) {
   return nullptr;
 }
 
+inline int CALLBACK AddText(HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM list) {
+  if (record->iType != EMR_EXTTEXTOUTW) return 1;
+  const auto& text = *reinterpret_cast<const EMREXTTEXTOUTW*>(record);
+  const auto* words = reinterpret_cast<const wchar_t*>(reinterpret_cast<const char*>(record) + text.emrtext.offString);
+  reinterpret_cast<std::wstring*>(list)->append(words, text.emrtext.nChars).push_back(L'\n');
+  return 1;
+}
+
 /// The texts that a window paints itself, one a line.
 inline std::wstring Painted(HWND window) {
   const HDC recorder = CreateEnhMetaFileW(nullptr, nullptr, nullptr, nullptr);
   SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(recorder), PRF_CLIENT);
   const HENHMETAFILE file = CloseEnhMetaFile(recorder);
   std::wstring texts;
-  EnumEnhMetaFile(
-      nullptr, file,
-      [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM list) -> int {
-        if (record->iType != EMR_EXTTEXTOUTW) return 1;
-        const auto& text = *reinterpret_cast<const EMREXTTEXTOUTW*>(record);
-        const auto* words =
-            reinterpret_cast<const wchar_t*>(reinterpret_cast<const char*>(record) + text.emrtext.offString);
-        reinterpret_cast<std::wstring*>(list)->append(words, text.emrtext.nChars).push_back(L'\n');
-        return 1;
-      },
-      &texts, nullptr);
+  EnumEnhMetaFile(nullptr, file, &AddText, &texts, nullptr);
   DeleteEnhMetaFile(file);
   return texts;
 }
