@@ -47,6 +47,7 @@ made=$WINEPREFIX/made-unmanaged
 
 # What opens a window gets a display of its own.
 if [ "${HTR60_DISPLAY:-0}" = 1 ]; then
+  if [ "$bits" = 32 ]; then skip "in a Wine of 64 bits programs of 32 cannot draw"; fi
   if ! command -v Xvfb >/dev/null; then skip "there is no Xvfb (Debian: xvfb)"; fi
   exec 3>"$folder/display"
   Xvfb -displayfd 3 -screen 0 2560x1600x24 -nolisten tcp >/dev/null 2>&1 &
