@@ -201,21 +201,23 @@ void LookAt(const Shown& shown, const std::string& place) {
   ExpectRoom(PageOf(shown).Plan(), look, which);
   RECT page{};
   GetClientRect(shown.Page(), &page);
-  // Large values, and coefficients of many digits in columns, need more than the smallest width has: these two scroll.
+  // Large values, and numbers of many digits in columns, need more than the smallest width has: these scroll.
   RECT whole{};
   GetClientRect(shown.Root(), &whole);
   const bool narrow = whole.right == Pixels(kSizes[1].cx);
-  const bool scrolls = narrow && (screen.title == "Observe" || screen.title == "General Concentration");
+  constexpr std::string_view kWide[] = {"Observe", "General Concentration", "Table Points"};
+  const bool scrolls = narrow && std::find(std::begin(kWide), std::end(kWide), screen.title) != std::end(kWide);
   ExpectApart(PageOf(shown).Plan(), scrolls ? PageOf(shown).Plan().width : page.right, which);
   Picture(shown.Root()).Save(which);
   ExpectWhole(shown, which);
   ChangeSomething(shown, which);
 }
 
-/// What leads from a page on: a button, or a tab of a strip.
+/// What leads from a page on.
 struct Step {
+  enum class What { kButton, kTab, kRow } what;
   ControlId control;
-  int tab = -1;  ///< -1: a button
+  int number = 0;  ///< of the tab of a strip, or the row of a list
 };
 /// A node of the tree, and what is clicked behind it.
 struct Way {
@@ -234,11 +236,20 @@ void Go(const Shown& shown, const Way& way) {
   Open(shown, way.node);
   for (const Step& step : way.steps) {
     presentation::Presentation& presented = shown.Presented();
-    if (step.tab >= 0) presented.ClickTab(TabsId{step.control}, step.tab);
     const auto& rows = presented.Shown().rows;
     const auto asks = [](const presentation::ScreenRow& row) { return row.role == RowRole::kAccessCode; };
     if (std::any_of(rows.begin(), rows.end(), asks)) presented.Type(TextId{id::txtPassword}, kAccessCode);
-    if (step.tab < 0) presented.Press(ButtonId{step.control});
+    switch (step.what) {
+      case Step::What::kButton:
+        presented.Press(ButtonId{step.control});
+        break;
+      case Step::What::kTab:
+        presented.ClickTab(TabsId{step.control}, step.number);
+        break;
+      case Step::What::kRow:
+        presented.Pick(ChoiceId{step.control}, static_cast<std::size_t>(step.number));
+        break;
+    }
     Settle();
   }
 }
@@ -255,11 +266,22 @@ void LookAround(const Shown& shown, const std::string& place, const Way& way, Pa
     if (field.kind == RowKind::kOpen && field.enabled) buttons.push_back(field.control);
   }
   for (const ControlId button : buttons) {
-    const Way behind = way.With({button, -1});
+    const Way behind = way.With({Step::What::kButton, button});
     Go(shown, behind);
     const PageLayout* opened = shown.Presented().Page();
     if (opened == page || std::find(seen.begin(), seen.end(), opened) != seen.end()) continue;
     LookFrom(shown, place, behind, seen);
+  }
+  // By the linearization other buttons stand there, and other pages behind them.
+  if (!way.steps.empty() && way.steps.back().what == Step::What::kRow) return;
+  Go(shown, way);
+  const ControlId list = id::cmbLinearizationType;
+  if (FieldWindow(shown.Page(), list) == nullptr) return;
+  const int rows = static_cast<int>(shown.control.Inside().form.cmbLinearizationType.Rows().size());
+  for (int row = 0; row < rows; ++row) {
+    const Way there = way.With({Step::What::kRow, list, row});
+    Go(shown, there);
+    LookAround(shown, place, there, seen);
   }
 }
 
@@ -270,7 +292,7 @@ void LookFrom(const Shown& shown, const std::string& place, const Way& way, Page
   if (strips.empty()) return LookAround(shown, place, way, seen);
   const int tabs = static_cast<int>(strips.front().captions.size());
   for (int tab = 0; tab < tabs; ++tab) {
-    const Way there = way.With({strips.front().control, tab});
+    const Way there = way.With({Step::What::kTab, strips.front().control, tab});
     Go(shown, there);
     LookAround(shown, place, there, seen);
   }

@@ -49,9 +49,7 @@ void PageWindow::Take(const Look& look) {
   room_ = {std::max<LONG>(room.cx, plan_.width), room.cy};
   SetBars();
   PlaceFields();
-  const bool drawn = IsRectEmpty(&plan_.figure) == FALSE;
-  const bool redrawn = drawn && figure_ != presented_.Drawing();
-  if (redrawn) figure_ = presented_.Drawing();
+  const bool redrawn = TakeFigure();
   if (whole || offset_.x != scrolled.x || offset_.y != scrolled.y) return Invalidate();
   for (const RECT& part : DamageOf(before, plan_, look)) InvalidatePlanned(part);
   if (redrawn || EqualRect(&before.figure, &plan_.figure) == FALSE) {
@@ -65,7 +63,14 @@ void PageWindow::InvalidatePlanned(RECT rect) const {
   Invalidate(&rect);
 }
 
+bool PageWindow::TakeFigure() {
+  if (IsRectEmpty(&plan_.figure) != FALSE || figure_ == presented_.Drawing()) return false;
+  figure_ = presented_.Drawing();
+  return true;
+}
+
 void PageWindow::FollowFocus(HWND window) {
+  if (TakeFigure()) InvalidatePlanned(plan_.figure);  // it rings the point whose field has the focus
   const Child* child = Child::Of(window);
   const ControlId focused = child != nullptr && FieldOf(*child) != nullptr ? child->Spot().control : ControlId{};
   if (focused == focused_) return;

@@ -48,6 +48,8 @@ class PageWindow final : public Window {
   LRESULT OnMessage(UINT message, WPARAM word, LPARAM number) override;
   FieldWindow& WindowFor(const PlannedField& field);
   void Forget();
+  /// True where the drawing is another than that painted last.
+  bool TakeFigure();
   void PlaceFields();
   void SetBars();
   void ScrollBy(int bar, int request, int track);
