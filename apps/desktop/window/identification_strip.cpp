@@ -5,6 +5,8 @@
 #include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <algorithm>
+#include <iterator>
 
 #include "desktop/edge.h"
 #include "desktop/figure/drawings.h"
@@ -131,14 +133,21 @@ void IdentificationStrip::Apply(const presentation::Screen& screen, const QStrin
   Fit();
 }
 
+// Found first and then set once: what is set anew asks for the places of all, at every turn.
 void IdentificationStrip::Fit() {
-  for (const Least& least : kLeast) {
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-      labels_[i]->SetLeast(i == presentation::kTagPart ? least.chief : least.other);
-    }
-    health_->SetLeast(least.chief);
-    if (layout()->totalMinimumSize().width() <= width()) return;
-  }
+  const auto of = [](std::size_t part, const Least& least) {
+    return part == presentation::kTagPart ? least.chief : least.other;
+  };
+  int fixed = layout()->totalMinimumSize().width() - health_->minimumSizeHint().width();
+  for (const CopyLabel* label : labels_) fixed -= label->minimumSizeHint().width();
+  const auto fits = [&](const Least& least) {
+    int needed = fixed + health_->WidthOfLeast(least.chief);
+    for (std::size_t i = 0; i < labels_.size(); ++i) needed += labels_[i]->WidthOfLeast(of(i, least));
+    return needed <= width();
+  };
+  const auto* found = std::find_if(std::begin(kLeast), std::prev(std::end(kLeast)), fits);
+  for (std::size_t i = 0; i < labels_.size(); ++i) labels_[i]->SetLeast(of(i, *found));
+  health_->SetLeast(found->chief);
 }
 
 void IdentificationStrip::resizeEvent(QResizeEvent* event) {

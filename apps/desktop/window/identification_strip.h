@@ -37,9 +37,9 @@ class FittedText : public Widget {
     const QFontMetrics metrics = this->fontMetrics();
     return {metrics.horizontalAdvance(full_) + (kAside + 1) * metrics.averageCharWidth(), metrics.height()};
   }
-  QSize minimumSizeHint() const override {
-    const QSize wanted = sizeHint();
-    return {qMin(wanted.width(), least_ * this->fontMetrics().averageCharWidth()), wanted.height()};
+  QSize minimumSizeHint() const override { return {WidthOfLeast(least_), sizeHint().height()}; }
+  int WidthOfLeast(int characters) const {
+    return qMin(sizeHint().width(), characters * this->fontMetrics().averageCharWidth());
   }
 
  protected:
